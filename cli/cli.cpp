@@ -1,0 +1,52 @@
+#include "cli.h"
+
+#include <array>
+
+#include "commands.h"
+
+namespace kalvex {
+namespace {
+
+constexpr std::array kCommands = {
+    Command{"impedance", "impedance FILE [--freq HZ]",
+            "input resistance and reactance (ohms) of a network file, at its frequency or HZ",
+            RunImpedance},
+};
+
+void PrintHelp(std::ostream& out) {
+  out << "kalvex-cli: Kalvex without the windows\n\n"
+         "usage: kalvex-cli COMMAND [ARGUMENTS]\n\ncommands:\n";
+  for (const Command& command : kCommands) {
+    out << "  " << command.usage << "\n      " << command.summary << "\n";
+  }
+  out << "\n  --help\n      this list\n";
+}
+
+}  // namespace
+
+int UsageError(const Command& command, const std::string& problem, std::ostream& err) {
+  if (!problem.empty()) err << "kalvex-cli " << command.name << ": " << problem << "\n";
+  err << "usage: kalvex-cli " << command.usage << "\n";
+  return kExitUsage;
+}
+
+int RunCli(const std::vector<std::string>& args, std::ostream& out, std::ostream& err) {
+  if (args.empty()) {
+    PrintHelp(err);
+    return kExitUsage;
+  }
+  if (args.front() == "--help" || args.front() == "-h" || args.front() == "help") {
+    PrintHelp(out);
+    return kExitOk;
+  }
+  for (const Command& command : kCommands) {
+    if (args.front() == command.name) {
+      return command.run(command, {args.begin() + 1, args.end()}, out, err);
+    }
+  }
+  err << "kalvex-cli: unknown command " << args.front() << "\n\n";
+  PrintHelp(err);
+  return kExitUsage;
+}
+
+}  // namespace kalvex

@@ -1,0 +1,52 @@
+#include "cli_options.h"
+
+#include <algorithm>
+#include <charconv>
+#include <cmath>
+
+namespace kalvex {
+
+std::optional<std::string> CliArguments::Option(const std::string& name) const {
+  for (const auto& [key, value] : options) {
+    if (key == name) return value;
+  }
+  return std::nullopt;
+}
+
+std::optional<CliArguments> SplitArguments(const std::vector<std::string>& words,
+                                           const std::vector<std::string>& valued,
+                                           const std::vector<std::string>& flags,
+                                           std::string& problem) {
+  auto listed = [](const std::vector<std::string>& names, const std::string& word) {
+    return std::find(names.begin(), names.end(), word) != names.end();
+  };
+  CliArguments arguments;
+  for (std::size_t i = 0; i < words.size(); ++i) {
+    const std::string& word = words[i];
+    if (listed(flags, word)) {
+      arguments.options.emplace_back(word, "");
+    } else if (listed(valued, word)) {
+      if (i + 1 == words.size()) {
+        problem = word + " needs a value";
+        return std::nullopt;
+      }
+      arguments.options.emplace_back(word, words[++i]);
+    } else if (word.size() > 1 && word.front() == '-') {
+      problem = "unknown option " + word;
+      return std::nullopt;
+    } else {
+      arguments.positional.push_back(word);
+    }
+  }
+  return arguments;
+}
+
+std::optional<double> CliNumber(const std::string& word) {
+  double value = 0;
+  const char* end = word.data() + word.size();
+  const auto [stop, error] = std::from_chars(word.data(), end, value);
+  if (error != std::errc() || stop != end || !std::isfinite(value)) return std::nullopt;
+  return value;
+}
+
+}  // namespace kalvex

@@ -1,0 +1,28 @@
+#pragma once
+
+#include <ostream>
+#include <string>
+#include <vector>
+
+namespace kalvex {
+
+struct Command;
+
+// Runs a command on its words after the command name; returns the exit code.
+using CommandRun = int (*)(const Command& self, const std::vector<std::string>& words,
+                           std::ostream& out, std::ostream& err);
+
+struct Command {
+  const char* name;
+  const char* usage;    // "impedance FILE [--freq HZ]"
+  const char* summary;  // one line for --help
+  CommandRun run;
+};
+
+int RunImpedance(const Command& self, const std::vector<std::string>& words, std::ostream& out,
+                 std::ostream& err);
+
+// Prints "usage: kalvex-cli <usage>" and a reason to `err`; returns kExitUsage.
+int UsageError(const Command& command, const std::string& problem, std::ostream& err);
+
+}  // namespace kalvex

@@ -1,0 +1,197 @@
+#include "files/network_file.h"
+
+#include <cmath>
+#include <limits>
+#include <optional>
+
+#include "files/field_reader.h"
+#include "files/text_file.h"
+#include "model/format.h"
+
+namespace kalvex {
+namespace {
+
+constexpr int kStoredSlots = 5;  // slots 1..5 of stages 1..5 go into the file
+
+std::string SessionFileText(const Session& session, const std::string& header,
+                            const std::string& dateTime) {
+  std::string text;
+  auto line = [&text](const std::string& content) { text += content + kLineEnd; };
+  line(header);
+  line(dateTime);
+  line("");
+  line("Frequency: " + FileNumber(session.Frequency));
+  line("System impedance: " + FileNumber(session.SystemZ));
+  line("");
+  line("Antenna R: " + FileNumber(session.Value[0][1]));
+  line("Antenna X: " + FileNumber(session.Value[0][2]));
+  line("");
+  for (int stage = 1; stage <= kLastStage; ++stage) {
+    line("Element type for stage " + std::to_string(stage) + ":" +
+         FileInteger(session.ElementType[stage]));
+    for (int slot = 1; slot <= kStoredSlots; ++slot) {
+      line("   Value(" + std::to_string(slot) + "): " + FileNumber(session.Value[stage][slot]));
+    }
+    line("");
+  }
+  line("");
+  line("Q circle value: " + FileNumber(session.QCircle));
+  line("VSWR circle value: " + FileNumber(session.VSWRCircle));
+  line("Sweep start: " + FileNumber(session.SweepStart));
+  line("Sweep stop: " + FileNumber(session.SweepStop));
+  line("Number of points:" + FileInteger(session.SweepPoints));
+  return text;
+}
+
+enum class ReadEnd { Complete, Failed };
+
+// Reads the fields in their fixed order, storing each at once. A file that
+// ends early ends the read as complete; a value that cannot be stored, or (when
+// `checked`) falls below its minimum, fails it.
+class SessionFieldsReader {
+ public:
+  SessionFieldsReader(std::string_view contents, bool checked)
+      : fields_(contents), checked_(checked) {}
+
+  ReadEnd Read(Session& session) {
+    // The header and date lines.
+    if (!Skip() || !Skip()) return ReadEnd::Complete;
+    if (!Double(session.Frequency, 10'000) || !Double(session.SystemZ, 1) ||
+        !Double(session.Value[0][1], 1) || !Double(session.Value[0][2], kUnchecked)) {
+      return end_;
+    }
+    for (int stage = 1; stage <= kLastStage; ++stage) {
+      if (!Integer(session.ElementType[stage], kUnchecked)) return end_;
+      for (int slot = 1; slot <= kStoredSlots; ++slot) {
+        if (!Double(session.Value[stage][slot], kUnchecked)) return end_;
+      }
+    }
+    if (!Single(session.QCircle, 0.1) || !Single(session.VSWRCircle, 1.001) ||
+        !Double(session.SweepStart, 10'000) || !Double(session.SweepStop, 10'100) ||
+        !Integer(session.SweepPoints, 1)) {
+      return end_;
+    }
+    return ReadEnd::Complete;
+  }
+
+ private:
+  static constexpr double kUnchecked = -std::numeric_limits<double>::infinity();
+
+  bool Skip() { return fields_.Next().has_value(); }
+
+  // The next field's number; nothing at the end of the file or when the number
+  // overflows (end_ then tells which).
+  std::optional<double> NextNumber() {
+    const auto field = fields_.Next();
+    if (!field) return std::nullopt;
+    const NumericPrefix number = FieldNumber(*field);
+    if (number.overflowed) {
+      end_ = ReadEnd::Failed;
+      return std::nullopt;
+    }
+    return number.value;
+  }
+
+  // Stores `value`, then fails the read when a checked value is below minimum.
+  template <typename T>
+  bool Store(T& target, double value, double minimum) {
+    target = static_cast<T>(value);
+    if (checked_ && value < minimum) {
+      end_ = ReadEnd::Failed;
+      return false;
+    }
+    return true;
+  }
+
+  bool Double(double& target, double minimum) {
+    const auto value = NextNumber();
+    return value && Store(target, *value, minimum);
+  }
+
+  bool Single(float& target, double minimum) {
+    const auto value = NextNumber();
+    if (!value) return false;
+    if (std::fabs(*value) > std::numeric_limits<float>::max()) return Fail();
+    return Store(target, *value, minimum);
+  }
+
+  // Whole numbers are rounded to the nearest integer, halves to the even one.
+  bool Integer(int16_t& target, double minimum) {
+    const auto value = NextNumber();
+    if (!value) return false;
+    const double rounded = std::nearbyint(*value);
+    if (rounded < std::numeric_limits<int16_t>::min() ||
+        rounded > std::numeric_limits<int16_t>::max()) {
+      return Fail();
+    }
+    return Store(target, rounded, minimum);
+  }
+
+  bool Fail() {
+    end_ = ReadEnd::Failed;
+    return false;
+  }
+
+  FieldReader fields_;
+  bool checked_;
+  ReadEnd end_ = ReadEnd::Complete;
+};
+
+std::string ReadProblemMessage(const std::string& chosenName) {
+  return "We had a problem reading file " + chosenName + kLineEnd + kLineEnd +
+         "Defaults have been used but the network is empty.";
+}
+
+}  // namespace
+
+std::string NetworkFileName(const std::string& chosenName) {
+  if (chosenName.empty()) return "";
+  const std::size_t componentStart = chosenName.find_last_of("\\/") + 1;  // npos + 1 == 0
+  const std::size_t dot = chosenName.find('.', componentStart);
+  return chosenName.substr(0, dot) + ".SSF";
+}
+
+bool WriteNetworkFile(const Session& session, Dialogs& dialogs, const std::string& chosenName) {
+  const std::string name = NetworkFileName(chosenName);
+  if (name.empty()) return false;
+  return WriteTextFileAtomically(
+      name, SessionFileText(session, "Kalvex network file", dialogs.LocalDateTime()));
+}
+
+bool ReadNetworkFile(Session& session, Dialogs& dialogs, const std::string& chosenName) {
+  if (chosenName.empty()) {
+    dialogs.Message("No file was chosen;  we are exiting the file-reading routine.");
+    return false;
+  }
+  const std::optional<std::string> contents = ReadTextFile(chosenName);
+  SetNetworkDefaults(session);
+  if (contents &&
+      SessionFieldsReader(*contents, /*checked=*/true).Read(session) == ReadEnd::Complete) {
+    return true;
+  }
+  dialogs.Message(ReadProblemMessage(chosenName));
+  SetNetworkDefaults(session);
+  return false;
+}
+
+void WriteLastSession(const Session& session, Dialogs& dialogs,
+                      const std::filesystem::path& path) {
+  if (WriteTextFileAtomically(
+          path, SessionFileText(session, "Kalvex last-session file", dialogs.LocalDateTime()))) {
+    return;
+  }
+  dialogs.Beep();
+  dialogs.Message(std::string("WriteLastSessionErrorHandler") + kLineEnd +
+                  "The Kalvex last-session file was not written.");
+}
+
+void ReadLastSession(Session& session, const std::filesystem::path& path) {
+  const std::optional<std::string> contents = ReadTextFile(path);
+  if (contents &&
+      SessionFieldsReader(*contents, /*checked=*/false).Read(session) == ReadEnd::Complete) {
+    return;
+  }
+  SetNetworkDefaults(session);
+}
+
+}  // namespace kalvex

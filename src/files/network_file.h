@@ -1,0 +1,37 @@
+#pragma once
+
+#include <filesystem>
+#include <string>
+
+#include "model/session.h"
+#include "platform/dialogs.h"
+
+namespace kalvex {
+
+inline constexpr const char* kLastSessionFileName = "LASTSESSION.SSF";
+inline constexpr const char* kNetworkFileFilter = "Kalvex files (*.SSF)|*.SSF";
+
+// The name a network file is written under: the chosen name with its last path
+// component cut at its first "." and ".SSF" appended ("amp.rev2.SSF" gives
+// "amp.SSF"). Empty for an empty (cancelled) choice.
+std::string NetworkFileName(const std::string& chosenName);
+
+// Saves the network, the operating point, the circle values and the sweep
+// settings under NetworkFileName(chosenName). Writes nothing for an empty name;
+// returns false, without a message, when the file cannot be written.
+bool WriteNetworkFile(const Session& session, Dialogs& dialogs, const std::string& chosenName);
+
+// Reads a network file into the session, checking the values as they come.
+// On a failed check or an unreadable file it says so and falls back on the
+// network defaults; an empty name means the chooser was cancelled. Returns true
+// when the file was read (a file that ends early is read without complaint).
+bool ReadNetworkFile(Session& session, Dialogs& dialogs, const std::string& chosenName);
+
+// The last-session file, written at every way out of the program and read once
+// at start-up. The reader checks nothing and falls back on the network defaults
+// silently; the writer beeps and says so when it fails.
+void WriteLastSession(const Session& session, Dialogs& dialogs,
+                      const std::filesystem::path& path = kLastSessionFileName);
+void ReadLastSession(Session& session, const std::filesystem::path& path = kLastSessionFileName);
+
+}  // namespace kalvex

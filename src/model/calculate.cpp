@@ -1,0 +1,55 @@
+#include "model/calculate.h"
+
+#include <algorithm>
+
+#include "model/elements.h"
+
+namespace kalvex {
+namespace {
+
+Impedance CalculateStage(int16_t type, const std::array<double, kSlotCount>& slot, double f,
+                         Impedance in) {
+  const LineSlots line{slot[1], slot[2], slot[3]};
+  const LCSlots lc{slot[1], slot[2], slot[3], slot[4]};
+  switch (type) {
+    case SeriesCapacitor: return SeriesCapacitorStage(slot[1], slot[2], f, in);
+    case ShuntCapacitor: return ShuntCapacitorStage(slot[1], slot[2], f, in);
+    case SeriesInductor: return SeriesInductorStage(slot[1], slot[2], f, in);
+    case ShuntInductor: return ShuntInductorStage(slot[1], slot[2], f, in);
+    case SeriesLine: return SeriesLineStage(line, f, in);
+    case SeriesShortedStub: return SeriesShortedStubStage(line, f, in);
+    case SeriesOpenStub: return SeriesOpenStubStage(line, f, in);
+    case ShuntShortedStub: return ShuntShortedStubStage(line, f, in);
+    case ShuntOpenStub: return ShuntOpenStubStage(line, f, in);
+    case ShuntSeriesLC: return ShuntSeriesLCStage(lc, f, in);
+    case SeriesParallelLC: return SeriesParallelLCStage(lc, f, in);
+    case SeriesResistor: return SeriesResistorStage(slot[1], in);
+    case ShuntResistor: return ShuntResistorStage(slot[1], in);
+    default: return in;  // empty stages and the insert placeholder
+  }
+}
+
+bool IsLineOrStub(int16_t type) { return type >= SeriesLine && type <= ShuntOpenStub; }
+
+}  // namespace
+
+void CalculateNetwork(Session& session, int16_t pointIndex) {
+  if (session.Frequency <= 0) return;
+  Impedance z;
+  if (session.LoadSource == 1) {
+    z = {session.Value[0][1], session.Value[0][2]};
+  } else {
+    const int point = std::clamp<int>(pointIndex, 0, kLoadPointCount - 1);
+    session.Frequency = session.LoadFreq[point];
+    z = {session.LoadR[point], session.LoadX[point]};
+  }
+  for (int stage = 1; stage <= kLastStage; ++stage) {
+    const int16_t type = session.ElementType[stage];
+    if (IsLineOrStub(type)) session.VelocityFactor = 1.0;
+    z = CalculateStage(type, session.Value[stage], session.Frequency, z);
+  }
+  session.InputR = z.R;
+  session.InputX = z.X;
+}
+
+}  // namespace kalvex

@@ -1,0 +1,30 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+namespace kalvex {
+
+// Number texts of the text boxes, labels and printouts. Each format scales the
+// value by a metric multiplier, rounds it in single precision and appends the
+// multiplier's suffix; ParseValue reads every suffix they write.
+
+std::string FormatSI(double value);            // frequencies: " 14 M", " 250 m"
+std::string FormatSmallSI(double value);       // system impedance: "50 u"
+std::string FormatGeneral(double value);       // R, X, Q, lengths: "144.123 M"
+std::string FormatCapacitance(double value);   // "4700 pF", "0.01 uF"
+std::string FormatInductance(double value);    // "2.2 nH", "150 uH"
+
+// Reads what a user typed or a data file holds: digits, one point, an exponent
+// and one multiplier letter ("4.7u", "14.2M", "1e3"); anything else is skipped.
+// Never fails: unreadable text gives 0, the result is kept within ±1E+10.
+double ParseValue(std::string_view text);
+
+// Number texts of the network file: N(x) for doubles (15 significant digits)
+// and singles (7), I(n) for integers. All end with one space: " 14000000 ".
+std::string FileNumber(double value);
+std::string FileNumber(float value);
+std::string FileInteger(int value);
+
+}  // namespace kalvex

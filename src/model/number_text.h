@@ -1,0 +1,17 @@
+#pragma once
+
+#include <string>
+
+namespace kalvex {
+
+// The shortest decimal text of `value` with at most `significantDigits`
+// significant digits: no trailing zeros or point, "0" before the point below 1,
+// exponent form ("1E-10", "1.5E+20") for very small and very large magnitudes.
+// The decimal separator is always ".", whatever the locale.
+std::string PlainNumberText(double value, int significantDigits);
+
+// As PlainNumberText, but a value that is not negative gets a leading space and
+// no "0" stands before the point: " .5", " 14", "-.25".
+std::string PrintNumberText(double value, int significantDigits);
+
+}  // namespace kalvex

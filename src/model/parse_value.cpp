@@ -1,0 +1,80 @@
+#include <cctype>
+#include <string>
+
+#include "model/format.h"
+#include "model/numeric_prefix.h"
+
+namespace kalvex {
+namespace {
+
+constexpr std::size_t kMaxTextLength = 12;
+constexpr std::size_t kMaxDigitStringLength = 16;
+constexpr double kParseLimit = 1e10;
+
+// The multiplier of a suffix letter, or 0 for a letter that is none. "m" is
+// milli and "M" mega; the other letters read the same in either case.
+double MultiplierOf(char letter) {
+  switch (letter) {
+    case 'p': case 'P': return 1e-12;
+    case 'n': case 'N': return 1e-9;
+    case 'u': case 'U': return 1e-6;
+    case 'm': return 1e-3;
+    case 'k': case 'K': return 1e3;
+    case 'M': return 1e6;
+    case 'g': case 'G': return 1e9;
+    default: return 0;
+  }
+}
+
+std::string_view TrimSpaces(std::string_view text) {
+  const auto first = text.find_first_not_of(' ');
+  if (first == std::string_view::npos) return {};
+  const auto last = text.find_last_not_of(' ');
+  return text.substr(first, last - first + 1);
+}
+
+}  // namespace
+
+double ParseValue(std::string_view text) {
+  text = TrimSpaces(text).substr(0, kMaxTextLength);
+
+  // Collect the characters that make up a number, skipping everything else.
+  std::string kept;
+  double multiplier = 1;
+  bool pointSeen = false;
+  bool exponentSeen = false;
+  bool suffixSeen = false;
+  for (const char c : text) {
+    if (std::isdigit(static_cast<unsigned char>(c))) {
+      if (kept.size() < kMaxDigitStringLength && !suffixSeen) kept += c;
+    } else if (c == '.') {
+      if (!pointSeen && !suffixSeen) {
+        kept += c;
+        pointSeen = true;
+      }
+    } else if (c == '-' || c == '+') {
+      if (kept.empty() || kept.back() == 'E') kept += c;
+    } else if (kept.empty()) {
+      continue;
+    } else if (c == 'e' || c == 'E') {
+      if (!suffixSeen && !exponentSeen) {
+        kept += 'E';
+        exponentSeen = true;
+        pointSeen = true;  // no decimal point may follow the exponent
+      }
+    } else if (!exponentSeen && !suffixSeen && MultiplierOf(c) != 0) {
+      kept += c;
+      suffixSeen = true;
+      multiplier = MultiplierOf(c);
+    }
+  }
+
+  const NumericPrefix number = ReadNumericPrefix(kept);
+  if (number.overflowed) return kParseLimit;
+  const double value = number.value * multiplier;
+  if (value > kParseLimit) return kParseLimit;
+  if (value < -kParseLimit) return -kParseLimit;
+  return value;
+}
+
+}  // namespace kalvex

@@ -1,0 +1,128 @@
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <string>
+
+namespace kalvex {
+
+// Codes stored in ElementType[s]. Stage 0 (the load) always holds Empty.
+enum ElementKind : int16_t {
+  Empty = 0,
+  SeriesCapacitor = 1,
+  ShuntCapacitor = 2,
+  SeriesInductor = 3,
+  ShuntInductor = 4,
+  SeriesLine = 5,
+  SeriesShortedStub = 6,
+  SeriesOpenStub = 7,
+  ShuntShortedStub = 8,
+  ShuntOpenStub = 9,
+  ShuntSeriesLC = 10,
+  SeriesParallelLC = 11,
+  SeriesResistor = 12,
+  ShuntResistor = 13,
+  // A stage opened by an insertion on the Design page that has no part yet.
+  InsertPlaceholder = 14,
+};
+
+inline constexpr int kLastStage = 5;       // stages 1..5 run from the load to the generator
+inline constexpr int kStageCount = 21;     // ElementType(0..20)
+inline constexpr int kSlotCount = 11;      // Value(0..10, 0..10)
+inline constexpr int kLoadPointCount = 1001;   // LoadFreq(0..1000)
+inline constexpr int kSweepPointCount = 2001;  // SweepFreq(0..2000)
+
+using Colour = uint32_t;  // 24-bit RGB, red in the low byte
+constexpr Colour RGB(int red, int green, int blue) {
+  return static_cast<Colour>(red) | (static_cast<Colour>(green) << 8) |
+         (static_cast<Colour>(blue) << 16);
+}
+inline constexpr Colour kWhite = RGB(255, 255, 255);
+
+// The one session state of a running program: the network, the operating point,
+// the settings the files carry, the load-data table, the last sweep and the
+// page state that several pages share. Created once and passed by reference.
+struct Session {
+  // The network: stage 0 is the load (Value[0][1] = R, Value[0][2] = X).
+  std::array<int16_t, kStageCount> ElementType{};
+  std::array<std::array<double, kSlotCount>, kSlotCount> Value{};
+
+  // The operating point.
+  double Frequency = 0;
+  double SystemZ = 0;
+  int16_t LoadSource = 0;  // 1 = the network's own load, 2 = the load-data table
+  int16_t PointIndex = 0;
+  int16_t DataIndex = 0;
+
+  // Results of the last calculation.
+  double InputR = 0;
+  double InputX = 0;
+  double Rho = 0;
+
+  // Component defaults and chart settings kept in files.
+  float DefaultCapacitorQ = 0;
+  float DefaultInductorQ = 0;
+  float ChartAspect = 0;
+  float QCircle = 0;
+  float VSWRCircle = 0;
+
+  // Sweep settings and data.
+  double SweepStart = 0;
+  double SweepStop = 0;
+  int16_t SweepPoints = 0;
+  int16_t SavedSweepPoints = 0;
+  std::array<double, kLoadPointCount> LoadFreq{};
+  std::array<double, kLoadPointCount> LoadR{};
+  std::array<double, kLoadPointCount> LoadX{};
+  std::array<double, kSweepPointCount> SweepFreq{};
+  std::array<double, kSweepPointCount> SweepR{};
+  std::array<double, kSweepPointCount> SweepX{};
+  std::array<double, kSweepPointCount> SweepRho{};
+  std::array<double, kSweepPointCount> SweepAngle{};
+  std::array<double, kSweepPointCount> SweepVSWR{};
+
+  // Options.
+  double VelocityFactor = 0;
+
+  // Program identity and constants.
+  std::string Version;
+  double Pi = 0;
+
+  // Analysis page selection and tuning.
+  int16_t SelectedStage = 0;
+  std::array<int16_t, kStageCount> PartRightEdge{};
+  float TuneStepPercent = 0;
+  std::array<int16_t, kSlotCount> TopStepMode{};
+  std::array<int16_t, kSlotCount> BottomStepMode{};
+  std::array<float, kSlotCount> TopStepBase{};
+  std::array<float, kSlotCount> BottomStepBase{};
+
+  // Chart view and overlays.
+  float ChartRadius = 0;
+  float ChartZoom = 0;
+  float ChartCentreX = 0;
+  float ChartCentreY = 0;
+  int16_t GridType = 0;
+  int16_t ArcsMode = 0;
+  int16_t QArcsOn = 0;
+  int16_t VSWRCircleOn = 0;
+  Colour ArcColour = 0;
+  int16_t SweepShown = 0;
+
+  // Normal background colour of the controls of the Design and Analysis pages.
+  Colour DesignControlColour = 0;
+  Colour AnalysisControlColour = 0;
+
+  // The name last chosen for a network or sweep-data file.
+  std::string FileName;
+};
+
+// Start-up steps 1 and 2: identity, constants and view state, then an empty
+// network with a 50 + j0 load at 1 MHz in a 50 ohm system.
+void InitialiseSession(Session& session);
+
+// The network defaults that the start-up and the file readers fall back on:
+// every stage empty, load 50 + j0, 1 MHz, 50 ohm system.
+void SetNetworkDefaults(Session& session);
+
+}  // namespace kalvex

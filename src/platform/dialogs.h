@@ -1,0 +1,43 @@
+#pragma once
+
+#include <string>
+
+namespace kalvex {
+
+enum class MessageButtons { Ok, OkCancel, YesNo, YesNoCancel };
+enum class MessageIcon { Information, Warning, Critical, Question };
+enum class MessageAnswer { Ok, Cancel, Yes, No };
+
+// The program's own title of a message box that names none.
+inline constexpr const char* kProgramTitle = "Kalvex";
+
+// What the program needs from the user's desktop: messages, file choosers, the
+// bell, a short pause and the clock. Pages and file routines take a Dialogs&,
+// so tests script the answers and read back every message shown.
+class Dialogs {
+ public:
+  virtual ~Dialogs() = default;
+
+  // Shows a modal message and returns the button pressed. An empty title
+  // stands for kProgramTitle.
+  virtual MessageAnswer Message(const std::string& text, const std::string& title = "",
+                                MessageButtons buttons = MessageButtons::Ok,
+                                MessageIcon icon = MessageIcon::Information) = 0;
+
+  // File choosers. `filter` is written "Kalvex files (*.SSF)|*.SSF". They
+  // return the chosen path, or "" when the user cancelled.
+  virtual std::string ChooseOpenFile(const std::string& title, const std::string& filter,
+                                     const std::string& startName) = 0;
+  virtual std::string ChooseSaveFile(const std::string& title, const std::string& filter,
+                                     const std::string& startName) = 0;
+
+  virtual void Beep() = 0;
+
+  // Waits for `seconds` while the windows keep painting.
+  virtual void Pause(double seconds) = 0;
+
+  // The local date and time as text, for file headers and printouts.
+  virtual std::string LocalDateTime() = 0;
+};
+
+}  // namespace kalvex

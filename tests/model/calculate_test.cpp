@@ -1,0 +1,266 @@
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <complex>
+#include <numbers>
+#include <vector>
+
+#include "model/calculate.h"
+#include "support/test_name.h"
+
+namespace kalvex {
+namespace {
+
+using Complex = std::complex<double>;
+
+struct Stage {
+  int16_t type;
+  std::vector<double> slots;  // slots 1..
+};
+
+class CalculateNetworkTest : public ::testing::Test {
+ protected:
+  void SetUp() override {
+    InitialiseSession(session);
+    session.LoadSource = 1;
+  }
+
+  Complex Calculate(Complex load, double frequency, const std::vector<Stage>& stages) {
+    session.Value[0][1] = load.real();
+    session.Value[0][2] = load.imag();
+    session.Frequency = frequency;
+    for (std::size_t s = 0; s < stages.size(); ++s) {
+      session.ElementType[s + 1] = stages[s].type;
+      for (std::size_t k = 0; k < stages[s].slots.size(); ++k) {
+        session.Value[s + 1][k + 1] = stages[s].slots[k];
+      }
+    }
+    CalculateNetwork(session, 0);
+    return {session.InputR, session.InputX};
+  }
+
+  Session session;
+};
+
+void ExpectImpedance(Complex actual, Complex expected, double tolerance) {
+  EXPECT_NEAR(actual.real(), expected.real(), tolerance);
+  EXPECT_NEAR(actual.imag(), expected.imag(), tolerance);
+}
+
+TEST_F(CalculateNetworkTest, WorkedExamples) {
+  ExpectImpedance(Calculate({50, 0}, 14e6, {{SeriesCapacitor, {100e-12, 1000}}}),
+                  {50.11368, -113.68210}, 5e-6);
+  ExpectImpedance(Calculate({50, 0}, 14e6, {{ShuntInductor, {1e-6, 200}}}),
+                  {37.73583, 21.38812}, 5e-6);
+}
+
+TEST_F(CalculateNetworkTest, QuarterWaveLineInvertsTheLoad) {
+  ExpectImpedance(Calculate({50, 0}, 14e6, {{SeriesLine, {90, 14e6, 100}}}), {200, 0}, 1e-6);
+}
+
+TEST_F(CalculateNetworkTest, LineLengthScalesWithFrequency) {
+  ExpectImpedance(Calculate({25, 25}, 10e6, {{SeriesLine, {45, 10e6, 50}}}), {100, 50}, 1e-9);
+  ExpectImpedance(Calculate({25, 25}, 20e6, {{SeriesLine, {45, 10e6, 50}}}), {50, -50}, 1e-9);
+}
+
+TEST_F(CalculateNetworkTest, EighthWaveStubsAddPlusOrMinusZ0) {
+  ExpectImpedance(Calculate({50, 0}, 14e6, {{SeriesShortedStub, {45, 14e6, 50}}}), {50, 50},
+                  1e-9);
+  const Complex open = Calculate({50, 0}, 14e6, {{SeriesOpenStub, {45, 14e6, 50}}});
+  EXPECT_NEAR(open.imag(), -50, 1e-9);
+  EXPECT_LT(open.real() - 50, 1e-17);
+}
+
+TEST_F(CalculateNetworkTest, SeriesResistorAddsItsResistance) {
+  ExpectImpedance(Calculate({50, 20}, 14e6, {{SeriesResistor, {10}}}), {60, 20}, 1e-12);
+}
+
+TEST_F(CalculateNetworkTest, EmptyNetworkGivesTheLoad) {
+  ExpectImpedance(Calculate({33, -12}, 7e6, {}), {33, -12}, 0);
+}
+
+TEST_F(CalculateNetworkTest, EmptyStageBetweenFilledOnesIsPassedOver) {
+  const Complex withGap =
+      Calculate({50, 0}, 14e6, {{SeriesCapacitor, {100e-12, 1000}}, {Empty, {}},
+                                {ShuntInductor, {1e-6, 200}}});
+  SetUp();
+  const Complex withoutGap =
+      Calculate({50, 0}, 14e6, {{SeriesCapacitor, {100e-12, 1000}}, {ShuntInductor, {1e-6, 200}}});
+  ExpectImpedance(withGap, withoutGap, 0);
+}
+
+TEST_F(CalculateNetworkTest, PlaceholderStageIsPassedOver) {
+  ExpectImpedance(Calculate({50, 10}, 14e6, {{InsertPlaceholder, {1, 2, 3}}}), {50, 10}, 0);
+}
+
+TEST_F(CalculateNetworkTest, ZeroFrequencyChangesNothing) {
+  session.InputR = 12;
+  session.InputX = 34;
+  Calculate({50, 0}, 0, {{SeriesCapacitor, {100e-12, 1000}}});
+  EXPECT_EQ(session.InputR, 12);
+  EXPECT_EQ(session.InputX, 34);
+  EXPECT_EQ(session.Frequency, 0);
+}
+
+TEST_F(CalculateNetworkTest, LoadDataModeTakesLoadAndFrequencyFromThePoint) {
+  session.LoadSource = 2;
+  session.LoadFreq[3] = 7e6;
+  session.LoadR[3] = 20;
+  session.LoadX[3] = 5;
+  session.ElementType[1] = SeriesInductor;
+  session.Value[1][1] = 1e-6;
+  session.Value[1][2] = 0;  // an ideal inductor
+  session.Frequency = 14e6;
+  CalculateNetwork(session, 3);
+  EXPECT_EQ(session.Frequency, 7e6);
+  EXPECT_DOUBLE_EQ(session.InputR, 20);
+  EXPECT_NEAR(session.InputX, 5 + 2 * std::numbers::pi * 7e6 * 1e-6, 1e-9);
+}
+
+TEST_F(CalculateNetworkTest, LinesAndStubsResetTheVelocityFactor) {
+  session.VelocityFactor = 0.66;
+  Calculate({50, 0}, 14e6, {{SeriesResistor, {10}}});
+  EXPECT_EQ(session.VelocityFactor, 0.66);
+  Calculate({50, 0}, 14e6, {{ShuntOpenStub, {30, 14e6, 50}}});
+  EXPECT_EQ(session.VelocityFactor, 1.0);
+}
+
+// Every element type against the textbook circuit formulas, worked out here
+// with complex numbers independently of the calculation.
+struct ElementCase {
+  const char* name;
+  Stage stage;
+  Complex (*expected)(Complex load, double omega);
+};
+
+constexpr double kF = 10e6;
+constexpr double kOmega = 2 * std::numbers::pi * kF;
+
+Complex Parallel(Complex a, Complex b) { return a * b / (a + b); }
+Complex Capacitor(double c, double q) {
+  const double x = -1 / (kOmega * c);
+  return {std::fabs(x / q), x};
+}
+Complex Inductor(double l, double q) {
+  const double x = kOmega * l;
+  return {x / q, x};
+}
+double Tan(double degrees) { return std::tan(degrees * std::numbers::pi / 180); }
+Complex Line(Complex load, double z0, double degrees) {
+  const Complex j(0, 1);
+  return z0 * (load + j * z0 * Tan(degrees)) / (z0 + j * load * Tan(degrees));
+}
+
+class ElementTypes : public CalculateNetworkTest,
+                     public ::testing::WithParamInterface<ElementCase> {};
+
+TEST_P(ElementTypes, MatchCircuitFormulas) {
+  const Complex load(30, -20);
+  const Complex actual = Calculate(load, kF, {GetParam().stage});
+  const Complex expected = GetParam().expected(load, kOmega);
+  EXPECT_NEAR(actual.real(), expected.real(), 1e-9 * std::abs(expected)) << GetParam().name;
+  EXPECT_NEAR(actual.imag(), expected.imag(), 1e-9 * std::abs(expected)) << GetParam().name;
+}
+
+// The stubs' and lines' lengths are given at 5 MHz, so at 10 MHz they are doubled.
+INSTANTIATE_TEST_SUITE_P(
+    AllThirteen, ElementTypes,
+    ::testing::Values(
+        ElementCase{"series C", {SeriesCapacitor, {220e-12, 500}},
+                    [](Complex z, double) { return z + Capacitor(220e-12, 500); }},
+        ElementCase{"shunt C", {ShuntCapacitor, {220e-12, 500}},
+                    [](Complex z, double) { return Parallel(z, Capacitor(220e-12, 500)); }},
+        ElementCase{"series L", {SeriesInductor, {2e-6, 150}},
+                    [](Complex z, double) { return z + Inductor(2e-6, 150); }},
+        ElementCase{"shunt L", {ShuntInductor, {2e-6, 150}},
+                    [](Complex z, double) { return Parallel(z, Inductor(2e-6, 150)); }},
+        ElementCase{"line", {SeriesLine, {20, 5e6, 75}},
+                    [](Complex z, double) { return Line(z, 75, 40); }},
+        ElementCase{"series shorted stub", {SeriesShortedStub, {20, 5e6, 75}},
+                    [](Complex z, double) { return z + Complex(0, 75 * Tan(40)); }},
+        ElementCase{"series open stub", {SeriesOpenStub, {20, 5e6, 75}},
+                    [](Complex z, double) { return z + Complex(0, -75 / Tan(40)); }},
+        ElementCase{"shunt shorted stub", {ShuntShortedStub, {20, 5e6, 75}},
+                    [](Complex z, double) { return Parallel(z, Complex(0, 75 * Tan(40))); }},
+        ElementCase{"shunt open stub", {ShuntOpenStub, {20, 5e6, 75}},
+                    [](Complex z, double) { return Parallel(z, Complex(0, -75 / Tan(40))); }},
+        ElementCase{"shunt series LC", {ShuntSeriesLC, {1e-6, 100, 300e-12, 800}},
+                    [](Complex z, double) {
+                      return Parallel(z, Inductor(1e-6, 100) + Capacitor(300e-12, 800));
+                    }},
+        ElementCase{"series parallel LC", {SeriesParallelLC, {1e-6, 100, 300e-12, 800}},
+                    [](Complex z, double) {
+                      return z + Parallel(Inductor(1e-6, 100), Capacitor(300e-12, 800));
+                    }},
+        ElementCase{"series R", {SeriesResistor, {15}},
+                    [](Complex z, double) { return z + 15.0; }},
+        ElementCase{"shunt R", {ShuntResistor, {15}},
+                    [](Complex z, double) { return Parallel(z, 15.0); }}),
+    [](const auto& info) { return testing::TestName(info.param.name); });
+
+TEST_F(CalculateNetworkTest, InductorQKeepsItsSignAndLCPairsTakeTheMagnitude) {
+  const Complex seriesL = Calculate({50, 0}, kF, {{SeriesInductor, {1e-6, -100}}});
+  EXPECT_LT(seriesL.real(), 50);
+  SetUp();
+  const Complex pair = Calculate({50, 0}, kF, {{SeriesParallelLC, {1e-6, -100, 1e-9, -100}}});
+  SetUp();
+  const Complex positive = Calculate({50, 0}, kF, {{SeriesParallelLC, {1e-6, 100, 1e-9, 100}}});
+  ExpectImpedance(pair, positive, 1e-12);
+}
+
+// Inputs the Design page normally keeps out still give a finite impedance,
+// with the physical meaning of the degenerate part where it has one.
+struct DegenerateCase {
+  const char* name;
+  Complex load;
+  std::vector<Stage> stages;
+  Complex expected;
+  double tolerance;
+};
+
+class DegenerateInputs : public CalculateNetworkTest,
+                         public ::testing::WithParamInterface<DegenerateCase> {};
+
+TEST_P(DegenerateInputs, GiveFiniteResults) {
+  const DegenerateCase& c = GetParam();
+  const Complex z = Calculate(c.load, kF, c.stages);
+  ASSERT_TRUE(std::isfinite(z.real()) && std::isfinite(z.imag())) << c.name;
+  EXPECT_NEAR(z.real(), c.expected.real(), c.tolerance) << c.name;
+  EXPECT_NEAR(z.imag(), c.expected.imag(), c.tolerance) << c.name;
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    LeftOpen, DegenerateInputs,
+    ::testing::Values(
+        // A Q of 0 is an ideal part.
+        DegenerateCase{"capacitor Q 0", {50, 0}, {{SeriesCapacitor, {100e-12, 0}}},
+                       {50, -1 / (kOmega * 100e-12)}, 1e-9},
+        DegenerateCase{"inductor Q 0", {50, 0}, {{SeriesInductor, {1e-6, 0}}},
+                       {50, kOmega * 1e-6}, 1e-9},
+        // A capacitance of 0 is an open: nothing across the line, a break in it.
+        DegenerateCase{"shunt C of 0", {50, 10}, {{ShuntCapacitor, {0, 1000}}}, {50, 10}, 1e-9},
+        DegenerateCase{"series C of 0", {50, 10}, {{SeriesCapacitor, {0, 1000}}},
+                       {1e17, -1e20}, 1e6},
+        // A shunt short shorts the line, and so does a short reaching a shunt part.
+        DegenerateCase{"shunt L of 0", {50, 10}, {{ShuntInductor, {0, 200}}}, {0, 0}, 0},
+        DegenerateCase{"shunt LC with a C of 0", {50, 10}, {{ShuntSeriesLC, {0, 100, 0, 100}}},
+                       {50, 10}, 1e-9},
+        DegenerateCase{"shunt shorted stub of 0 degrees", {50, 10},
+                       {{ShuntShortedStub, {0, kF, 50}}}, {0, 0}, 0},
+        DegenerateCase{"shunt shorted stub of 180 degrees", {50, 10},
+                       {{ShuntShortedStub, {180, kF, 50}}}, {0, 0}, 1e-9},
+        DegenerateCase{"short reaching a shunt part", {0, 0}, {{ShuntResistor, {50}}}, {0, 0}, 0},
+        DegenerateCase{"short reaching a shunt capacitor", {0, 0},
+                       {{ShuntCapacitor, {100e-12, 1000}}}, {0, 0}, 0},
+        // A reference frequency of 0 takes the length as entered.
+        DegenerateCase{"line without reference frequency", {25, 25},
+                       {{SeriesLine, {45, 0, 50}}}, {100, 50}, 1e-9},
+        // Admittances that cancel leave an open circuit.
+        DegenerateCase{"cancelling admittances", {kOmega * 1e-6 / 2, -kOmega * 1e-6},
+                       {{ShuntInductor, {1e-6, -2}}}, {1e20, 0}, 1},
+        DegenerateCase{"line of 0 ohms", {50, 10}, {{SeriesLine, {45, kF, 0}}}, {50, 10}, 0},
+        DegenerateCase{"shunt resistor of 0", {50, 0}, {{ShuntResistor, {0}}}, {0, 0}, 1e-19}),
+    [](const auto& info) { return testing::TestName(info.param.name); });
+
+}  // namespace
+}  // namespace kalvex

@@ -1,0 +1,64 @@
+#pragma once
+
+#include <deque>
+#include <string>
+#include <vector>
+
+#include "platform/dialogs.h"
+
+namespace kalvex::testing {
+
+// Dialogs with scripted answers: records every message and answers the file
+// choosers and message boxes from queues (empty queue: "" and OK).
+class FakeDialogs : public Dialogs {
+ public:
+  struct Shown {
+    std::string text;
+    std::string title;
+    MessageButtons buttons;
+    MessageIcon icon;
+  };
+
+  MessageAnswer Message(const std::string& text, const std::string& title,
+                        MessageButtons buttons, MessageIcon icon) override {
+    messages.push_back({text, title, buttons, icon});
+    return Pop(answers, MessageAnswer::Ok);
+  }
+  std::string ChooseOpenFile(const std::string& title, const std::string&,
+                             const std::string&) override {
+    chooserTitles.push_back(title);
+    return Pop(fileNames, std::string());
+  }
+  std::string ChooseSaveFile(const std::string& title, const std::string&,
+                             const std::string&) override {
+    chooserTitles.push_back(title);
+    return Pop(fileNames, std::string());
+  }
+  void Beep() override { ++beeps; }
+  void Pause(double seconds) override { pauses.push_back(seconds); }
+  std::string LocalDateTime() override { return "2026-11-22 12:00:00"; }
+
+  std::vector<std::string> MessageTexts() const {
+    std::vector<std::string> texts;
+    for (const Shown& shown : messages) texts.push_back(shown.text);
+    return texts;
+  }
+
+  std::deque<MessageAnswer> answers;
+  std::deque<std::string> fileNames;
+  std::vector<Shown> messages;
+  std::vector<std::string> chooserTitles;
+  std::vector<double> pauses;
+  int beeps = 0;
+
+ private:
+  template <typename T>
+  static T Pop(std::deque<T>& queue, T otherwise) {
+    if (queue.empty()) return otherwise;
+    T front = queue.front();
+    queue.pop_front();
+    return front;
+  }
+};
+
+}  // namespace kalvex::testing
