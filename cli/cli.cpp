@@ -11,6 +11,12 @@ constexpr std::array kCommands = {
     Command{"impedance", "impedance FILE [--freq HZ]",
             "input resistance and reactance (ohms) of a network file, at its frequency or HZ",
             RunImpedance},
+    Command{"sweep",
+            "sweep FILE [--start HZ] [--stop HZ] [--points N] [--load LOADFILE] [--table] [-o OUT]",
+            "frequency sweep of a network file as the Tabulate page computes it: the sweep-data\n"
+            "      file layout, or with --table the Tabulate page's heading and rows; over the\n"
+            "      points of a load-data file (.RJX) with --load; to OUT or standard output",
+            RunSweep},
 };
 
 void PrintHelp(std::ostream& out) {

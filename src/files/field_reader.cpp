@@ -4,17 +4,8 @@
 
 namespace kalvex {
 
-std::optional<std::string_view> FieldReader::NextLine() {
-  if (rest_.empty()) return std::nullopt;
-  const std::size_t newline = rest_.find('\n');
-  std::string_view line = rest_.substr(0, newline);
-  rest_ = newline == std::string_view::npos ? std::string_view{} : rest_.substr(newline + 1);
-  if (!line.empty() && line.back() == '\r') line.remove_suffix(1);
-  return line;
-}
-
 std::optional<std::string_view> FieldReader::Next() {
-  while (const auto line = NextLine()) {
+  while (const auto line = lines_.Next()) {
     if (line->empty() || line->front() == '*') continue;
     const std::size_t colon = line->find(':');
     return colon == std::string_view::npos ? *line : line->substr(colon + 1);

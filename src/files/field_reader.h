@@ -3,6 +3,7 @@
 #include <optional>
 #include <string_view>
 
+#include "files/line_reader.h"
 #include "model/numeric_prefix.h"
 
 namespace kalvex {
@@ -12,15 +13,13 @@ namespace kalvex {
 // line, or the whole line when it has none. Labels are never checked.
 class FieldReader {
  public:
-  explicit FieldReader(std::string_view contents) : rest_(contents) {}
+  explicit FieldReader(std::string_view contents) : lines_(contents) {}
 
   // The next field, or nothing at the end of the file.
   std::optional<std::string_view> Next();
 
  private:
-  std::optional<std::string_view> NextLine();
-
-  std::string_view rest_;
+  LineReader lines_;
 };
 
 // The leading number of a field, with spaces and tabs anywhere ignored, so that

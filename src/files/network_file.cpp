@@ -145,10 +145,7 @@ std::string ReadProblemMessage(const std::string& chosenName) {
 }  // namespace
 
 std::string NetworkFileName(const std::string& chosenName) {
-  if (chosenName.empty()) return "";
-  const std::size_t componentStart = chosenName.find_last_of("\\/") + 1;  // npos + 1 == 0
-  const std::size_t dot = chosenName.find('.', componentStart);
-  return chosenName.substr(0, dot) + ".SSF";
+  return WithFileType(chosenName, ".SSF");
 }
 
 bool WriteNetworkFile(const Session& session, Dialogs& dialogs, const std::string& chosenName) {

@@ -16,6 +16,13 @@ std::optional<std::string> ReadTextFile(const std::filesystem::path& path) {
   return contents;
 }
 
+std::string WithFileType(const std::string& chosenName, const std::string& type) {
+  if (chosenName.empty()) return "";
+  const std::size_t componentStart = chosenName.find_last_of("\\/") + 1;  // npos + 1 == 0
+  const std::size_t dot = chosenName.find('.', componentStart);
+  return chosenName.substr(0, dot) + type;
+}
+
 bool WriteTextFileAtomically(const std::filesystem::path& path, const std::string& contents) {
   std::filesystem::path temporary = path;
   temporary += ".tmp";

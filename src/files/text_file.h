@@ -15,6 +15,11 @@ std::optional<std::string> ReadTextFile(const std::filesystem::path& path);
 // on any failure, after removing the temporary file.
 bool WriteTextFileAtomically(const std::filesystem::path& path, const std::string& contents);
 
+// The name a chosen file is written under: the chosen name with its last path
+// component cut at its first "." and `type` appended ("amp.rev2.SSF" with
+// ".SSF" gives "amp.SSF"). Empty for an empty (cancelled) choice.
+std::string WithFileType(const std::string& chosenName, const std::string& type);
+
 // Files are plain text with lines ended by CR LF.
 inline constexpr const char* kLineEnd = "\r\n";
 

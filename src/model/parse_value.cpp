@@ -3,6 +3,7 @@
 
 #include "model/format.h"
 #include "model/numeric_prefix.h"
+#include "model/trim.h"
 
 namespace kalvex {
 namespace {
@@ -26,17 +27,10 @@ double MultiplierOf(char letter) {
   }
 }
 
-std::string_view TrimSpaces(std::string_view text) {
-  const auto first = text.find_first_not_of(' ');
-  if (first == std::string_view::npos) return {};
-  const auto last = text.find_last_not_of(' ');
-  return text.substr(first, last - first + 1);
-}
-
 }  // namespace
 
 double ParseValue(std::string_view text) {
-  text = TrimSpaces(text).substr(0, kMaxTextLength);
+  text = Trim(text).substr(0, kMaxTextLength);
 
   // Collect the characters that make up a number, skipping everything else.
   std::string kept;

@@ -1,0 +1,26 @@
+#pragma once
+
+#include "model/session.h"
+
+namespace kalvex::bench {
+
+// The five-stage network the benchmarks run on: series inductor, shunt
+// capacitor, line section, shunt open stub, series capacitor.
+inline Session FiveStageNetwork() {
+  Session session;
+  InitialiseSession(session);
+  session.LoadSource = 1;
+  session.Frequency = 14.2e6;
+  session.Value[0][1] = 36;
+  session.Value[0][2] = -20;
+  session.ElementType = {0, SeriesInductor, ShuntCapacitor, SeriesLine, ShuntOpenStub,
+                         SeriesCapacitor};
+  session.Value[1] = {0, 1.2e-6, 200};
+  session.Value[2] = {0, 150e-12, 1000};
+  session.Value[3] = {0, 30, 14.2e6, 75};
+  session.Value[4] = {0, 45, 14.2e6, 50};
+  session.Value[5] = {0, 220e-12, 1000};
+  return session;
+}
+
+}  // namespace kalvex::bench

@@ -1,0 +1,27 @@
+#pragma once
+
+namespace kalvex {
+
+// A reflection coefficient u + jv.
+struct Gamma {
+  double u = 0;
+  double v = 0;
+};
+
+// Γ = (z − 1) / (z + 1) of the normalised impedance z = r + jx.
+Gamma GammaOfNormalised(double r, double x);
+
+// Where a computed input impedance lands on the chart, as the plotted and
+// tabulated points take it: normalised to the system impedance, a reactance of
+// exactly 0 taken as 1e-12, then its magnitude and its angle in degrees.
+struct PlottedPoint {
+  Gamma gamma;
+  double rho = 0;
+  double angleDegrees = 0;  // −180..180, positive for a positive reactance
+};
+PlottedPoint PlotImpedance(double inputR, double inputX, double systemZ);
+
+// The standing-wave ratio of a reflection magnitude: 1,000,000 for exactly 1.
+double VSWROf(double rho);
+
+}  // namespace kalvex

@@ -1,0 +1,111 @@
+#include <gtest/gtest.h>
+
+#include <sstream>
+
+#include "analysis/tabulate.h"
+#include "cli.h"
+#include "files/network_file.h"
+#include "support/fake_dialogs.h"
+#include "support/temp_dir.h"
+
+namespace kalvex {
+namespace {
+
+using testing::SplitLines;
+
+class SweepCommandTest : public testing::TempDirTest {
+ protected:
+  void SetUp() override {
+    TempDirTest::SetUp();
+    InitialiseSession(network);
+    network.Frequency = 14e6;
+    network.ElementType[1] = SeriesInductor;
+    network.Value[1][1] = 1e-6;
+    network.Value[1][2] = 200;
+    network.QCircle = 2;
+    network.VSWRCircle = 2;
+    network.SweepStart = 13e6;
+    network.SweepStop = 15e6;
+    network.SweepPoints = 5;
+    testing::FakeDialogs dialogs;
+    WriteNetworkFile(network, dialogs, PathOf("net"));
+  }
+
+  int Run(std::vector<std::string> args) {
+    args.insert(args.begin(), {"sweep", PathOf("net.SSF")});
+    out.str("");
+    err.str("");
+    return RunCli(args, out, err);
+  }
+
+  Session network;
+  std::ostringstream out;
+  std::ostringstream err;
+};
+
+TEST_F(SweepCommandTest, UsesTheFileSettingsAndWritesTheDataLayout) {
+  EXPECT_EQ(Run({}), kExitOk);
+  const std::vector<std::string> lines = SplitLines(out.str());
+  ASSERT_EQ(lines.size(), 12u);
+  EXPECT_EQ(lines[0], "Kalvex data file");
+  EXPECT_EQ(lines[1], "Filename: -");
+  EXPECT_TRUE(lines[6].starts_with(" 13000000  50."));
+  EXPECT_TRUE(lines[10].starts_with(" 15000000  50."));
+  EXPECT_EQ(err.str(), "");
+}
+
+TEST_F(SweepCommandTest, OptionsOverrideTheFileAndTheTableMatchesTheTabulatePage) {
+  EXPECT_EQ(Run({"--start", "1M", "--stop", "2M", "--points", "11", "--table"}), kExitOk);
+  const std::vector<std::string> lines = SplitLines(out.str());
+  ASSERT_EQ(lines.size(), 12u);
+  EXPECT_EQ(lines[0], kTabulateHeading);
+
+  Session session = network;
+  session.LoadSource = 1;
+  session.SweepStart = 1e6;
+  session.SweepStop = 2e6;
+  session.SweepPoints = 11;
+  const std::vector<std::string> rows = TabulateSweep(session);
+  EXPECT_EQ(std::vector<std::string>(lines.begin() + 1, lines.end()), rows);
+  EXPECT_TRUE(lines[6].starts_with("1.5 M "));
+}
+
+TEST_F(SweepCommandTest, LimitsSayWhatTheyReset) {
+  EXPECT_EQ(Run({"--start", "100", "--points", "1", "--table"}), kExitOk);
+  EXPECT_EQ(err.str(), "Start frequency has been reset to the minimum allowed (5 kHz)\n");
+  EXPECT_EQ(SplitLines(out.str()).size(), 4u);  // heading and three points
+}
+
+TEST_F(SweepCommandTest, LoadDataRunsOverTheFilePoints) {
+  EXPECT_EQ(Run({"--load", KALVEX_EXAMPLES_DIR "/dipole20m.RJX", "-o", PathOf("out.DAT")}),
+            kExitOk);
+  EXPECT_EQ(out.str(), "");
+  const std::vector<std::string> lines = SplitLines(ReadFile("out.DAT"));
+  ASSERT_EQ(lines.size(), 6u + 81u + 1u);
+  EXPECT_EQ(lines[1], "Filename: " + PathOf("out.DAT"));
+  EXPECT_TRUE(lines[6].starts_with(" 13800000 "));
+  EXPECT_TRUE(lines[86].starts_with(" 14600000 "));
+}
+
+TEST_F(SweepCommandTest, ParserErrorKeepsThePointsReadBefore) {
+  WriteFile("short.RJX", "5M,10,1\r\n6M,20,2\r\n! trailing comment\r\n");
+  EXPECT_EQ(Run({"--load", PathOf("short.RJX"), "--table"}), kExitOk);
+  EXPECT_EQ(err.str(), "Parser error\n");
+  EXPECT_EQ(SplitLines(out.str()).size(), 3u);
+
+  WriteFile("empty.RJX", "! nothing\r\n");
+  EXPECT_EQ(Run({"--load", PathOf("empty.RJX")}), kExitFailed);
+  EXPECT_EQ(err.str(), "Parser error\n");
+  EXPECT_EQ(out.str(), "");
+}
+
+TEST_F(SweepCommandTest, UsageErrors) {
+  for (const std::vector<std::string>& args : std::vector<std::vector<std::string>>{
+           {"--load", "x.RJX", "--points", "5"}, {"--start"}, {"extra"}, {"--bogus"}}) {
+    EXPECT_EQ(Run(args), kExitUsage);
+    EXPECT_NE(err.str().find("usage: kalvex-cli sweep"), std::string::npos);
+  }
+}
+
+}  // namespace
+}  // namespace kalvex

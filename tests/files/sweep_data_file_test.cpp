@@ -1,0 +1,82 @@
+#include <gtest/gtest.h>
+
+#include <cmath>
+
+#include "files/sweep_data_file.h"
+#include "support/fake_dialogs.h"
+#include "support/temp_dir.h"
+
+namespace kalvex {
+namespace {
+
+using testing::SplitLines;
+
+class SweepDataFileTest : public testing::TempDirTest {
+ protected:
+  void SetUp() override {
+    TempDirTest::SetUp();
+    InitialiseSession(session);
+    session.LoadSource = 1;
+    session.SweepPoints = 3;
+  }
+
+  void Fill(int k, double f, double r, double x, double rho, double angle, double vswr) {
+    session.SweepFreq[k] = f;
+    session.SweepR[k] = r;
+    session.SweepX[k] = x;
+    session.SweepRho[k] = rho;
+    session.SweepAngle[k] = angle;
+    session.SweepVSWR[k] = vswr;
+  }
+
+  Session session;
+  testing::FakeDialogs dialogs;
+};
+
+TEST_F(SweepDataFileTest, WritesHeadingRowsAndEmptyLastLine) {
+  Fill(0, 14e6, 150, 0, 0.5, 0, 3);
+  Fill(1, 14.5e6, 50, 50, 0.4472135954999579, 63.43494882292201, 2.618033988749895);
+  Fill(2, 15e6, 0, 50, 1, 90, 1'000'000);
+  ASSERT_TRUE(WriteSweepData(session, dialogs, PathOf("sweep1.txt")));
+  const std::string text = ReadFile("sweep1.DAT");
+  const std::vector<std::string> lines = SplitLines(text);
+  ASSERT_EQ(lines.size(), 10u);
+  EXPECT_EQ(lines[0], "Kalvex data file");
+  EXPECT_EQ(lines[1], "Filename: " + PathOf("sweep1.txt"));
+  EXPECT_EQ(lines[2], "2026-11-22 12:00:00");
+  EXPECT_EQ(lines[3], "");
+  EXPECT_EQ(lines[4], "Freq, Resistance, Reactance, Rho, RhoAngle, Return loss, VSWR");
+  EXPECT_EQ(lines[5], "");
+  EXPECT_EQ(lines[6], " 14000000  150  0  .5  0  6.02059991327962  3 ");
+  EXPECT_EQ(lines[8], " 15000000  0  50  1  90  0  1000000 ");
+  EXPECT_EQ(lines[9], "");
+  EXPECT_TRUE(text.ends_with("\r\n\r\n"));
+}
+
+TEST_F(SweepDataFileTest, LoadDataSweepsWriteTheirIndexesFromOne) {
+  session.LoadSource = 2;
+  session.SweepPoints = 2;
+  Fill(0, 1, 1, 1, 0.5, 1, 3);
+  Fill(1, 7e6, 50, 0, 0.5, 0, 3);
+  Fill(2, 8e6, 50, 0, 0.5, 0, 3);
+  const std::vector<std::string> lines =
+      SplitLines(SweepDataText(session, "-", "now"));
+  ASSERT_EQ(lines.size(), 9u);
+  EXPECT_TRUE(lines[6].starts_with(" 7000000 "));
+  EXPECT_TRUE(lines[7].starts_with(" 8000000 "));
+}
+
+TEST_F(SweepDataFileTest, PerfectMatchGetsAFiniteReturnLoss) {
+  session.SweepPoints = 1;
+  Fill(0, 1e6, 50, 0, 0, 0, 1);
+  const std::vector<std::string> lines = SplitLines(SweepDataText(session, "-", "now"));
+  EXPECT_EQ(lines[6], " 1000000  50  0  0  0  180  1 ");
+}
+
+TEST_F(SweepDataFileTest, CancelledChooserWritesNothing) {
+  EXPECT_FALSE(WriteSweepData(session, dialogs, ""));
+  EXPECT_TRUE(std::filesystem::is_empty(PathOf("")));
+}
+
+}  // namespace
+}  // namespace kalvex
