@@ -3,6 +3,7 @@
 #include <string>
 
 #include "analysis/tabulate.h"
+#include "support/sweep_arrays.h"
 
 namespace kalvex {
 namespace {
@@ -15,12 +16,7 @@ class TabulateTest : public ::testing::Test {
   }
 
   void Fill(int k, double f, double r, double x, double rho, double angle, double vswr) {
-    session.SweepFreq[k] = f;
-    session.SweepR[k] = r;
-    session.SweepX[k] = x;
-    session.SweepRho[k] = rho;
-    session.SweepAngle[k] = angle;
-    session.SweepVSWR[k] = vswr;
+    testing::FillSweepPoint(session, k, f, r, x, rho, angle, vswr);
   }
 
   Session session;

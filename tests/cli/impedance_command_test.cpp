@@ -1,42 +1,16 @@
 #include <gtest/gtest.h>
 
-#include <sstream>
-
-#include "cli.h"
-#include "files/network_file.h"
-#include "support/fake_dialogs.h"
-#include "support/temp_dir.h"
+#include "cli/cli_test.h"
 
 namespace kalvex {
 namespace {
 
-class ImpedanceCommandTest : public testing::TempDirTest {
+class ImpedanceCommandTest : public testing::CliTest {
  protected:
   void SetUp() override {
-    TempDirTest::SetUp();
-    InitialiseSession(network);
-    network.Frequency = 14e6;
-    network.ElementType[1] = SeriesCapacitor;
-    network.Value[1][1] = 100e-12;
-    network.Value[1][2] = 1000;
-    network.QCircle = 2;
-    network.VSWRCircle = 2;
-    network.SweepStart = 1e6;
-    network.SweepStop = 2e6;
-    network.SweepPoints = 10;
-    testing::FakeDialogs dialogs;
-    WriteNetworkFile(network, dialogs, PathOf("net"));
+    CliTest::SetUp();
+    SaveNetwork(SeriesCapacitor, 100e-12, 1000);
   }
-
-  int Run(const std::vector<std::string>& args) {
-    out.str("");
-    err.str("");
-    return RunCli(args, out, err);
-  }
-
-  Session network;
-  std::ostringstream out;
-  std::ostringstream err;
 };
 
 TEST_F(ImpedanceCommandTest, PrintsResistanceAndReactanceToTwelveDigits) {

@@ -1,50 +1,28 @@
 #include <gtest/gtest.h>
 
-#include <sstream>
-
 #include "analysis/tabulate.h"
-#include "cli.h"
-#include "files/network_file.h"
-#include "support/fake_dialogs.h"
-#include "support/temp_dir.h"
+#include "cli/cli_test.h"
 
 namespace kalvex {
 namespace {
 
 using testing::SplitLines;
 
-class SweepCommandTest : public testing::TempDirTest {
+class SweepCommandTest : public testing::CliTest {
  protected:
   void SetUp() override {
-    TempDirTest::SetUp();
-    InitialiseSession(network);
-    network.Frequency = 14e6;
-    network.ElementType[1] = SeriesInductor;
-    network.Value[1][1] = 1e-6;
-    network.Value[1][2] = 200;
-    network.QCircle = 2;
-    network.VSWRCircle = 2;
-    network.SweepStart = 13e6;
-    network.SweepStop = 15e6;
-    network.SweepPoints = 5;
-    testing::FakeDialogs dialogs;
-    WriteNetworkFile(network, dialogs, PathOf("net"));
+    CliTest::SetUp();
+    SaveNetwork(SeriesInductor, 1e-6, 200);
   }
 
-  int Run(std::vector<std::string> args) {
-    args.insert(args.begin(), {"sweep", PathOf("net.SSF")});
-    out.str("");
-    err.str("");
-    return RunCli(args, out, err);
+  int RunSweep(std::vector<std::string> words) {
+    words.insert(words.begin(), {"sweep", PathOf("net.SSF")});
+    return Run(words);
   }
-
-  Session network;
-  std::ostringstream out;
-  std::ostringstream err;
 };
 
 TEST_F(SweepCommandTest, UsesTheFileSettingsAndWritesTheDataLayout) {
-  EXPECT_EQ(Run({}), kExitOk);
+  EXPECT_EQ(RunSweep({}), kExitOk);
   const std::vector<std::string> lines = SplitLines(out.str());
   ASSERT_EQ(lines.size(), 12u);
   EXPECT_EQ(lines[0], "Kalvex data file");
@@ -55,7 +33,7 @@ TEST_F(SweepCommandTest, UsesTheFileSettingsAndWritesTheDataLayout) {
 }
 
 TEST_F(SweepCommandTest, OptionsOverrideTheFileAndTheTableMatchesTheTabulatePage) {
-  EXPECT_EQ(Run({"--start", "1M", "--stop", "2M", "--points", "11", "--table"}), kExitOk);
+  EXPECT_EQ(RunSweep({"--start", "1M", "--stop", "2M", "--points", "11", "--table"}), kExitOk);
   const std::vector<std::string> lines = SplitLines(out.str());
   ASSERT_EQ(lines.size(), 12u);
   EXPECT_EQ(lines[0], kTabulateHeading);
@@ -71,13 +49,13 @@ TEST_F(SweepCommandTest, OptionsOverrideTheFileAndTheTableMatchesTheTabulatePage
 }
 
 TEST_F(SweepCommandTest, LimitsSayWhatTheyReset) {
-  EXPECT_EQ(Run({"--start", "100", "--points", "1", "--table"}), kExitOk);
+  EXPECT_EQ(RunSweep({"--start", "100", "--points", "1", "--table"}), kExitOk);
   EXPECT_EQ(err.str(), "Start frequency has been reset to the minimum allowed (5 kHz)\n");
   EXPECT_EQ(SplitLines(out.str()).size(), 4u);  // heading and three points
 }
 
 TEST_F(SweepCommandTest, LoadDataRunsOverTheFilePoints) {
-  EXPECT_EQ(Run({"--load", KALVEX_EXAMPLES_DIR "/dipole20m.RJX", "-o", PathOf("out.DAT")}),
+  EXPECT_EQ(RunSweep({"--load", KALVEX_EXAMPLES_DIR "/dipole20m.RJX", "-o", PathOf("out.DAT")}),
             kExitOk);
   EXPECT_EQ(out.str(), "");
   const std::vector<std::string> lines = SplitLines(ReadFile("out.DAT"));
@@ -89,12 +67,12 @@ TEST_F(SweepCommandTest, LoadDataRunsOverTheFilePoints) {
 
 TEST_F(SweepCommandTest, ParserErrorKeepsThePointsReadBefore) {
   WriteFile("short.RJX", "5M,10,1\r\n6M,20,2\r\n! trailing comment\r\n");
-  EXPECT_EQ(Run({"--load", PathOf("short.RJX"), "--table"}), kExitOk);
+  EXPECT_EQ(RunSweep({"--load", PathOf("short.RJX"), "--table"}), kExitOk);
   EXPECT_EQ(err.str(), "Parser error\n");
   EXPECT_EQ(SplitLines(out.str()).size(), 3u);
 
   WriteFile("empty.RJX", "! nothing\r\n");
-  EXPECT_EQ(Run({"--load", PathOf("empty.RJX")}), kExitFailed);
+  EXPECT_EQ(RunSweep({"--load", PathOf("empty.RJX")}), kExitFailed);
   EXPECT_EQ(err.str(), "Parser error\n");
   EXPECT_EQ(out.str(), "");
 }
@@ -102,7 +80,7 @@ TEST_F(SweepCommandTest, ParserErrorKeepsThePointsReadBefore) {
 TEST_F(SweepCommandTest, UsageErrors) {
   for (const std::vector<std::string>& args : std::vector<std::vector<std::string>>{
            {"--load", "x.RJX", "--points", "5"}, {"--start"}, {"extra"}, {"--bogus"}}) {
-    EXPECT_EQ(Run(args), kExitUsage);
+    EXPECT_EQ(RunSweep(args), kExitUsage);
     EXPECT_NE(err.str().find("usage: kalvex-cli sweep"), std::string::npos);
   }
 }

@@ -4,6 +4,7 @@
 
 #include "files/sweep_data_file.h"
 #include "support/fake_dialogs.h"
+#include "support/sweep_arrays.h"
 #include "support/temp_dir.h"
 
 namespace kalvex {
@@ -21,12 +22,7 @@ class SweepDataFileTest : public testing::TempDirTest {
   }
 
   void Fill(int k, double f, double r, double x, double rho, double angle, double vswr) {
-    session.SweepFreq[k] = f;
-    session.SweepR[k] = r;
-    session.SweepX[k] = x;
-    session.SweepRho[k] = rho;
-    session.SweepAngle[k] = angle;
-    session.SweepVSWR[k] = vswr;
+    testing::FillSweepPoint(session, k, f, r, x, rho, angle, vswr);
   }
 
   Session session;
