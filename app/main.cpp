@@ -1,17 +1,14 @@
 #include <QApplication>
-#include <QString>
-#include <QWidget>
 
+#include "files/welcome_page.h"
 #include "model/session.h"
+#include "platform/qt_dialogs.h"
 
 int main(int argc, char** argv) {
   QApplication application(argc, argv);
   kalvex::Session session;
-  kalvex::InitialiseSession(session);
-
-  QWidget welcome;
-  welcome.setWindowTitle(QString::fromStdString("Kalvex " + session.Version + " - Welcome !"));
-  welcome.resize(1200, 900);
+  kalvex::QtDialogs dialogs;
+  kalvex::WelcomePage welcome(session, dialogs);
   welcome.show();
   return application.exec();
 }

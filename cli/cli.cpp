@@ -17,6 +17,11 @@ constexpr std::array kCommands = {
             "      file layout, or with --table the Tabulate page's heading and rows; over the\n"
             "      points of a load-data file (.RJX) with --load; to OUT or standard output",
             RunSweep},
+    Command{"render", "render [FILE] --page welcome|design [--size WxH] -o OUT",
+            "draws the welcome page, or the Design page's schematic and library of FILE's\n"
+            "      network (without FILE: the network Kalvex would start with), to a PNG,\n"
+            "      SVG or PDF file chosen by OUT's suffix; 1200x900 pixels unless --size",
+            RunRender},
 };
 
 void PrintHelp(std::ostream& out) {

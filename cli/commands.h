@@ -23,6 +23,8 @@ int RunImpedance(const Command& self, const std::vector<std::string>& words, std
                  std::ostream& err);
 int RunSweep(const Command& self, const std::vector<std::string>& words, std::ostream& out,
              std::ostream& err);
+int RunRender(const Command& self, const std::vector<std::string>& words, std::ostream& out,
+              std::ostream& err);
 
 // Prints "usage: kalvex-cli <usage>" and a reason to `err`; returns kExitUsage.
 int UsageError(const Command& command, const std::string& problem, std::ostream& err);

@@ -1,7 +1,8 @@
 # Shared by ./run and ./test: installs what the build needs, then configures
 # and builds Kalvex (Release) in build/. Sourced, not run.
 
-kalvex_packages=(cmake ninja-build g++ qt6-base-dev libgtest-dev libbenchmark-dev)
+kalvex_packages=(cmake ninja-build g++ qt6-base-dev qt6-svg-dev fonts-dejavu-core
+                 libgtest-dev libbenchmark-dev)
 
 kalvex_install_missing() {
   local missing=()

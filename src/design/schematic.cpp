@@ -1,0 +1,135 @@
+#include "design/schematic.h"
+
+#include <cmath>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "design/symbols.h"
+#include "model/format.h"
+
+namespace kalvex {
+namespace {
+
+int16_t Rounded(double x) { return static_cast<int16_t>(std::nearbyint(x)); }
+
+void DrawLoadLabel(const Session& session, SymbolPen& pen, Canvas& canvas) {
+  const double r = session.Value[0][1];
+  const double x = session.Value[0][2];
+  const std::string rText = FormatGeneral(r);
+  if (x == 0) {
+    canvas.Text({pen.ListX - 800, pen.ListY + 1200}, rText);
+  } else {
+    const std::string xText = FormatGeneral(std::fabs(x));
+    const double left = pen.ListX - 600 - 60.0 * rText.size() - 60.0 * xText.size();
+    canvas.Text({left, pen.ListY + 1200}, rText + (x > 0 ? " +j" : " -j") + xText);
+  }
+  canvas.Text({pen.ListX - 700, pen.ListY + 1400}, "LOAD");
+}
+
+// The value lines under a stage, or nothing when its values are unusable.
+std::optional<std::vector<std::string>> StageLabels(int16_t type, const std::array<double, kSlotCount>& v) {
+  switch (type) {
+    case Empty: return std::vector<std::string>{"(Wire)"};
+    case SeriesCapacitor:
+    case ShuntCapacitor:
+      if (v[1] <= 0 || v[2] <= 0) return std::nullopt;
+      return std::vector<std::string>{FormatCapacitance(v[1]), "Q: " + FormatGeneral(v[2])};
+    case SeriesInductor:
+    case ShuntInductor:
+      return std::vector<std::string>{FormatInductance(v[1]), "Q: " + FormatGeneral(v[2])};
+    case SeriesLine:
+    case SeriesShortedStub:
+    case SeriesOpenStub:
+    case ShuntShortedStub:
+    case ShuntOpenStub:
+      if (v[1] <= 0 || v[2] <= 0 || v[3] <= 0) return std::nullopt;
+      return std::vector<std::string>{FormatGeneral(v[1]) + " deg", "@ " + FormatSI(v[2]),
+                                      FormatGeneral(v[3]) + " ohms"};
+    case ShuntSeriesLC:
+    case SeriesParallelLC:
+      if (v[1] <= 0 || v[3] <= 0) return std::nullopt;
+      return std::vector<std::string>{FormatInductance(v[1]), "Q: " + FormatGeneral(v[2]),
+                                      FormatCapacitance(v[3]), "Q: " + FormatGeneral(v[4])};
+    case SeriesResistor:
+    case ShuntResistor:
+      if (v[1] <= 0) return std::nullopt;
+      return std::vector<std::string>{FormatGeneral(v[1])};
+    default: return std::vector<std::string>{};  // the insert mark has no text
+  }
+}
+
+}  // namespace
+
+StagePositions DrawNetwork(Session& session, Canvas& canvas, float coilArcRadius) {
+  canvas.FillRect({100, 300}, {11500, 3200}, kPageBackground);
+  canvas.FillRect({9100, 2800}, {11000, 4800}, kPageBackground);
+  SymbolPen pen(canvas, SymbolFamily::Design, coilArcRadius);
+  pen.ListX = 1500;
+  pen.ListY = 700;
+  pen.DrawLoadSymbol(session.Value[0][2]);
+  DrawLoadLabel(session, pen, canvas);
+
+  StagePositions stageX{};
+  stageX[1] = Rounded(pen.ListX + 150);
+  for (int s = 1; s <= kLastStage; ++s) {
+    const int16_t type = session.ElementType[s];
+    if (type >= Empty && type <= InsertPlaceholder) {
+      pen.DrawStageSeparator();
+      const auto labels = StageLabels(type, session.Value[s]);
+      if (!labels) {
+        session.ElementType[s] = Empty;  // shown as "(Wire)" from the next drawing on
+        pen.DrawElementSymbol(Empty);
+      } else {
+        for (std::size_t line = 0; line < labels->size(); ++line) {
+          canvas.Text({pen.ListX, pen.ListY + 1200 + 200.0 * line}, (*labels)[line]);
+        }
+        if (type == ShuntResistor) {
+          pen.DrawPaddedShuntResistor();
+        } else {
+          pen.DrawElementSymbol(type);
+        }
+      }
+    }
+    stageX[s + 1] = Rounded(pen.ListX + 150);
+  }
+  pen.DrawStageSeparator();
+  pen.DrawGenerator(session.SystemZ);
+  return stageX;
+}
+
+void DrawLibrary(Canvas& canvas, float coilArcRadius) {
+  SymbolPen pen(canvas, SymbolFamily::Design, coilArcRadius);
+  pen.ListX = 2500;
+  pen.ListY = 5600;
+  pen.DrawElementSymbol(Empty);
+  for (const int type : {1, 2, 3, 4, 5, 6}) {
+    pen.DrawLibrarySeparator();
+    pen.DrawElementSymbol(type);
+  }
+
+  pen.ListX = 2500;
+  pen.ListY = 7300;
+  pen.DrawElementSymbol(SeriesOpenStub);
+  for (const int type : {8, 9, 10, 11, 12, 13, 14}) {
+    pen.DrawLibrarySeparator();
+    if (type == ShuntSeriesLC) {
+      pen.DrawLead();
+      pen.DrawElementSymbol(type);
+      pen.DrawLead();
+    } else if (type == ShuntResistor) {
+      pen.DrawPaddedShuntResistor();
+    } else {
+      pen.DrawElementSymbol(type);
+    }
+  }
+}
+
+StagePositions DrawDesignPage(Session& session, Canvas& canvas, float coilArcRadius) {
+  canvas.Clear(kPageBackground);
+  const StagePositions stageX = DrawNetwork(session, canvas, coilArcRadius);
+  DrawLibrary(canvas, coilArcRadius);
+  return stageX;
+}
+
+}  // namespace kalvex

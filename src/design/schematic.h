@@ -1,0 +1,32 @@
+#pragma once
+
+#include <array>
+#include <cstdint>
+
+#include "model/session.h"
+#include "platform/canvas.h"
+
+namespace kalvex {
+
+inline constexpr Colour kPageBackground = RGB(232, 248, 255);
+
+// x of the left edge of each stage cell of the schematic, StageX(1..6); index
+// 6 is the right edge of stage 5. The Design page's hit tests read them.
+using StagePositions = std::array<int16_t, 7>;
+
+// Draws the network as the Design page shows it: the load with its label, the
+// five stages between separators with their values, and the generator. A stage
+// whose values cannot be used (a capacitance, Q, length, reference frequency,
+// line impedance or resistance of 0 or less) is made empty: its type becomes 0
+// and it is drawn as a plain wire.
+StagePositions DrawNetwork(Session& session, Canvas& canvas, float coilArcRadius);
+
+// The whole drawing of the Design page: the background, the schematic and
+// the library.
+StagePositions DrawDesignPage(Session& session, Canvas& canvas, float coilArcRadius);
+
+// The parts library below the schematic: every symbol once, in two rows
+// separated by light-blue lines.
+void DrawLibrary(Canvas& canvas, float coilArcRadius);
+
+}  // namespace kalvex

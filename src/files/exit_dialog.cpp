@@ -1,0 +1,66 @@
+#include "files/exit_dialog.h"
+
+#include <QCoreApplication>
+
+#include "files/exit_actions.h"
+#include "files/network_file.h"
+
+namespace kalvex {
+namespace {
+
+// The dialog is 6000 twips square; a twip is a fifteenth of a pixel.
+constexpr int kTwipsPerPixel = 15;
+int Px(int twips) { return twips / kTwipsPerPixel; }
+
+}  // namespace
+
+void EndProgram() { QCoreApplication::exit(0); }
+
+ExitDialog::ExitDialog(Session& session, Dialogs& dialogs, QWidget* parent)
+    : QDialog(parent),
+      cmdCancel(new QPushButton("Cancel / Continue", this)),
+      cmdSave(new QPushButton("Save then exit", this)),
+      cmdExit(new QPushButton("End / Quit", this)),
+      Label2(new QLabel(this)),
+      session_(session),
+      dialogs_(dialogs) {
+  setWindowTitle("Exit ?");
+  setModal(true);
+  setFixedSize(Px(6000), Px(6000));
+  cmdCancel->setGeometry(Px(1500), Px(1200), Px(3000), Px(450));
+  cmdSave->setGeometry(Px(1500), Px(2100), Px(3000), Px(450));
+  cmdExit->setGeometry(Px(1500), Px(3000), Px(3000), Px(450));
+  Label2->setAlignment(Qt::AlignCenter);
+  Label2->setAutoFillBackground(true);
+  Label2->hide();
+
+  if (NetworkIsEmpty(session_)) {
+    cmdSave->setEnabled(false);
+    Label2->setGeometry(0, 0, Px(6000), Px(300));
+    Label2->setStyleSheet("background: white;");
+    Label2->setText("The network is empty.");
+    Label2->show();
+  }
+
+  connect(cmdCancel, &QPushButton::clicked, this, &QDialog::reject);
+  connect(cmdExit, &QPushButton::clicked, this,
+          [this] { ShowSavedAndEnd(EndAndQuit(session_, dialogs_, kLastSessionFileName)); });
+  connect(cmdSave, &QPushButton::clicked, this, [this] {
+    if (const auto saved = SaveThenExit(session_, dialogs_, kLastSessionFileName)) {
+      ShowSavedAndEnd(*saved);
+    }
+  });
+}
+
+void ExitDialog::ShowSavedAndEnd(const std::string& message) {
+  Label2->setGeometry(0, 0, width(), Px(450));
+  Label2->setStyleSheet("background: rgb(221, 255, 221);");
+  Label2->setText(QString::fromStdString(message));
+  Label2->show();
+  dialogs_.Pause(2);
+  Label2->hide();
+  accept();
+  EndProgram();
+}
+
+}  // namespace kalvex

@@ -1,0 +1,35 @@
+#pragma once
+
+#include <QDialog>
+#include <QLabel>
+#include <QPushButton>
+
+#include "model/session.h"
+#include "platform/dialogs.h"
+
+namespace kalvex {
+
+// "Exit ?": carry on, save the network then exit, or end. Both ways out save
+// the last session, show what was saved for two seconds and end the program.
+class ExitDialog : public QDialog {
+  Q_OBJECT
+
+ public:
+  ExitDialog(Session& session, Dialogs& dialogs, QWidget* parent = nullptr);
+
+  QPushButton* cmdCancel;
+  QPushButton* cmdSave;
+  QPushButton* cmdExit;
+  QLabel* Label2;
+
+ private:
+  void ShowSavedAndEnd(const std::string& message);
+
+  Session& session_;
+  Dialogs& dialogs_;
+};
+
+// Ends the program after the current event.
+void EndProgram();
+
+}  // namespace kalvex

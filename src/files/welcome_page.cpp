@@ -1,0 +1,37 @@
+#include "files/welcome_page.h"
+
+#include "design/design_page.h"
+#include "design/symbols.h"
+#include "files/startup.h"
+#include "files/welcome_pictures.h"
+
+namespace kalvex {
+
+WelcomePage::WelcomePage(Session& session, Dialogs& dialogs)
+    : Page({kDesignPageWidth, kDesignPageHeight}),
+      cmdStart(new QPushButton("Start", this)),
+      lblVersion(new QLabel(this)),
+      session_(session),
+      dialogs_(dialogs) {
+  resize(1200, 900);
+  StartSession(session_);
+  CoilArcRadius = CoilArcRadiusFor(width(), height());
+  setWindowTitle(QString::fromStdString(WelcomeCaption(session_)));
+
+  cmdStart->setToolTip("Start the program");
+  Place(cmdStart, 8800, 5700, 1335, 330);
+  Place(lblVersion, 1600, 6800, 5000, 330);
+  lblVersion->setText(QString::fromStdString("Version " + session_.Version +
+                                             " from Brenlow Software"));
+  DrawWelcomePage(Drawing(), session_.ChartAspect, CoilArcRadius);
+  connect(cmdStart, &QPushButton::clicked, this, &WelcomePage::Start);
+}
+
+void WelcomePage::Start() {
+  auto* design = new DesignPage(session_, dialogs_, CoilArcRadius);
+  design->setAttribute(Qt::WA_DeleteOnClose);
+  design->show();
+  CloseByProgram();
+}
+
+}  // namespace kalvex

@@ -1,0 +1,31 @@
+#pragma once
+
+#include <QLabel>
+#include <QPushButton>
+
+#include "model/session.h"
+#include "platform/dialogs.h"
+#include "platform/page.h"
+
+namespace kalvex {
+
+// The first window: it starts the session (last session, defaults), shows the
+// pictures of the program and opens the Design page on "Start".
+class WelcomePage : public Page {
+  Q_OBJECT
+
+ public:
+  WelcomePage(Session& session, Dialogs& dialogs);
+
+  QPushButton* cmdStart;
+  QLabel* lblVersion;
+  float CoilArcRadius = 80;
+
+ private:
+  void Start();
+
+  Session& session_;
+  Dialogs& dialogs_;
+};
+
+}  // namespace kalvex

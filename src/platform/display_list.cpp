@@ -1,0 +1,78 @@
+#include "platform/display_list.h"
+
+namespace kalvex {
+
+using Kind = DrawCommand::Kind;
+
+void DisplayList::Clear(Colour background) {
+  // Whatever was drawn before is covered: drop it rather than keep it.
+  commands_.clear();
+  commands_.push_back({.kind = Kind::Clear, .colour = background});
+}
+
+void DisplayList::DrawLine(Point from, Point to, Colour colour) {
+  commands_.push_back({.kind = Kind::Line, .a = from, .b = to, .colour = colour});
+}
+
+void DisplayList::DrawEllipse(Point centre, double radiusX, double radiusY, double start,
+                              double end, Colour colour) {
+  commands_.push_back({.kind = Kind::Ellipse,
+                       .a = centre,
+                       .b = {radiusX, radiusY},
+                       .start = start,
+                       .end = end,
+                       .colour = colour});
+}
+
+void DisplayList::FillRect(Point corner, Point opposite, Colour colour) {
+  commands_.push_back({.kind = Kind::FillRect, .a = corner, .b = opposite, .colour = colour});
+}
+
+void DisplayList::OutlineRect(Point corner, Point opposite, Colour colour) {
+  commands_.push_back({.kind = Kind::OutlineRect, .a = corner, .b = opposite, .colour = colour});
+}
+
+void DisplayList::FillEllipse(Point centre, double radiusX, double radiusY, Colour colour) {
+  commands_.push_back(
+      {.kind = Kind::FillEllipse, .a = centre, .b = {radiusX, radiusY}, .colour = colour});
+}
+
+void DisplayList::Text(Point at, const std::string& text) {
+  commands_.push_back({.kind = Kind::Text, .a = at, .text = text});
+}
+
+void DisplayList::SetLineWidth(double width) {
+  commands_.push_back({.kind = Kind::LineWidth, .value = width});
+}
+
+void DisplayList::SetTextColour(Colour colour) {
+  commands_.push_back({.kind = Kind::TextColour, .colour = colour});
+}
+
+void DisplayList::SetFont(double points, bool bold) {
+  commands_.push_back({.kind = Kind::Font, .value = points, .bold = bold});
+}
+
+void DisplayList::NewPage() { commands_.push_back({.kind = Kind::NewPage}); }
+
+void DisplayList::Replay(Canvas& target) const {
+  for (const DrawCommand& c : commands_) {
+    switch (c.kind) {
+      case Kind::Clear: target.Clear(c.colour); break;
+      case Kind::Line: target.Line(c.a, c.b, c.colour); break;
+      case Kind::Ellipse:
+        target.ArcOfEllipse(c.a, c.b.x, c.b.y, c.start, c.end, c.colour);
+        break;
+      case Kind::FillRect: target.FillRect(c.a, c.b, c.colour); break;
+      case Kind::OutlineRect: target.OutlineRect(c.a, c.b, c.colour); break;
+      case Kind::FillEllipse: target.FillEllipse(c.a, c.b.x, c.b.y, c.colour); break;
+      case Kind::Text: target.Text(c.a, c.text); break;
+      case Kind::LineWidth: target.SetLineWidth(c.value); break;
+      case Kind::TextColour: target.SetTextColour(c.colour); break;
+      case Kind::Font: target.SetFont(c.value, c.bold); break;
+      case Kind::NewPage: target.NewPage(); break;
+    }
+  }
+}
+
+}  // namespace kalvex

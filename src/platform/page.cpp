@@ -1,0 +1,96 @@
+#include "platform/page.h"
+
+#include <QCloseEvent>
+#include <QMouseEvent>
+#include <QPainter>
+#include <cmath>
+
+#include "platform/painter_canvas.h"
+
+namespace kalvex {
+namespace {
+
+int ButtonNumber(Qt::MouseButtons buttons) {
+  if (buttons == Qt::LeftButton) return 1;
+  if (buttons == Qt::RightButton) return 2;
+  return 0;
+}
+
+}  // namespace
+
+Page::Page(QSizeF logicalSize, QWidget* parent) : QWidget(parent), logicalSize_(logicalSize) {
+  // The page paints its whole surface from the display list.
+  setAttribute(Qt::WA_OpaquePaintEvent);
+}
+
+QPointF Page::ToPage(QPointF widgetPoint) const {
+  return {widgetPoint.x() * logicalSize_.width() / width(),
+          widgetPoint.y() * logicalSize_.height() / height()};
+}
+
+void Page::Place(QWidget* control, double left, double top, double width, double height) {
+  placements_.push_back({control, QRectF(left, top, width, height)});
+  ApplyPlacement(placements_.back());
+}
+
+void Page::ApplyPlacement(const Placement& placement) {
+  if (placement.control.isNull()) return;
+  const double sx = width() / logicalSize_.width();
+  const double sy = height() / logicalSize_.height();
+  const QRectF& p = placement.place;
+  placement.control->setGeometry(static_cast<int>(std::lround(p.x() * sx)),
+                                 static_cast<int>(std::lround(p.y() * sy)),
+                                 static_cast<int>(std::lround(p.width() * sx)),
+                                 static_cast<int>(std::lround(p.height() * sy)));
+  QFont font = placement.control->font();
+  font.setPixelSize(std::max(6, static_cast<int>(std::lround(kControlFontPoints *
+                                                             kPageUnitsPerPoint * sy))));
+  placement.control->setFont(font);
+}
+
+void Page::resizeEvent(QResizeEvent* event) {
+  QWidget::resizeEvent(event);
+  for (const Placement& placement : placements_) ApplyPlacement(placement);
+}
+
+void Page::paintEvent(QPaintEvent*) {
+  QPainter painter(this);
+  painter.fillRect(rect(), Qt::white);
+  const double sx = width() / logicalSize_.width();
+  const double sy = height() / logicalSize_.height();
+  painter.scale(sx, sy);
+  PainterCanvas canvas(painter, logicalSize_, std::sqrt(sx * sy));
+  drawing_.Replay(canvas);
+}
+
+void Page::mousePressEvent(QMouseEvent* event) {
+  const QPointF p = ToPage(event->position());
+  OnMouseDown(ButtonNumber(event->buttons()), p.x(), p.y());
+}
+
+void Page::mouseMoveEvent(QMouseEvent* event) {
+  const QPointF p = ToPage(event->position());
+  OnMouseMove(ButtonNumber(event->buttons()), p.x(), p.y());
+}
+
+void Page::mouseReleaseEvent(QMouseEvent* event) {
+  const QPointF p = ToPage(event->position());
+  OnMouseUp(ButtonNumber(event->button()), p.x(), p.y());
+}
+
+void Page::CloseByProgram() {
+  closingByProgram_ = true;
+  close();
+}
+
+void Page::closeEvent(QCloseEvent* event) {
+  if (!closingByProgram_) OnUserClose();
+  event->accept();
+}
+
+void Page::OnMouseDown(int, double, double) {}
+void Page::OnMouseMove(int, double, double) {}
+void Page::OnMouseUp(int, double, double) {}
+void Page::OnUserClose() {}
+
+}  // namespace kalvex

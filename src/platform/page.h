@@ -1,0 +1,66 @@
+#pragma once
+
+#include <QPointer>
+#include <QSizeF>
+#include <QWidget>
+#include <vector>
+
+#include "platform/display_list.h"
+
+namespace kalvex {
+
+// Control fonts: 0.0008 × the screen height in twips, in points, for a
+// 1080-line screen; they grow and shrink with the page.
+inline constexpr double kControlFontPoints = 0.0008 * 1080 * 15;
+
+// A window that works in logical page units, as every Kalvex page does: its
+// drawing is a display list in page units stretched to the window, its
+// controls keep their places and fonts in proportion when the window is
+// resized, and mouse events arrive in page units with the button (1 left,
+// 2 right, 0 for anything else).
+class Page : public QWidget {
+  Q_OBJECT
+
+ public:
+  explicit Page(QSizeF logicalSize, QWidget* parent = nullptr);
+
+  // Puts `control` at a place given in page units and keeps it there.
+  void Place(QWidget* control, double left, double top, double width, double height);
+
+  // The page's drawing surface; call update() after drawing into it.
+  DisplayList& Drawing() { return drawing_; }
+
+  // Closes the page as the program, not the user, does.
+  void CloseByProgram();
+
+  QPointF ToPage(QPointF widgetPoint) const;
+  QSizeF LogicalSize() const { return logicalSize_; }
+
+ protected:
+  virtual void OnMouseDown(int button, double x, double y);
+  virtual void OnMouseMove(int button, double x, double y);
+  virtual void OnMouseUp(int button, double x, double y);
+  // The user closed the window with its close box.
+  virtual void OnUserClose();
+
+  void paintEvent(QPaintEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
+  void mousePressEvent(QMouseEvent* event) override;
+  void mouseMoveEvent(QMouseEvent* event) override;
+  void mouseReleaseEvent(QMouseEvent* event) override;
+  void closeEvent(QCloseEvent* event) override;
+
+ private:
+  struct Placement {
+    QPointer<QWidget> control;
+    QRectF place;
+  };
+  void ApplyPlacement(const Placement& placement);
+
+  QSizeF logicalSize_;
+  DisplayList drawing_;
+  std::vector<Placement> placements_;
+  bool closingByProgram_ = false;
+};
+
+}  // namespace kalvex

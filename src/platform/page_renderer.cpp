@@ -1,0 +1,73 @@
+#include "platform/page_renderer.h"
+
+#include <QFileInfo>
+#include <QImage>
+#include <QPageSize>
+#include <QPainter>
+#include <QPdfWriter>
+#include <QSaveFile>
+#include <QSvgGenerator>
+#include <cmath>
+
+#include "platform/painter_canvas.h"
+
+namespace kalvex {
+namespace {
+
+void Paint(const DisplayList& drawing, QPainter& painter, QSizeF pageSize, QSizeF device) {
+  const double sx = device.width() / pageSize.width();
+  const double sy = device.height() / pageSize.height();
+  painter.scale(sx, sy);
+  PainterCanvas canvas(painter, pageSize, std::sqrt(sx * sy));
+  drawing.Replay(canvas);
+}
+
+}  // namespace
+
+QString RenderToFile(const DisplayList& drawing, QSizeF pageSize, QSize size,
+                     const QString& path) {
+  const QString suffix = QFileInfo(path).suffix().toLower();
+  if (suffix == "png") {
+    QImage image(size, QImage::Format_ARGB32);
+    image.fill(Qt::white);
+    QPainter painter(&image);
+    Paint(drawing, painter, pageSize, size);
+    painter.end();
+    QSaveFile file(path);
+    if (!file.open(QIODevice::WriteOnly) || !image.save(&file, "PNG") || !file.commit()) {
+      return "cannot write " + path;
+    }
+    return {};
+  }
+  if (suffix == "svg" || suffix == "pdf") {
+    // Both writers open the file themselves: they write beside it, then rename.
+    const QString temporary = path + ".tmp";
+    bool painted = false;
+    if (suffix == "svg") {
+      QSvgGenerator svg;
+      svg.setFileName(temporary);
+      svg.setSize(size);
+      svg.setViewBox(QRect(QPoint(0, 0), size));
+      svg.setTitle("Kalvex");
+      QPainter painter;
+      if ((painted = painter.begin(&svg))) Paint(drawing, painter, pageSize, size);
+    } else {
+      QPdfWriter pdf(temporary);
+      pdf.setResolution(72);
+      pdf.setPageSize(QPageSize(QSizeF(size), QPageSize::Point));
+      pdf.setPageMargins(QMarginsF(0, 0, 0, 0));
+      pdf.setTitle("Kalvex");
+      QPainter painter;
+      if ((painted = painter.begin(&pdf))) Paint(drawing, painter, pageSize, size);
+    }
+    if (!painted || (QFile::exists(path) && !QFile::remove(path)) ||
+        !QFile::rename(temporary, path)) {
+      QFile::remove(temporary);
+      return "cannot write " + path;
+    }
+    return {};
+  }
+  return "the output must end in .png, .svg or .pdf: " + path;
+}
+
+}  // namespace kalvex

@@ -1,0 +1,52 @@
+#pragma once
+
+#include <QPainter>
+#include <functional>
+
+#include "platform/canvas.h"
+
+namespace kalvex {
+
+// A Canvas on a QPainter, so one drawing reaches a window, an image, an SVG,
+// a PDF or a printer. The painter maps page units to the device; line widths
+// are kept in device pixels (1 is one pixel on a page shown at 15 page units a
+// pixel, and grows with the page), so lines look right at any size.
+class PainterCanvas : public Canvas {
+ public:
+  // `pageSize` is the logical page; `pageToDevice` how many device pixels a
+  // page unit takes. `newPage` starts the next page of a paged device.
+  PainterCanvas(QPainter& painter, QSizeF pageSize, double pageToDevice,
+                std::function<void()> newPage = {});
+
+  void Clear(Colour background) override;
+  void FillRect(Point corner, Point opposite, Colour colour) override;
+  void OutlineRect(Point corner, Point opposite, Colour colour) override;
+  void FillEllipse(Point centre, double radiusX, double radiusY, Colour colour) override;
+  void Text(Point at, const std::string& text) override;
+  void SetLineWidth(double width) override;
+  void SetTextColour(Colour colour) override;
+  void SetFont(double points, bool bold) override;
+  void NewPage() override;
+
+  static QColor ToQColor(Colour colour);
+
+ protected:
+  void DrawLine(Point from, Point to, Colour colour) override;
+  void DrawEllipse(Point centre, double radiusX, double radiusY, double start, double end,
+                   Colour colour) override;
+
+ private:
+  QPen PenOf(Colour colour) const;
+
+  QPainter& painter_;
+  QSizeF pageSize_;
+  double pixelsPerWidth_;
+  std::function<void()> newPage_;
+  double lineWidth_ = 1;
+  QColor textColour_ = Qt::black;
+};
+
+// Page units in a printer's point: text sizes are given in points.
+inline constexpr double kPageUnitsPerPoint = 20;
+
+}  // namespace kalvex

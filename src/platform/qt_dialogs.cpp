@@ -1,0 +1,90 @@
+#include "platform/qt_dialogs.h"
+
+#include <QApplication>
+#include <QDateTime>
+#include <QElapsedTimer>
+#include <QFileDialog>
+#include <QMessageBox>
+#include <QThread>
+
+namespace kalvex {
+namespace {
+
+QWidget* ActiveWindow() { return QApplication::activeWindow(); }
+
+QMessageBox::StandardButtons ButtonsOf(MessageButtons buttons) {
+  switch (buttons) {
+    case MessageButtons::Ok: return QMessageBox::Ok;
+    case MessageButtons::OkCancel: return QMessageBox::Ok | QMessageBox::Cancel;
+    case MessageButtons::YesNo: return QMessageBox::Yes | QMessageBox::No;
+    case MessageButtons::YesNoCancel:
+      return QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel;
+  }
+  return QMessageBox::Ok;
+}
+
+QMessageBox::Icon IconOf(MessageIcon icon) {
+  switch (icon) {
+    case MessageIcon::Information: return QMessageBox::Information;
+    case MessageIcon::Warning: return QMessageBox::Warning;
+    case MessageIcon::Critical: return QMessageBox::Critical;
+    case MessageIcon::Question: return QMessageBox::Question;
+  }
+  return QMessageBox::Information;
+}
+
+}  // namespace
+
+QString QtFileFilter(const std::string& filter) {
+  const QString text = QString::fromStdString(filter);
+  const qsizetype bar = text.indexOf('|');
+  return bar < 0 ? text : text.left(bar);
+}
+
+MessageAnswer QtDialogs::Message(const std::string& text, const std::string& title,
+                                 MessageButtons buttons, MessageIcon icon) {
+  QString body = QString::fromStdString(text);
+  body.replace("\r\n", "\n");
+  QMessageBox box(IconOf(icon), QString::fromStdString(title.empty() ? kProgramTitle : title),
+                  body, ButtonsOf(buttons), ActiveWindow());
+  switch (box.exec()) {
+    case QMessageBox::Cancel: return MessageAnswer::Cancel;
+    case QMessageBox::Yes: return MessageAnswer::Yes;
+    case QMessageBox::No: return MessageAnswer::No;
+    default: return MessageAnswer::Ok;
+  }
+}
+
+std::string QtDialogs::ChooseOpenFile(const std::string& title, const std::string& filter,
+                                      const std::string& startName) {
+  return QFileDialog::getOpenFileName(ActiveWindow(), QString::fromStdString(title),
+                                      QString::fromStdString(startName), QtFileFilter(filter))
+      .toStdString();
+}
+
+std::string QtDialogs::ChooseSaveFile(const std::string& title, const std::string& filter,
+                                      const std::string& startName) {
+  return QFileDialog::getSaveFileName(ActiveWindow(), QString::fromStdString(title),
+                                      QString::fromStdString(startName), QtFileFilter(filter))
+      .toStdString();
+}
+
+void QtDialogs::Beep() { QApplication::beep(); }
+
+void QtDialogs::Pause(double seconds) {
+  // A monotonic clock: the wait ends on time also across midnight.
+  QElapsedTimer timer;
+  timer.start();
+  const qint64 wait = static_cast<qint64>(seconds * 1000);
+  QApplication::processEvents();
+  while (timer.elapsed() < wait) {
+    QApplication::processEvents(QEventLoop::AllEvents, 20);
+    QThread::msleep(10);
+  }
+}
+
+std::string QtDialogs::LocalDateTime() {
+  return QDateTime::currentDateTime().toString("yyyy-MM-dd hh:mm:ss").toStdString();
+}
+
+}  // namespace kalvex
