@@ -1,5 +1,6 @@
 #include "design/symbols.h"
 
+#include <algorithm>
 #include <array>
 #include <numbers>
 
@@ -250,7 +251,9 @@ void SymbolPen::SeriesParallelLCBody() {
   LineAt(0, 0, 80, 0);
   for (const double centre : {160, 320, 480}) ArcAt(centre, drop, 80, 0, kPi);
   LineAt(560, 0, 640, 0);
-  LineAt(0, kGroundRail, 800, kGroundRail);
+  // The ground rail runs on through the trailing lead, 160 units at most, so
+  // the gallery's short leads are not overshot.
+  LineAt(0, kGroundRail, 640 + std::min(160.0, lead_ / scale_), kGroundRail);
 }
 
 void SymbolPen::SeriesResistorBody() {

@@ -1,0 +1,199 @@
+#include <gtest/gtest.h>
+
+#include "design/symbols.h"
+#include "support/drawing_queries.h"
+#include "support/test_name.h"
+
+namespace kalvex {
+namespace {
+
+using Kind = DrawCommand::Kind;
+constexpr float kRv = 80;
+constexpr float kS = 0.9f;
+
+struct WidthCase {
+  SymbolFamily family;
+  int type;
+  double width;  // in units of the family's scale
+};
+
+class SymbolWidths : public ::testing::TestWithParam<WidthCase> {};
+
+// Every symbol advances the cursor by its width, and both rails run to its end.
+TEST_P(SymbolWidths, AdvanceByTheirWidthWithRailsToTheEnd) {
+  const WidthCase& c = GetParam();
+  DisplayList list;
+  SymbolPen pen(list, c.family, kRv, kS);
+  pen.ListX = 1000;
+  pen.ListY = 500;
+  pen.DrawElementSymbol(c.type);
+  const double scale = c.family == SymbolFamily::Strip ? kS : 1;
+  EXPECT_NEAR(pen.ListX, 1000 + c.width * scale, 1e-9);
+  EXPECT_EQ(pen.ListY, 500);
+  if (c.width > 0) {
+    EXPECT_NEAR(testing::RailEnd(list, 500), pen.ListX, 1e-9);
+    EXPECT_NEAR(testing::RailEnd(list, 500 + 1040 * scale), pen.ListX, 1e-9);
+  }
+}
+
+std::vector<WidthCase> Widths(SymbolFamily family, std::vector<double> widths) {
+  std::vector<WidthCase> cases;
+  for (std::size_t type = 0; type < widths.size(); ++type) {
+    if (widths[type] >= 0) cases.push_back({family, static_cast<int>(type), widths[type]});
+  }
+  return cases;
+}
+
+INSTANTIATE_TEST_SUITE_P(Design, SymbolWidths,
+                         ::testing::ValuesIn(Widths(SymbolFamily::Design,
+                                                    {960, 1000, 960, 1060, 960, 1120, 800, 960,
+                                                     1040, 1040, 640, 960, 1040, 0, 1000})));
+INSTANTIATE_TEST_SUITE_P(Strip, SymbolWidths,
+                         ::testing::ValuesIn(Widths(SymbolFamily::Strip,
+                                                    {-1, 960, 1200, 1500, 1200, 1400, 1240, 1240,
+                                                     1320, 1320, 1200, 1240, 1480, 600})));
+INSTANTIATE_TEST_SUITE_P(Gallery, SymbolWidths,
+                         ::testing::ValuesIn(Widths(SymbolFamily::Gallery,
+                                                    {-1, 760, 600, 1000, 600, 1060, 740, 840, 920,
+                                                     920, 400, 840, 880, 400})));
+
+struct MemberCase {
+  const char* name;
+  SymbolFamily family;
+  void (*draw)(SymbolPen&);
+  double width;  // unscaled
+};
+
+class OtherMembers : public ::testing::TestWithParam<MemberCase> {};
+
+TEST_P(OtherMembers, AdvanceByTheirWidth) {
+  DisplayList list;
+  SymbolPen pen(list, GetParam().family, kRv, kS);
+  pen.DrawElementSymbol(-1);  // not a type: draws nothing
+  EXPECT_TRUE(list.Commands().empty());
+  GetParam().draw(pen);
+  const double scale = GetParam().family == SymbolFamily::Strip ? kS : 1;
+  EXPECT_NEAR(pen.ListX, GetParam().width * scale, 1e-9) << GetParam().name;
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Family, OtherMembers,
+    ::testing::Values(
+        MemberCase{"design lead", SymbolFamily::Design, [](SymbolPen& p) { p.DrawLead(); }, 160},
+        MemberCase{"strip lead", SymbolFamily::Strip, [](SymbolPen& p) { p.DrawLead(); }, 300},
+        MemberCase{"gallery lead", SymbolFamily::Gallery, [](SymbolPen& p) { p.DrawLead(); }, 100},
+        MemberCase{"design separator", SymbolFamily::Design,
+                   [](SymbolPen& p) { p.DrawStageSeparator(); }, 320},
+        MemberCase{"strip separator", SymbolFamily::Strip,
+                   [](SymbolPen& p) { p.DrawStageSeparator(); }, 0},
+        MemberCase{"library separator", SymbolFamily::Design,
+                   [](SymbolPen& p) { p.DrawLibrarySeparator(); }, 120},
+        MemberCase{"design generator", SymbolFamily::Design,
+                   [](SymbolPen& p) { p.DrawGenerator(50); }, 0},
+        MemberCase{"strip generator", SymbolFamily::Strip,
+                   [](SymbolPen& p) { p.DrawGenerator(50); }, 300},
+        MemberCase{"design resistive load", SymbolFamily::Design,
+                   [](SymbolPen& p) { p.DrawLoadSymbol(0); }, 480},
+        MemberCase{"design inductive load", SymbolFamily::Design,
+                   [](SymbolPen& p) { p.DrawLoadSymbol(5); }, 1060},
+        MemberCase{"design capacitive load", SymbolFamily::Design,
+                   [](SymbolPen& p) { p.DrawLoadSymbol(-5); }, 1000},
+        MemberCase{"strip resistive load", SymbolFamily::Strip,
+                   [](SymbolPen& p) { p.DrawLoadSymbol(0); }, 600},
+        MemberCase{"strip inductive load", SymbolFamily::Strip,
+                   [](SymbolPen& p) { p.DrawLoadSymbol(5); }, 2100},
+        MemberCase{"strip capacitive load", SymbolFamily::Strip,
+                   [](SymbolPen& p) { p.DrawLoadSymbol(-5); }, 1560},
+        MemberCase{"padded shunt resistor", SymbolFamily::Design,
+                   [](SymbolPen& p) { p.DrawPaddedShuntResistor(); }, 640}),
+    [](const auto& info) { return testing::TestName(info.param.name); });
+
+TEST(Symbols, HighlightedDesignSymbolsGetTheirBackdropFirst) {
+  DisplayList list;
+  SymbolPen pen(list, SymbolFamily::Design, kRv);
+  pen.ListX = 2000;
+  pen.ListY = 700;
+  pen.HighlightFlag = RGB(17, 136, 17);
+  pen.DrawElementSymbol(SeriesCapacitor);
+  const DrawCommand& first = list.Commands().front();
+  ASSERT_EQ(first.kind, Kind::FillRect);
+  EXPECT_EQ(first.colour, kBackdropGreen);
+  EXPECT_EQ(first.a.x, 1800);
+  EXPECT_EQ(first.a.y, 500);
+  EXPECT_EQ(first.b.x, 3200);
+  EXPECT_EQ(first.b.y, 1900);
+  EXPECT_EQ(testing::LinesIn(list, RGB(17, 136, 17)).size(),
+            testing::OfKind(list, Kind::Line).size());
+
+  for (const auto& [family, type] : {std::pair{SymbolFamily::Design, 0},
+                                     std::pair{SymbolFamily::Strip, 1}}) {
+    DisplayList plain;
+    SymbolPen other(plain, family, kRv, kS);
+    other.HighlightFlag = 2;
+    other.DrawElementSymbol(type);
+    EXPECT_TRUE(testing::OfKind(plain, Kind::FillRect).empty());
+  }
+}
+
+TEST(Symbols, StageSeparatorIsAThickLightBlueLine) {
+  DisplayList list;
+  SymbolPen pen(list, SymbolFamily::Design, kRv);
+  pen.ListX = 3000;
+  pen.ListY = 700;
+  pen.DrawStageSeparator();
+  const auto blue = testing::LinesIn(list, kSeparatorBlue);
+  ASSERT_EQ(blue.size(), 1u);
+  EXPECT_EQ(blue[0].a.x, 3160);
+  EXPECT_EQ(blue[0].a.y, 300);
+  EXPECT_EQ(blue[0].b.y, 2140);
+  const auto widths = testing::OfKind(list, Kind::LineWidth);
+  ASSERT_EQ(widths.size(), 2u);
+  EXPECT_EQ(widths[0].value, 3);
+  EXPECT_EQ(widths[1].value, 1);
+}
+
+TEST(Symbols, StripExceptionsHangCoilsAndWidenTubes) {
+  DisplayList coil;
+  SymbolPen pen(coil, SymbolFamily::Strip, kRv, kS);
+  pen.ListY = 180;
+  pen.DrawElementSymbol(SeriesInductor);
+  for (const DrawCommand& arc : testing::OfKind(coil, Kind::Ellipse)) {
+    EXPECT_NEAR(arc.a.y, 210, 1e-9);
+    EXPECT_NEAR(arc.b.x, 80 * kS, 1e-4);
+  }
+
+  DisplayList line;
+  SymbolPen linePen(line, SymbolFamily::Strip, kRv, kS);
+  linePen.ListY = 180;
+  linePen.DrawElementSymbol(SeriesLine);
+  for (const DrawCommand& end : testing::OfKind(line, Kind::Ellipse)) {
+    EXPECT_NEAR(end.b.y, 80 * kS, 1e-4);  // radius 80·S, not the coil radius
+  }
+  EXPECT_GT(testing::RailEnd(line, 180 - 95 * static_cast<double>(kS)), 0);
+}
+
+TEST(Symbols, GalleryDrawsThickLinesAndKeepsThem) {
+  DisplayList list;
+  SymbolPen pen(list, SymbolFamily::Gallery, kRv);
+  pen.DrawElementSymbol(InsertPlaceholder);
+  const auto widths = testing::OfKind(list, Kind::LineWidth);
+  ASSERT_EQ(widths.size(), 2u);
+  EXPECT_EQ(widths.back().value, 2);
+}
+
+TEST(Symbols, GeneratorShowsTheSystemImpedance) {
+  DisplayList list;
+  SymbolPen pen(list, SymbolFamily::Design, kRv);
+  pen.ListX = 9000;
+  pen.ListY = 700;
+  pen.DrawGenerator(75);
+  const auto texts = testing::OfKind(list, Kind::Text);
+  ASSERT_EQ(texts.size(), 2u);
+  EXPECT_EQ(texts[0].text, "75 ");
+  EXPECT_EQ(texts[0].a.x, 9250);
+  EXPECT_EQ(texts[0].a.y, 1900);
+  EXPECT_EQ(texts[1].text, "GEN");
+}
+
+}  // namespace
+}  // namespace kalvex

@@ -1,0 +1,45 @@
+#pragma once
+
+#include <algorithm>
+#include <string>
+#include <vector>
+
+#include "platform/display_list.h"
+
+namespace kalvex::testing {
+
+// Questions tests ask of a display list.
+inline std::vector<DrawCommand> OfKind(const DisplayList& list, DrawCommand::Kind kind) {
+  std::vector<DrawCommand> found;
+  for (const DrawCommand& c : list.Commands()) {
+    if (c.kind == kind) found.push_back(c);
+  }
+  return found;
+}
+
+inline std::vector<DrawCommand> LinesIn(const DisplayList& list, Colour colour) {
+  std::vector<DrawCommand> found;
+  for (const DrawCommand& c : OfKind(list, DrawCommand::Kind::Line)) {
+    if (c.colour == colour) found.push_back(c);
+  }
+  return found;
+}
+
+// The largest x that a horizontal line at height y reaches.
+inline double RailEnd(const DisplayList& list, double y) {
+  double end = -1e9;
+  for (const DrawCommand& c : OfKind(list, DrawCommand::Kind::Line)) {
+    if (std::abs(c.a.y - y) < 1e-6 && std::abs(c.b.y - y) < 1e-6) {
+      end = std::max({end, c.a.x, c.b.x});
+    }
+  }
+  return end;
+}
+
+inline std::vector<std::string> Texts(const DisplayList& list) {
+  std::vector<std::string> texts;
+  for (const DrawCommand& c : OfKind(list, DrawCommand::Kind::Text)) texts.push_back(c.text);
+  return texts;
+}
+
+}  // namespace kalvex::testing
