@@ -2,6 +2,8 @@
 
 #include "design/design_page.h"
 #include "design/symbols.h"
+#include "files/exit_dialog.h"
+#include "files/network_file.h"
 #include "files/startup.h"
 #include "files/welcome_pictures.h"
 
@@ -32,6 +34,11 @@ void WelcomePage::Start() {
   design->setAttribute(Qt::WA_DeleteOnClose);
   design->show();
   CloseByProgram();
+}
+
+void WelcomePage::OnUserClose() {
+  WriteLastSession(session_, dialogs_);
+  EndProgram();
 }
 
 }  // namespace kalvex

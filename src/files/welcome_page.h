@@ -21,6 +21,10 @@ class WelcomePage : public Page {
   QLabel* lblVersion;
   float CoilArcRadius = 80;
 
+ protected:
+  // Closing the first window also ends the program, with the session saved.
+  void OnUserClose() override;
+
  private:
   void Start();
 

@@ -100,6 +100,11 @@ TEST_F(PagesInFolder, WelcomePageStartsTheSession) {
   EXPECT_EQ(session.ElementType[1], SeriesCapacitor);
   EXPECT_FLOAT_EQ(session.ChartAspect, 1.1f);
   EXPECT_FALSE(welcome.Drawing().Commands().empty());
+
+  std::filesystem::remove(kLastSessionFileName);
+  welcome.show();
+  welcome.close();  // the close box is a way out too
+  EXPECT_TRUE(std::filesystem::exists(kLastSessionFileName));
 }
 
 TEST_F(PagesInFolder, ExitDialogOnAnEmptyNetwork) {
