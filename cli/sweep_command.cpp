@@ -47,8 +47,9 @@ int RunSweep(const Command& command, const std::vector<std::string>& words, std:
     if (!ApplyLoadDataFile(session, dialogs, *load)) return kExitFailed;
   } else {
     // Option texts read as the sweep setup's boxes do, limits and messages included.
-    AcceptSweepSettings(session, dialogs, start ? ParseValue(*start) : session.SweepStart,
-                        stop ? ParseValue(*stop) : session.SweepStop,
+    AcceptSweepSettings(session, dialogs,
+                        start ? ParseValueUnlimited(*start) : session.SweepStart,
+                        stop ? ParseValueUnlimited(*stop) : session.SweepStop,
                         points ? ParseValue(*points) : session.SweepPoints);
   }
 

@@ -1,25 +1,211 @@
 #include "design/design_page.h"
 
+#include "chart/analysis_page.h"
+#include "design/design_values.h"
 #include "files/exit_dialog.h"
 #include "files/network_file.h"
 #include "files/welcome_pictures.h"
+#include "model/format.h"
+#include "model/options_page.h"
 
 namespace kalvex {
+namespace {
 
-DesignPage::DesignPage(Session& session, Dialogs& dialogs, float coilArcRadius)
+QPushButton* Button(QWidget* page, const char* caption, const char* toolTip = "") {
+  auto* button = new QPushButton(caption, page);
+  button->setToolTip(toolTip);
+  return button;
+}
+
+QString Q(const std::string& text) { return QString::fromStdString(text); }
+
+}  // namespace
+
+DesignPage::DesignPage(Session& session, Dialogs& dialogs)
     : Page({kDesignPageWidth, kDesignPageHeight}),
-      cmdExit(new QPushButton("End", this)),
+      lblSystemZ(new QLabel("System Z (ohms):", this)),
+      txtSystemZ(new QLineEdit(this)),
+      lblFrequency(new QLabel("System Freq. (Hz):", this)),
+      txtFrequency(new QLineEdit(this)),
+      lblInductorQ(new QLabel("Default Inductor Q:", this)),
+      txtInductorQ(new QLineEdit(this)),
+      lblCapacitorQ(new QLabel("Default Capacitor Q:", this)),
+      txtCapacitorQ(new QLineEdit(this)),
+      cmdAnalyze(Button(this, "Analyze", "Go to the Analyze page")),
+      cmdCompact(Button(this, "Compact", "Remove empty stages in the network")),
+      cmdSave(Button(this, "Save net", "Save the current network")),
+      cmdGetNet(Button(this, "Get net", "Get a previously-saved network")),
+      cmdExit(Button(this, "End", "Exit / quit the program")),
+      cmdGetLoad(Button(this, "Get freq/load")),
+      cmdEnterZ(Button(this, "Enter Z")),
+      cmdEnterFreq(Button(this, "Enter freq")),
+      cmdSetup(Button(this, "Setup")),
+      cmdSpice(Button(this, "Write LTspice")),
+      lblSelectElementToEdit(new QLabel("Click on a stage to enter, change or edit it", this)),
+      lblClickOnALibraryPart(new QLabel("Click on a library part to select it", this)),
+      cmdAccept(Button(this, "Accept", "Accept the values in the boxes")),
+      cmdDontAccept(Button(this, "Don't accept")),
+      lblRemove(new QLabel("The element at stage five will be removed if you Accept this entry",
+                           this)),
       session_(session),
       dialogs_(dialogs),
-      coilArcRadius_(coilArcRadius) {
-  setWindowTitle(QString::fromStdString("Kalvex " + session_.Version + " - Design " +
-                                        session_.FileName));
+      editor_(session, session.CoilArcRadius) {
+  for (int i = 0; i < 4; ++i) {
+    lblValue[i] = new QLabel(this);
+    txtValue[i] = new QLineEdit(this);
+    connect(txtValue[i], &QLineEdit::textChanged, this,
+            [this, i](const QString& text) { editor_.controls.value[i].text = text.toStdString(); });
+  }
+  lblRemove->setWordWrap(true);
   resize(1220, 920);
-  cmdExit->setToolTip("Exit / quit the program");
-  Place(cmdExit, 500, 7600, 1400, 300);
+  PlaceControls();
+
+  // Each box is live in the session on every change, typed or written here.
+  connect(txtSystemZ, &QLineEdit::textChanged, this,
+          [this](const QString& t) { session_.SystemZ = ParseValue(t.toStdString()); });
+  connect(txtFrequency, &QLineEdit::textChanged, this,
+          [this](const QString& t) { session_.Frequency = ParseValue(t.toStdString()); });
+  connect(txtCapacitorQ, &QLineEdit::textChanged, this, [this](const QString& t) {
+    session_.DefaultCapacitorQ = static_cast<float>(ParseValue(t.toStdString()));
+  });
+  connect(txtInductorQ, &QLineEdit::textChanged, this, [this](const QString& t) {
+    session_.DefaultInductorQ = static_cast<float>(ParseValue(t.toStdString()));
+  });
+
+  connect(cmdAccept, &QPushButton::clicked, this, [this] {
+    editor_.Accept();
+    ShowEditor();
+  });
+  connect(cmdDontAccept, &QPushButton::clicked, this, [this] {
+    editor_.DontAccept();
+    ShowEditor();
+  });
+  connect(cmdCompact, &QPushButton::clicked, this, [this] {
+    editor_.Compact();
+    ReopenDesignPage();
+  });
+  connect(cmdAnalyze, &QPushButton::clicked, this, &DesignPage::Analyze);
+  connect(cmdSave, &QPushButton::clicked, this, &DesignPage::SaveNetwork);
+  connect(cmdGetNet, &QPushButton::clicked, this, &DesignPage::GetNetwork);
+  connect(cmdSetup, &QPushButton::clicked, this, &DesignPage::OpenOptions);
   connect(cmdExit, &QPushButton::clicked, this,
           [this] { ExitDialog(session_, dialogs_, this).exec(); });
-  stageX_ = DrawDesignPage(session_, Drawing(), coilArcRadius_);
+  OpenDesignPage();
+}
+
+void DesignPage::PlaceControls() {
+  Place(lblSystemZ, 500, 3200, 1700, 300);
+  Place(txtSystemZ, 2200, 3200, 900, 300);
+  Place(lblFrequency, 500, 3600, 1700, 300);
+  Place(txtFrequency, 2200, 3600, 900, 330);
+  Place(lblInductorQ, 500, 4000, 1700, 300);
+  Place(txtInductorQ, 2200, 4000, 900, 300);
+  Place(lblCapacitorQ, 500, 4400, 1700, 300);
+  Place(txtCapacitorQ, 2200, 4400, 900, 300);
+  Place(cmdAnalyze, 500, 5500, 1400, 300);
+  Place(cmdCompact, 500, 5850, 1400, 300);
+  Place(cmdSave, 500, 6200, 1400, 300);
+  Place(cmdGetNet, 500, 6550, 1400, 300);
+  Place(cmdExit, 500, 7600, 1400, 300);
+  for (QPushButton* hidden : {cmdGetLoad, cmdEnterZ, cmdEnterFreq, cmdSetup, cmdSpice}) {
+    hidden->hide();
+  }
+  Place(lblSelectElementToEdit, 3000, 2600, 3500, 300);
+  Place(lblClickOnALibraryPart, 3500, 4900, 3500, 300);
+  for (int i = 0; i < 4; ++i) {
+    Place(lblValue[i], 5050, 3100 + 500 * i, 2200, i == 0 ? 330 : 300);
+    Place(txtValue[i], 7380, 3050 + 500 * i, 1500, 330);
+  }
+  Place(cmdAccept, 9300, 4400, 1470, 330);
+  Place(cmdDontAccept, 9300, 4750, 1470, 330);
+  Place(lblRemove, 7000, 4300, 2000, 660);
+}
+
+void DesignPage::OpenDesignPage() {
+  setWindowTitle(Q(DesignCaption(session_)));
+  const DesignValueTexts texts = PrepareDesignValues(session_);
+  txtCapacitorQ->setText(Q(texts.capacitorQ));
+  txtInductorQ->setText(Q(texts.inductorQ));
+  txtSystemZ->setText(Q(texts.systemZ));
+  txtFrequency->setText(Q(texts.frequency));
+  editor_.Open();
+  ShowEditor();
+}
+
+void DesignPage::ReopenDesignPage() {
+  // The Analysis page's opening sequence runs once, as a visit would run it,
+  // without showing it.
+  AnalysisPage(session_, dialogs_).CloseByProgram();
+  OpenDesignPage();
+}
+
+// Mirrors the editor's controls and drawing into the widgets.
+void DesignPage::ShowEditor() {
+  const EditorControls& c = editor_.controls;
+  for (int i = 0; i < 4; ++i) {
+    lblValue[i]->setText(Q(c.value[i].caption));
+    lblValue[i]->setVisible(c.value[i].shown);
+    if (txtValue[i]->text() != Q(c.value[i].text)) txtValue[i]->setText(Q(c.value[i].text));
+    txtValue[i]->setVisible(c.value[i].shown);
+  }
+  cmdAccept->setVisible(c.acceptShown);
+  cmdDontAccept->setVisible(c.dontAcceptShown);
+  lblRemove->setVisible(c.removeShown);
+  lblSelectElementToEdit->setVisible(c.selectHintShown);
+  lblClickOnALibraryPart->setVisible(c.libraryHintShown);
+  cmdAnalyze->setEnabled(c.analyzeEnabled);
+  editor_.Compose(Drawing());
+  update();
+}
+
+void DesignPage::OnMouseDown(int, double x, double y) {
+  editor_.MouseDown(x, y);
+  ShowEditor();
+}
+
+void DesignPage::Analyze() {
+  std::string systemZ = txtSystemZ->text().toStdString();
+  std::string frequency = txtFrequency->text().toStdString();
+  LimitDesignValues(session_, dialogs_, systemZ, frequency);
+  // Rewriting a box re-reads it, as any change does.
+  if (txtSystemZ->text() != Q(systemZ)) txtSystemZ->setText(Q(systemZ));
+  if (txtFrequency->text() != Q(frequency)) txtFrequency->setText(Q(frequency));
+  auto* analysis = new AnalysisPage(session_, dialogs_);
+  analysis->setAttribute(Qt::WA_DeleteOnClose);
+  analysis->show();
+  setAttribute(Qt::WA_DeleteOnClose);
+  CloseByProgram();
+}
+
+// A cancelled chooser changes nothing: no file is written and FileName keeps
+// the name chosen before.
+void DesignPage::SaveNetwork() {
+  const std::string chosen =
+      dialogs_.ChooseSaveFile("Save Kalvex network file", kNetworkFileFilter, session_.FileName);
+  if (chosen.empty()) return;
+  session_.FileName = chosen;
+  WriteNetworkFile(session_, dialogs_, session_.FileName);
+}
+
+// A cancelled chooser leaves the network as it is, after the reader's message.
+void DesignPage::GetNetwork() {
+  const std::string chosen =
+      dialogs_.ChooseOpenFile("Read Kalvex network file", kNetworkFileFilter, session_.FileName);
+  if (chosen.empty()) {
+    ReadNetworkFile(session_, dialogs_, chosen);
+    return;
+  }
+  session_.FileName = chosen;
+  ReadNetworkFile(session_, dialogs_, session_.FileName);
+  ReopenDesignPage();
+}
+
+void DesignPage::OpenOptions() {
+  auto* options = new OptionsPage(session_, dialogs_);
+  options->setAttribute(Qt::WA_DeleteOnClose);
+  options->show();
+  setAttribute(Qt::WA_DeleteOnClose);
+  CloseByProgram();
 }
 
 void DesignPage::OnUserClose() {

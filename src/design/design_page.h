@@ -1,32 +1,75 @@
 #pragma once
 
+#include <QLabel>
+#include <QLineEdit>
 #include <QPushButton>
+#include <array>
 
-#include "design/schematic.h"
+#include "design/network_editor.h"
 #include "model/session.h"
 #include "platform/dialogs.h"
 #include "platform/page.h"
 
 namespace kalvex {
 
-// The Design page: the schematic of the network over the parts library, and
-// the "End" button. Its close box saves the last session and ends the program.
+// The Design page: the schematic over the parts library, the network editor's
+// boxes, the design values (system impedance, frequency, default Qs) and the
+// ways to the Analysis page, the network files and the exit dialog. Its close
+// box saves the last session and ends the program.
 class DesignPage : public Page {
   Q_OBJECT
 
  public:
-  DesignPage(Session& session, Dialogs& dialogs, float coilArcRadius);
+  DesignPage(Session& session, Dialogs& dialogs);
 
+  // Rebuilds the page from the session, as after reading a network.
+  void ReopenDesignPage();
+
+  QLabel* lblSystemZ;
+  QLineEdit* txtSystemZ;
+  QLabel* lblFrequency;
+  QLineEdit* txtFrequency;
+  QLabel* lblInductorQ;
+  QLineEdit* txtInductorQ;
+  QLabel* lblCapacitorQ;
+  QLineEdit* txtCapacitorQ;
+  QPushButton* cmdAnalyze;
+  QPushButton* cmdCompact;
+  QPushButton* cmdSave;
+  QPushButton* cmdGetNet;
   QPushButton* cmdExit;
+  QPushButton* cmdGetLoad;
+  QPushButton* cmdEnterZ;
+  QPushButton* cmdEnterFreq;
+  QPushButton* cmdSetup;
+  QPushButton* cmdSpice;
+
+  QLabel* lblSelectElementToEdit;
+  QLabel* lblClickOnALibraryPart;
+  std::array<QLabel*, 4> lblValue;    // lblValue1..4
+  std::array<QLineEdit*, 4> txtValue; // txtValue1..4
+  QPushButton* cmdAccept;
+  QPushButton* cmdDontAccept;
+  QLabel* lblRemove;
+
+  NetworkEditor& Editor() { return editor_; }
 
  protected:
+  void OnMouseDown(int button, double x, double y) override;
   void OnUserClose() override;
 
  private:
+  void OpenDesignPage();
+  void PlaceControls();
+  void ShowEditor();
+  void Analyze();
+  void SaveNetwork();
+  void GetNetwork();
+  void OpenOptions();
+
   Session& session_;
   Dialogs& dialogs_;
-  float coilArcRadius_;
-  StagePositions stageX_{};
+  NetworkEditor editor_;
 };
 
 }  // namespace kalvex

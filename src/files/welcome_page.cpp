@@ -17,7 +17,7 @@ WelcomePage::WelcomePage(Session& session, Dialogs& dialogs)
       dialogs_(dialogs) {
   resize(1200, 900);
   StartSession(session_);
-  CoilArcRadius = CoilArcRadiusFor(width(), height());
+  session_.CoilArcRadius = CoilArcRadiusFor(width(), height());
   setWindowTitle(QString::fromStdString(WelcomeCaption(session_)));
 
   cmdStart->setToolTip("Start the program");
@@ -25,12 +25,12 @@ WelcomePage::WelcomePage(Session& session, Dialogs& dialogs)
   Place(lblVersion, 1600, 6800, 5000, 330);
   lblVersion->setText(QString::fromStdString("Version " + session_.Version +
                                              " from Brenlow Software"));
-  DrawWelcomePage(Drawing(), session_.ChartAspect, CoilArcRadius);
+  DrawWelcomePage(Drawing(), session_.ChartAspect, session_.CoilArcRadius);
   connect(cmdStart, &QPushButton::clicked, this, &WelcomePage::Start);
 }
 
 void WelcomePage::Start() {
-  auto* design = new DesignPage(session_, dialogs_, CoilArcRadius);
+  auto* design = new DesignPage(session_, dialogs_);
   design->setAttribute(Qt::WA_DeleteOnClose);
   design->show();
   CloseByProgram();

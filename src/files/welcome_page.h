@@ -19,7 +19,6 @@ class WelcomePage : public Page {
 
   QPushButton* cmdStart;
   QLabel* lblVersion;
-  float CoilArcRadius = 80;
 
  protected:
   // Closing the first window also ends the program, with the session saved.

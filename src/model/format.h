@@ -21,6 +21,11 @@ std::string FormatInductance(double value);    // "2.2 nH", "150 uH"
 // Never fails: unreadable text gives 0, the result is kept within ±1E+10.
 double ParseValue(std::string_view text);
 
+// ParseValue without its ±1E+10 limit (too large an exponent gives infinity),
+// for the entries whose own limits tell the user that an entry above 10 GHz
+// was reset: "20G" reads as 2E+10 here.
+double ParseValueUnlimited(std::string_view text);
+
 // Number texts of the network file: N(x) for doubles (15 significant digits)
 // and singles (7), I(n) for integers. All end with one space: " 14000000 ".
 std::string FileNumber(double value);

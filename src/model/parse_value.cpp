@@ -1,4 +1,5 @@
 #include <cctype>
+#include <limits>
 #include <string>
 
 #include "model/format.h"
@@ -30,6 +31,13 @@ double MultiplierOf(char letter) {
 }  // namespace
 
 double ParseValue(std::string_view text) {
+  const double value = ParseValueUnlimited(text);
+  if (value > kParseLimit) return kParseLimit;
+  if (value < -kParseLimit) return -kParseLimit;
+  return value;
+}
+
+double ParseValueUnlimited(std::string_view text) {
   text = Trim(text).substr(0, kMaxTextLength);
 
   // Collect the characters that make up a number, skipping everything else.
@@ -64,11 +72,9 @@ double ParseValue(std::string_view text) {
   }
 
   const NumericPrefix number = ReadNumericPrefix(kept);
-  if (number.overflowed) return kParseLimit;
-  const double value = number.value * multiplier;
-  if (value > kParseLimit) return kParseLimit;
-  if (value < -kParseLimit) return -kParseLimit;
-  return value;
+  // An exponent too large to represent reads as the largest value, whatever its sign.
+  if (number.overflowed) return std::numeric_limits<double>::infinity();
+  return number.value * multiplier;
 }
 
 }  // namespace kalvex

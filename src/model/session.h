@@ -109,6 +109,10 @@ struct Session {
   Colour ArcColour = 0;
   int16_t SweepShown = 0;
 
+  // Radius of the vertical coil arcs and line-tube ends of the schematic
+  // symbols, set once by the welcome page from its proportions.
+  float CoilArcRadius = 80;
+
   // Normal background colour of the controls of the Design and Analysis pages.
   Colour DesignControlColour = 0;
   Colour AnalysisControlColour = 0;

@@ -43,8 +43,8 @@ void Page::ApplyPlacement(const Placement& placement) {
                                  static_cast<int>(std::lround(p.width() * sx)),
                                  static_cast<int>(std::lround(p.height() * sy)));
   QFont font = placement.control->font();
-  font.setPixelSize(std::max(6, static_cast<int>(std::lround(kControlFontPoints *
-                                                             kPageUnitsPerPoint * sy))));
+  font.setPixelSize(
+      std::max(6, static_cast<int>(std::lround(PageFontSize(logicalSize_.height()) * sy))));
   placement.control->setFont(font);
 }
 

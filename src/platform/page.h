@@ -9,10 +9,6 @@
 
 namespace kalvex {
 
-// Control fonts: 0.0008 × the screen height in twips, in points, for a
-// 1080-line screen; they grow and shrink with the page.
-inline constexpr double kControlFontPoints = 0.0008 * 1080 * 15;
-
 // A window that works in logical page units, as every Kalvex page does: its
 // drawing is a display list in page units stretched to the window, its
 // controls keep their places and fonts in proportion when the window is

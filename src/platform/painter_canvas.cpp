@@ -8,7 +8,6 @@ namespace {
 
 // Page units per pixel of a page shown at its natural size (twips).
 constexpr double kReferenceUnitsPerPixel = 15;
-constexpr double kDefaultFontPoints = 10;
 
 QPointF ToQt(Point p) { return {p.x, p.y}; }
 
@@ -26,7 +25,7 @@ PainterCanvas::PainterCanvas(QPainter& painter, QSizeF pageSize, double pageToDe
       newPage_(std::move(newPage)) {
   painter_.setRenderHint(QPainter::Antialiasing);
   painter_.setRenderHint(QPainter::TextAntialiasing);
-  SetFont(kDefaultFontPoints, false);
+  SetFont(PageFontSize(pageSize.height()) / kPageUnitsPerPoint, false);
 }
 
 QColor PainterCanvas::ToQColor(Colour colour) {

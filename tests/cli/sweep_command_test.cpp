@@ -54,6 +54,13 @@ TEST_F(SweepCommandTest, LimitsSayWhatTheyReset) {
   EXPECT_EQ(SplitLines(out.str()).size(), 4u);  // heading and three points
 }
 
+TEST_F(SweepCommandTest, EntriesAboveTenGigahertzAreToldTheyWereReset) {
+  EXPECT_EQ(RunSweep({"--start", "20G", "--stop", "30G", "--table"}), kExitOk);
+  EXPECT_EQ(err.str(),
+            "Start frequency has been reset to the maximum allowed (10 gHz)\n"
+            "Stop frequency has been reset to the maximum allowed.\n");
+}
+
 TEST_F(SweepCommandTest, LoadDataRunsOverTheFilePoints) {
   EXPECT_EQ(RunSweep({"--load", KALVEX_EXAMPLES_DIR "/dipole20m.RJX", "-o", PathOf("out.DAT")}),
             kExitOk);

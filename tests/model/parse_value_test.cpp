@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <limits>
+
 #include "model/format.h"
 
 namespace kalvex {
@@ -46,6 +48,13 @@ INSTANTIATE_TEST_SUITE_P(
                       ParseRow{"1.5e+2", 150},
                       ParseRow{"123456789012k", 1e10},  // the "k" is cut off at 12 characters
                       ParseRow{"1.00000000001", 1}));  // the last digit is cut off
+
+TEST(ParseValueUnlimited, KeepsEntriesAboveTheLimit) {
+  EXPECT_EQ(ParseValueUnlimited("20G"), 2e10);
+  EXPECT_EQ(ParseValueUnlimited("-99999999999"), -99999999999.0);
+  EXPECT_EQ(ParseValueUnlimited("1e999"), std::numeric_limits<double>::infinity());
+  EXPECT_EQ(ParseValueUnlimited("4k7"), 4000);
+}
 
 TEST(ParseValue, ReadsBackWhatTheFormatsWrite) {
   for (const double value : {1e-10, 4.7e-9, 2.2e-5, 0.047}) {

@@ -96,7 +96,7 @@ TEST_F(PagesInFolder, WelcomePageStartsTheSession) {
   EXPECT_EQ(welcome.lblVersion->text(), "Version 2.12 from Brenlow Software");
   EXPECT_EQ(welcome.cmdStart->text(), "Start");
   EXPECT_EQ(welcome.cmdStart->toolTip(), "Start the program");
-  EXPECT_FLOAT_EQ(welcome.CoilArcRadius, 80);
+  EXPECT_FLOAT_EQ(session.CoilArcRadius, 80);
   EXPECT_EQ(session.ElementType[1], SeriesCapacitor);
   EXPECT_FLOAT_EQ(session.ChartAspect, 1.1f);
   EXPECT_FALSE(welcome.Drawing().Commands().empty());
@@ -141,7 +141,7 @@ TEST_F(PagesInFolder, ExitDialogSaveThenExit) {
 
 TEST_F(PagesInFolder, DesignPageCloseBoxSavesTheLastSession) {
   InitialiseSession(session);
-  DesignPage page(session, dialogs, 80);
+  DesignPage page(session, dialogs);
   EXPECT_EQ(page.windowTitle(), "Kalvex 2.12 - Design ");
   page.show();
   page.close();
@@ -162,6 +162,89 @@ TEST_F(PagesInFolder, RenderWritesAnImageOfTheAskedSize) {
   EXPECT_EQ(RunCli({"render", "--page", "design", "-o", "x.bmp"}, out, err), kExitFailed);
   EXPECT_EQ(RunCli({"render", "--page", "design", "--size", "big", "-o", "x.png"}, out, err),
             kExitUsage);
+}
+
+}  // namespace
+}  // namespace kalvex
+
+namespace kalvex {
+namespace {
+
+// The Design page driven with clicks in page units, as a user drives it.
+class DesignPageTest : public PagesInFolder {
+ protected:
+  void SetUp() override {
+    PagesInFolder::SetUp();
+    InitialiseSession(session);
+    page = std::make_unique<DesignPage>(session, dialogs);
+    page->show();
+  }
+  void Click(double x, double y) {
+    const QPoint at(static_cast<int>(x * page->width() / 12200.0),
+                    static_cast<int>(y * page->height() / 9200.0));
+    QTest::mouseClick(page.get(), Qt::LeftButton, {}, at);
+  }
+
+  std::unique_ptr<DesignPage> page;
+};
+
+TEST_F(DesignPageTest, BuildsAStageFromTheLibrary) {
+  EXPECT_EQ(page->windowTitle(), "Kalvex 2.12 - Design ");
+  EXPECT_EQ(page->txtFrequency->text(), " 1 M");
+  EXPECT_TRUE(page->cmdSetup->isHidden());
+  Click(page->Editor().StageX[2] + 300, 1000);  // stage 2
+  EXPECT_TRUE(page->lblClickOnALibraryPart->isVisible());
+  Click(4000, 6000);  // the series capacitor
+  EXPECT_FALSE(page->cmdAnalyze->isEnabled());
+  EXPECT_EQ(page->lblValue[0]->text(), "Capacitance (F): ");
+  EXPECT_TRUE(page->txtValue[1]->isVisible());
+  page->txtValue[0]->setText("47p");
+  page->txtValue[1]->setText("500");
+  page->cmdAccept->click();
+  EXPECT_EQ(session.ElementType[2], SeriesCapacitor);
+  EXPECT_DOUBLE_EQ(session.Value[2][1], 47e-12);
+  EXPECT_EQ(session.Value[2][2], 500);
+  EXPECT_TRUE(page->cmdAnalyze->isEnabled());
+  EXPECT_FALSE(page->txtValue[0]->isVisible());
+}
+
+TEST_F(DesignPageTest, ValueBoxesAreLiveInTheSession) {
+  page->txtSystemZ->setText("75");
+  EXPECT_EQ(session.SystemZ, 75);
+  page->txtInductorQ->setText("0");
+  EXPECT_EQ(session.DefaultInductorQ, 0);
+  page->txtFrequency->setText("5k");
+  page->cmdAnalyze->click();
+  EXPECT_EQ(dialogs.MessageTexts(),
+            std::vector<std::string>{"Frequency has been reset to the minimum allowed (10kHz)."});
+  EXPECT_EQ(session.Frequency, 10000);
+  EXPECT_EQ(page->txtFrequency->text(), " 10 k");
+}
+
+TEST_F(DesignPageTest, GetNetShowsTheFileInTheCaption) {
+  Session saved;
+  InitialiseSession(saved);
+  saved.ElementType[1] = SeriesResistor;
+  saved.Value[1][1] = 22;
+  saved.QCircle = 2;
+  saved.VSWRCircle = 2;
+  saved.SweepStart = 1e6;
+  saved.SweepStop = 2e6;
+  saved.SweepPoints = 11;
+  WriteNetworkFile(saved, dialogs, "tuner");
+  dialogs.fileNames.push_back("tuner.SSF");
+  page->cmdGetNet->click();
+  EXPECT_EQ(page->windowTitle(), "Kalvex 2.12 - Design tuner.SSF");
+  EXPECT_EQ(session.ElementType[1], SeriesResistor);
+
+  page->cmdGetNet->click();  // cancelled: the network stays
+  EXPECT_EQ(dialogs.MessageTexts().back(),
+            "No file was chosen;  we are exiting the file-reading routine.");
+  EXPECT_EQ(session.ElementType[1], SeriesResistor);
+  EXPECT_EQ(session.FileName, "tuner.SSF");
+
+  page->cmdSave->click();  // cancelled: nothing is written
+  EXPECT_EQ(dialogs.chooserTitles.back(), "Save Kalvex network file");
 }
 
 }  // namespace

@@ -1,0 +1,238 @@
+#include <gtest/gtest.h>
+
+#include "design/network_editor.h"
+
+namespace kalvex {
+namespace {
+
+struct PickCase {
+  double x, y;
+  int part;
+};
+
+class LibraryIntervals : public ::testing::TestWithParam<PickCase> {};
+
+TEST_P(LibraryIntervals, PickThePartUnderTheClick) {
+  EXPECT_EQ(LibraryPartAt(GetParam().x, GetParam().y), GetParam().part)
+      << GetParam().x << "," << GetParam().y;
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    BothRows, LibraryIntervals,
+    ::testing::Values(
+        PickCase{2500, 6000, -1}, PickCase{2501, 6000, 0}, PickCase{3500, 6000, 0},
+        PickCase{3501, 6000, 1}, PickCase{4700, 6000, 1}, PickCase{4701, 6000, 2},
+        PickCase{5800, 6000, 2}, PickCase{5801, 6000, 3}, PickCase{7000, 6000, 3},
+        PickCase{7001, 6000, 4}, PickCase{8000, 6000, 4}, PickCase{8001, 6000, 5},
+        PickCase{9200, 6000, 5}, PickCase{9201, 6000, 6}, PickCase{11299, 6000, 6},
+        PickCase{3000, 7500, 7}, PickCase{3501, 7500, 8}, PickCase{4701, 7500, 9},
+        PickCase{5801, 7500, 10}, PickCase{6900, 7500, 10}, PickCase{6901, 7500, 11},
+        PickCase{8001, 7500, 12}, PickCase{9001, 7500, 13}, PickCase{10000, 7500, 13},
+        PickCase{10001, 7500, 14},
+        // Between and outside the rows nothing is picked.
+        PickCase{3000, 5400, -1}, PickCase{3000, 6900, -1}, PickCase{3000, 7000, -1},
+        PickCase{3000, 8200, -1}));
+
+class NetworkEditorTest : public ::testing::Test {
+ protected:
+  void SetUp() override {
+    InitialiseSession(session);
+    session.DefaultCapacitorQ = 1000;
+    session.DefaultInductorQ = 100;
+    editor.Open();
+  }
+
+  // A click in the middle of stage s's cell, then on the library at (x, y).
+  void Pick(int stage, double x, double y) {
+    editor.MouseDown(editor.StageX[stage] + 200, 1000);
+    editor.MouseDown(x, y);
+  }
+  void PickType(int stage, int type) {
+    static constexpr double kX[] = {3000, 4000, 5000, 6500, 7500, 8500, 10000,
+                                    3000, 4000, 5000, 6500, 7500, 8500, 9500, 10500};
+    Pick(stage, kX[type], type <= 6 ? 6000 : 7500);
+  }
+  void Type(std::initializer_list<const char*> texts) {
+    int i = 0;
+    for (const char* text : texts) editor.controls.value[i++].text = text;
+  }
+  void SetStage(int s, int16_t type, std::array<double, 5> v) {
+    session.ElementType[s] = type;
+    for (int k = 1; k <= 4; ++k) session.Value[s][k] = v[k];
+  }
+
+  Session session;
+  NetworkEditor editor{session, 80};
+};
+
+TEST_F(NetworkEditorTest, SelectingTheLoadShowsItsValues) {
+  session.Value[0][1] = 36.5;
+  session.Value[0][2] = -12;
+  editor.Open();
+  editor.MouseDown(editor.StageX[1] - 600, 1000);
+  EXPECT_EQ(editor.EditStage, 0);
+  EXPECT_EQ(editor.LibraryArmed, 0);
+  EXPECT_EQ(editor.controls.value[0].caption, "R (ohms): ");
+  EXPECT_EQ(editor.controls.value[0].text, "36.5 ");
+  EXPECT_EQ(editor.controls.value[1].caption, "X (ohms): ");
+  EXPECT_EQ(editor.controls.value[1].text, "-12 ");
+  EXPECT_TRUE(editor.controls.value[1].shown);
+  EXPECT_FALSE(editor.controls.value[2].shown);
+  EXPECT_TRUE(editor.controls.acceptShown);
+  EXPECT_FALSE(editor.controls.dontAcceptShown);
+
+  Type({"0.05", "7"});
+  editor.Accept();
+  EXPECT_EQ(session.Value[0][1], 50);  // below 0.1 ohm
+  EXPECT_EQ(session.Value[0][2], 7);
+  EXPECT_EQ(editor.EditStage, NetworkEditor::kNothing);
+}
+
+TEST_F(NetworkEditorTest, StageBandsAndTheirEdges) {
+  editor.MouseDown(editor.StageX[1], 1000);  // exactly on the edge: nothing
+  EXPECT_EQ(editor.EditStage, NetworkEditor::kNothing);
+  editor.MouseDown(editor.StageX[3] + 1, 1000);
+  EXPECT_EQ(editor.EditStage, 3);
+  EXPECT_EQ(editor.LibraryArmed, 1);
+  EXPECT_TRUE(editor.controls.libraryHintShown);
+  EXPECT_FALSE(editor.controls.selectHintShown);
+  editor.MouseDown(editor.StageX[5] + 1200, 1000);  // right part of stage 5's cell
+  EXPECT_EQ(editor.EditStage, 3);
+  editor.MouseDown(editor.StageX[5] + 1199, 1000);
+  EXPECT_EQ(editor.EditStage, 5);
+  editor.MouseDown(editor.StageX[2] + 10, 1900);  // below the band
+  EXPECT_EQ(editor.EditStage, 5);
+}
+
+TEST_F(NetworkEditorTest, LibraryClickWithoutAStageDoesNothing) {
+  editor.MouseDown(4000, 6000);
+  EXPECT_EQ(session.ElementType[1], Empty);
+  EXPECT_TRUE(editor.controls.analyzeEnabled);
+}
+
+struct AcceptCase {
+  const char* name;
+  int type;
+  std::vector<const char*> texts;
+  std::array<double, 5> stored;
+  int shownType = -1;  // after the redraw; -1: the type itself
+};
+
+class AcceptCoercion : public NetworkEditorTest, public ::testing::WithParamInterface<AcceptCase> {};
+
+TEST_P(AcceptCoercion, StoresTheValuesWithinRange) {
+  const AcceptCase& c = GetParam();
+  PickType(2, c.type);
+  EXPECT_FALSE(editor.controls.analyzeEnabled);  // Analyze waits for the decision
+  int i = 0;
+  for (const char* text : c.texts) editor.controls.value[i++].text = text;
+  editor.Accept();
+  // A stub of no length is stored, then shown as a wire by the redraw.
+  EXPECT_EQ(session.ElementType[2], c.shownType < 0 ? c.type : c.shownType) << c.name;
+  for (int k = 1; k <= 4; ++k) EXPECT_DOUBLE_EQ(session.Value[2][k], c.stored[k]) << c.name << k;
+  EXPECT_TRUE(editor.controls.analyzeEnabled);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    EveryType, AcceptCoercion,
+    ::testing::Values(
+        AcceptCase{"series C zeros", 1, {"0", "0"}, {0, 1e-12, 1000}},
+        AcceptCase{"shunt C", 2, {"-100p", "1"}, {0, 1e-10, 2}},
+        AcceptCase{"series L negative", 3, {"-10n", "-50"}, {0, -1e-8, 50}},
+        AcceptCase{"shunt L default Q", 4, {"-10n", "0"}, {0, -1e-8, 100}},
+        AcceptCase{"line", 5, {"0", "1k", "-75"}, {0, 1, 10000, 75}},
+        AcceptCase{"line 20G", 5, {"30", "20G", "0"}, {0, 30, 1e10, 1}},
+        AcceptCase{"shorted stub", 6, {"0", "14M", "0.5"}, {0, 0, 14e6, 1}, Empty},
+        AcceptCase{"open stub", 7, {"45", "14M", "50"}, {0, 45, 14e6, 50}},
+        AcceptCase{"shunt shorted stub", 8, {"-90", "7M", "300"}, {0, 90, 7e6, 300}},
+        AcceptCase{"shunt open stub", 9, {"10", "5", "50"}, {0, 10, 10000, 50}},
+        AcceptCase{"shunt LC", 10, {"1p", "0", "-1", "0"}, {0, 1e-9, 100, 1, 1000}},
+        AcceptCase{"series LC keeps C sign", 11, {"1u", "3", "-5p", "1"},
+                   {0, 1e-6, 3, 1e-12, 2}},
+        AcceptCase{"series R", 12, {"0.5"}, {0, 1}},
+        AcceptCase{"shunt R", 13, {"-2k"}, {0, 2000}}),
+    [](const auto& info) {
+      std::string name = info.param.name;
+      for (char& ch : name) ch = std::isalnum(static_cast<unsigned char>(ch)) ? ch : '_';
+      return name;
+    });
+
+TEST_F(NetworkEditorTest, PickingShowsThePartsCaptionsAndPrefills) {
+  SetStage(1, SeriesLine, {0, 45, 14e6, 75});
+  editor.Open();
+  PickType(1, SeriesOpenStub);  // another line type keeps nothing: values zeroed
+  EXPECT_EQ(session.Value[1][1], 0);
+  EXPECT_EQ(editor.controls.value[2].caption, "Impedance (ohms): ");
+  EXPECT_TRUE(editor.controls.dontAcceptShown);
+  editor.DontAccept();
+  PickType(1, SeriesLine);  // the same part again keeps the values
+  EXPECT_EQ(session.Value[1][2], 14e6);
+  EXPECT_EQ(editor.controls.value[0].text, "45 ");
+  EXPECT_EQ(editor.controls.value[1].text, " 14 M");
+  EXPECT_EQ(editor.controls.value[2].text, "75 ");
+}
+
+TEST_F(NetworkEditorTest, DontAcceptRestoresInSinglePrecision) {
+  SetStage(3, SeriesCapacitor, {0, 1.234567891e-10, 777.7777777});
+  editor.Open();
+  PickType(3, SeriesResistor);
+  EXPECT_EQ(session.Value[3][1], 0);
+  editor.DontAccept();
+  EXPECT_EQ(session.ElementType[3], SeriesCapacitor);
+  EXPECT_EQ(session.Value[3][1], static_cast<double>(1.234567891e-10f));
+  EXPECT_EQ(session.Value[3][2], static_cast<double>(777.7777777f));
+  EXPECT_NE(session.Value[3][2], 777.7777777);
+}
+
+TEST_F(NetworkEditorTest, PickingTheWireEmptiesTheStageAtOnce) {
+  SetStage(2, ShuntResistor, {0, 50});
+  editor.Open();
+  PickType(2, Empty);
+  EXPECT_EQ(session.ElementType[2], Empty);
+  EXPECT_EQ(session.Value[2][1], 0);
+  EXPECT_FALSE(editor.controls.acceptShown);
+  EXPECT_FALSE(editor.controls.dontAcceptShown);
+  EXPECT_TRUE(editor.controls.analyzeEnabled);
+  EXPECT_TRUE(editor.controls.selectHintShown);
+}
+
+TEST_F(NetworkEditorTest, InsertingShiftsTheLaterStagesRight) {
+  for (int s = 1; s <= 5; ++s) SetStage(s, SeriesResistor, {0, 10.0 * s});
+  editor.Open();
+  PickType(2, InsertPlaceholder);
+  EXPECT_TRUE(editor.controls.removeShown);  // stage five will be lost
+  editor.Accept();
+  EXPECT_EQ(session.ElementType[2], InsertPlaceholder);
+  EXPECT_EQ(session.Value[2][1], 0);
+  for (int s = 3; s <= 5; ++s) EXPECT_EQ(session.Value[s][1], 10.0 * (s - 1)) << s;
+  EXPECT_EQ(session.Value[1][1], 10);
+  EXPECT_FALSE(editor.controls.removeShown);
+
+  PickType(5, InsertPlaceholder);  // at stage five nothing moves; its part is lost
+  editor.Accept();
+  EXPECT_EQ(session.ElementType[5], InsertPlaceholder);
+  EXPECT_EQ(session.Value[5][1], 0);
+  EXPECT_EQ(session.Value[4][1], 30);
+}
+
+TEST_F(NetworkEditorTest, CompactClosesTheGaps) {
+  SetStage(1, SeriesCapacitor, {0, 1e-10, 1000});
+  SetStage(2, Empty, {});
+  SetStage(3, InsertPlaceholder, {});
+  SetStage(4, Empty, {});
+  SetStage(5, SeriesResistor, {0, 10});
+  editor.Compact();
+  EXPECT_EQ(session.ElementType, (std::array<int16_t, kStageCount>{0, 1, 14, 12, 0, 0}));
+  EXPECT_EQ(session.Value[3][1], 10);
+  EXPECT_EQ(session.Value[5][1], 0);
+
+  SetStage(1, SeriesCapacitor, {0, 1e-10, 0});  // no Q: removed
+  SetStage(2, SeriesInductor, {0, -1e-6, 50});  // negative L: kept
+  SetStage(3, Empty, {});
+  editor.Compact();
+  EXPECT_EQ(session.ElementType[1], SeriesInductor);
+  EXPECT_EQ(session.ElementType[2], Empty);
+}
+
+}  // namespace
+}  // namespace kalvex
