@@ -17,10 +17,14 @@ constexpr std::array kCommands = {
             "      file layout, or with --table the Tabulate page's heading and rows; over the\n"
             "      points of a load-data file (.RJX) with --load; to OUT or standard output",
             RunSweep},
-    Command{"render", "render [FILE] --page welcome|design [--size WxH] -o OUT",
-            "draws the welcome page, or the Design page's schematic and library of FILE's\n"
-            "      network (without FILE: the network Kalvex would start with), to a PNG,\n"
-            "      SVG or PDF file chosen by OUT's suffix; 1200x900 pixels unless --size",
+    Command{"render",
+            "render [FILE] --page welcome|design|analysis [--grid 1..6] [--zoom N] [--aspect A]\n"
+            "             [--size WxH] -o OUT",
+            "draws the welcome page, the Design page's schematic and library, or the Analysis\n"
+            "      page's chart with the network's path, for FILE's network (without FILE: the\n"
+            "      one Kalvex would start with), to a PNG, SVG or PDF file chosen by OUT's\n"
+            "      suffix; 1200x900 pixels unless --size; the chart at grid type, zoom factor\n"
+            "      (1..8) and aspect (0.5..1.5)",
             RunRender},
 };
 

@@ -6,12 +6,17 @@
 #include "cli_options.h"
 #include "commands.h"
 #include "console_dialogs.h"
+#include "chart/analysis_view.h"
+#include "chart/chart_view.h"
+#include "chart/redraw.h"
 #include "design/schematic.h"
 #include "design/symbols.h"
 #include "files/network_file.h"
 #include "files/startup.h"
 #include "files/welcome_pictures.h"
 #include "platform/page_renderer.h"
+
+#include <cmath>
 
 namespace kalvex {
 namespace {
@@ -40,12 +45,26 @@ std::optional<QSize> SizeOf(const std::string& text) {
 int RunRender(const Command& command, const std::vector<std::string>& words, std::ostream&,
               std::ostream& err) {
   std::string problem;
-  const auto arguments = SplitArguments(words, {"--page", "--size", "-o"}, {}, problem);
+  const auto arguments = SplitArguments(
+      words, {"--page", "--size", "--grid", "--zoom", "--aspect", "-o"}, {}, problem);
   if (!arguments) return UsageError(command, problem, err);
   if (arguments->positional.size() > 1) return UsageError(command, "at most one FILE", err);
   const std::string page = arguments->Option("--page").value_or("");
-  if (page != "welcome" && page != "design") {
-    return UsageError(command, "--page takes welcome or design", err);
+  if (page != "welcome" && page != "design" && page != "analysis") {
+    return UsageError(command, "--page takes welcome, design or analysis", err);
+  }
+  const auto grid = CliNumber(arguments->Option("--grid").value_or("1"));
+  const auto zoom = CliNumber(arguments->Option("--zoom").value_or("1"));
+  const auto aspect = arguments->Option("--aspect");
+  const double aspectValue = aspect ? CliNumber(*aspect).value_or(0) : 0;
+  if (!grid || *grid < 1 || *grid > 6 || *grid != std::floor(*grid)) {
+    return UsageError(command, "--grid takes a grid type 1..6", err);
+  }
+  if (!zoom || *zoom < 1 || *zoom > kMaxZoom) {
+    return UsageError(command, "--zoom takes a zoom factor from 1 to 8", err);
+  }
+  if (aspect && (aspectValue < 0.5 || aspectValue > 1.5)) {
+    return UsageError(command, "--aspect takes a factor from 0.5 to 1.5", err);
   }
   const auto output = arguments->Option("-o");
   if (!output) return UsageError(command, "-o OUT is needed", err);
@@ -63,13 +82,22 @@ int RunRender(const Command& command, const std::vector<std::string>& words, std
   EnsureGuiApplication();
   const float coilArcRadius = CoilArcRadiusFor(size->width(), size->height());
   DisplayList drawing;
+  QSizeF pageSize(kDesignPageWidth, kDesignPageHeight);
   if (page == "welcome") {
     DrawWelcomePage(drawing, session.ChartAspect, coilArcRadius);
-  } else {
+  } else if (page == "design") {
     DrawDesignPage(session, drawing, coilArcRadius);
+  } else {
+    session.GridType = static_cast<int16_t>(*grid);
+    session.ChartZoom = static_cast<float>(*zoom);
+    if (aspect) session.ChartAspect = static_cast<float>(aspectValue);
+    session.LoadSource = session.LoadSource == 0 ? 1 : session.LoadSource;
+    LoadAnalysisView(session);
+    RedrawChart(session, drawing);
+    pageSize = {kAnalysisPageWidth, kAnalysisPageHeight};
   }
-  const QString failure = RenderToFile(drawing, {kDesignPageWidth, kDesignPageHeight}, *size,
-                                       QString::fromStdString(*output));
+  const QString failure =
+      RenderToFile(drawing, pageSize, *size, QString::fromStdString(*output));
   if (!failure.isEmpty()) {
     err << "kalvex-cli render: " << failure.toStdString() << "\n";
     return kExitFailed;

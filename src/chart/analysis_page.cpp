@@ -1,36 +1,204 @@
 #include "chart/analysis_page.h"
 
+#include <algorithm>
+
+#include "chart/analysis_view.h"
+#include "chart/readout.h"
 #include "design/design_page.h"
-#include "design/schematic.h"
+#include "files/defaults_file.h"
 #include "files/exit_dialog.h"
+#include "files/field_reader.h"
 #include "files/network_file.h"
 
 namespace kalvex {
+namespace {
+
+QPushButton* Button(QWidget* page, const char* caption, const char* toolTip) {
+  auto* button = new QPushButton(caption, page);
+  button->setToolTip(toolTip);
+  return button;
+}
+
+QLabel* ColouredLabel(QWidget* page, const char* text, const char* background) {
+  auto* label = new QLabel(text, page);
+  label->setStyleSheet(QString("background: %1;").arg(background));
+  return label;
+}
+
+struct ReadoutColumn {
+  const char* caption;
+  double left;
+  double width;
+};
+constexpr ReadoutColumn kReadoutColumns[] = {
+    {" Rho:", 3360, 2000}, {" VSWR:", 5360, 1200}, {" R.L:", 6480, 1200}, {" R:", 7680, 1000},
+    {" jX:", 8600, 1000},  {" G:", 9600, 1000},    {" jB:", 10600, 1000}};
+
+}  // namespace
 
 AnalysisPage::AnalysisPage(Session& session, Dialogs& dialogs)
     : Page({kAnalysisPageWidth, kAnalysisPageHeight}),
-      cmdDesign(new QPushButton("Design", this)),
-      cmdExit(new QPushButton("End", this)),
+      cmdDesign(Button(this, "Design", "Go to the Design page")),
+      cmdIn(Button(this, "In", "Zoom in on the chart")),
+      cmdOut(Button(this, "Out", "Zoom out on the chart")),
+      cmdReset(Button(this, "Size reset", "Reset the chart position and size")),
+      cmdDisplay(Button(this, "Grid type", "Step through the various grid types")),
+      cmdExit(Button(this, "End", "Exit/quit the program")),
+      cmdQsetup(Button(this, "Q setup", "Enter data to set Q arc size")),
+      cmdQon(Button(this, "On/off", "Toggle Q arcs on / off")),
+      cmdVSWRsetup(Button(this, "VSWR setup", "Enter data to set VSWR circle size")),
+      cmdVSWRon(Button(this, "On/off", "Toggle VSWR circle on / off")),
+      cmdSweepSetup(Button(this, "Sweep setup", "Enter data to do a frequency sweep")),
+      cmdSweep(Button(this, "On/off", "Do the frequency sweep")),
+      cmdTabulate(Button(this, "Tabulate", "Send frequency sweep data to Tabulate page")),
+      cmdPrint(Button(this, "Print", "Send chart and network to printer")),
+      lblRightClick(
+          new QLabel("Left-click on chart for info; right button drag and drop chart", this)),
+      lblAspect(ColouredLabel(this, "Aspect:", "rgb(255, 192, 192)")),
+      txtAspect(new QLineEdit(this)),
+      txtAspectEntry(new QLineEdit(this)),
+      UpDown1Up(new QToolButton(this)),
+      UpDown1Down(new QToolButton(this)),
       session_(session),
       dialogs_(dialogs) {
-  setWindowTitle(QString::fromStdString("Kalvex " + session_.Version + " - Analysis  " +
-                                        session_.FileName));
+  setWindowTitle(QString::fromStdString(AnalysisCaption(session_)));
   resize(1200, 900);
-  cmdDesign->setToolTip("Go to the Design page");
-  cmdExit->setToolTip("Exit/quit the program");
   Place(cmdDesign, 500, 5500, 1400, 300);
+  Place(cmdIn, 500, 5850, 675, 300);
+  Place(cmdOut, 1225, 5850, 675, 300);
+  Place(cmdReset, 500, 6200, 1400, 300);
+  Place(cmdDisplay, 500, 6550, 1400, 300);
   Place(cmdExit, 500, 7250, 1400, 300);
-  Drawing().Clear(kPageBackground);
+  Place(cmdQsetup, 1940, 5500, 1335, 300);
+  Place(cmdQon, 3315, 5500, 770, 300);
+  Place(cmdVSWRsetup, 1940, 5850, 1335, 300);
+  Place(cmdVSWRon, 3315, 5850, 770, 300);
+  Place(cmdSweepSetup, 1940, 6200, 1335, 300);
+  Place(cmdSweep, 3315, 6200, 770, 300);
+  Place(cmdTabulate, 1940, 6550, 1050, 300);
+  Place(cmdPrint, 3040, 6550, 1050, 300);
+  Place(lblRightClick, 500, 7630, 4800, 300);
+  Place(lblAspect, 500, 8140, 700, 200);
+  Place(txtAspect, 1200, 8140, 400, 200);
+  Place(txtAspectEntry, 2000, 8140, 400, 200);
+  Place(UpDown1Up, 2400, 8140, 150, 100);
+  Place(UpDown1Down, 2400, 8240, 150, 100);
+  UpDown1Up->setArrowType(Qt::UpArrow);
+  UpDown1Down->setArrowType(Qt::DownArrow);
+  // The overlays, the sweep, the table and printing are not offered yet.
+  for (QPushButton* later : {cmdQsetup, cmdQon, cmdVSWRsetup, cmdVSWRon, cmdSweepSetup, cmdSweep,
+                             cmdTabulate, cmdPrint}) {
+    later->setEnabled(false);
+  }
+  for (std::size_t i = 0; i < std::size(kReadoutColumns); ++i) {
+    const ReadoutColumn& column = kReadoutColumns[i];
+    readoutCaptions[i] = ColouredLabel(this, column.caption, "rgb(187, 221, 255)");
+    readoutValues[i] = ColouredLabel(this, "", "white");
+    Place(readoutCaptions[i], column.left, 120, column.width, 300);
+    Place(readoutValues[i], column.left, 390, column.width, 300);
+  }
+  HideReadout();
 
-  connect(cmdDesign, &QPushButton::clicked, this, [this] {
-    auto* design = new DesignPage(session_, dialogs_);
-    design->setAttribute(Qt::WA_DeleteOnClose);
-    design->show();
-    setAttribute(Qt::WA_DeleteOnClose);
-    CloseByProgram();
+  connect(cmdIn, &QPushButton::clicked, this, [this] {
+    ShowZoomButtons(ZoomIn(session_));
+    Redraw();
   });
+  connect(cmdOut, &QPushButton::clicked, this, [this] {
+    ShowZoomButtons(ZoomOut(session_));
+    Redraw();
+  });
+  connect(cmdReset, &QPushButton::clicked, this, [this] {
+    ShowZoomButtons(ResetView(session_));
+    Redraw();
+  });
+  connect(cmdDisplay, &QPushButton::clicked, this, [this] {
+    StepGridType(session_);
+    Redraw();
+  });
+  connect(cmdDesign, &QPushButton::clicked, this, &AnalysisPage::GoToDesignPage);
   connect(cmdExit, &QPushButton::clicked, this,
           [this] { ExitDialog(session_, dialogs_, this).exec(); });
+  connect(txtAspect, &QLineEdit::textChanged, this, &AnalysisPage::AspectEntered);
+  connect(UpDown1Up, &QToolButton::clicked, this, [this] { StepAspect(1); });
+  connect(UpDown1Down, &QToolButton::clicked, this, [this] { StepAspect(-1); });
+
+  // The page's load: every visit starts with zoom in offered and zoom out not.
+  ShowZoomButtons({true, false});
+  LoadAnalysisView(session_);
+  const AspectTexts texts = AspectBoxTexts(session_.ChartAspect);
+  txtAspectEntry->setText(QString::fromStdString(texts.percent));
+  txtAspect->setText(QString::fromStdString(texts.factor));
+  Redraw();
+}
+
+void AnalysisPage::Redraw() {
+  RedrawChart(session_, Drawing());
+  update();
+}
+
+void AnalysisPage::ShowZoomButtons(ZoomButtons buttons) {
+  cmdIn->setEnabled(buttons.inEnabled);
+  cmdOut->setEnabled(buttons.outEnabled);
+}
+
+void AnalysisPage::AspectEntered(const QString& text) {
+  const AspectTexts reset = AspectFactorEntered(session_, text.toStdString());
+  if (!reset.factor.empty()) {
+    txtAspect->setText(QString::fromStdString(reset.factor));
+    txtAspectEntry->setText(QString::fromStdString(reset.percent));
+  }
+  WriteDefaults(session_);
+  Redraw();
+}
+
+// The spinner: its box's number moves by one within 50..150, then the factor
+// follows.
+void AnalysisPage::StepAspect(int percent) {
+  const double current = FieldNumber(txtAspectEntry->text().toStdString()).value;
+  const double stepped = std::clamp(current + percent, 50.0, 150.0);
+  txtAspectEntry->setText(QString::number(static_cast<int>(stepped)));
+  txtAspect->setText(
+      QString::fromStdString(AspectPercentStepped(session_, txtAspectEntry->text().toStdString())));
+  WriteDefaults(session_);
+  Redraw();
+}
+
+void AnalysisPage::OnMouseDown(int button, double x, double y) {
+  if (!(y > 1500)) return;
+  if (button == 1) ShowReadout(x, y);
+  if (button == 2) drag_.Press(x, y);
+}
+
+void AnalysisPage::OnMouseMove(int button, double x, double y) {
+  if (button == 1) ShowReadout(x, y);
+  if (button == 2 && drag_.Move(session_, x, y)) Redraw();
+}
+
+void AnalysisPage::OnMouseUp(int, double, double) { HideReadout(); }
+
+void AnalysisPage::ShowReadout(double x, double y) {
+  const Readout readout = ReadoutAt(session_, x, y);
+  const std::string* texts[] = {&readout.rho,        &readout.vswr,      &readout.returnLoss,
+                                &readout.resistance, &readout.reactance, &readout.conductance,
+                                &readout.susceptance};
+  for (std::size_t i = 0; i < readoutValues.size(); ++i) {
+    readoutValues[i]->setText(QString::fromStdString(*texts[i]));
+    readoutValues[i]->setVisible(readout.inside);
+    readoutCaptions[i]->setVisible(readout.inside);
+  }
+}
+
+void AnalysisPage::HideReadout() {
+  for (QLabel* label : readoutCaptions) label->hide();
+  for (QLabel* label : readoutValues) label->hide();
+}
+
+void AnalysisPage::GoToDesignPage() {
+  auto* design = new DesignPage(session_, dialogs_);
+  design->setAttribute(Qt::WA_DeleteOnClose);
+  design->show();
+  setAttribute(Qt::WA_DeleteOnClose);
+  CloseByProgram();
 }
 
 void AnalysisPage::OnUserClose() {

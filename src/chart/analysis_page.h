@@ -1,18 +1,23 @@
 #pragma once
 
+#include <QLabel>
+#include <QLineEdit>
 #include <QPushButton>
+#include <QToolButton>
+#include <array>
 
+#include "chart/chart_view.h"
+#include "chart/redraw.h"
 #include "model/session.h"
 #include "platform/dialogs.h"
 #include "platform/page.h"
 
 namespace kalvex {
 
-inline constexpr double kAnalysisPageWidth = 12000;
-inline constexpr double kAnalysisPageHeight = 9000;
-
-// The Analysis page, for now its frame: the caption, the way back to the
-// Design page and the exit dialog. Its close box saves the last session and
+// The Analysis page: the Smith chart with the network's path, its view
+// controls (zoom, size reset, right-button drag, aspect), the grid types, the
+// point readout while the left button is held, and the ways back to the
+// Design page and to the exit dialog. Its close box saves the last session and
 // ends the program.
 class AnalysisPage : public Page {
   Q_OBJECT
@@ -21,14 +26,48 @@ class AnalysisPage : public Page {
   AnalysisPage(Session& session, Dialogs& dialogs);
 
   QPushButton* cmdDesign;
+  QPushButton* cmdIn;
+  QPushButton* cmdOut;
+  QPushButton* cmdReset;
+  QPushButton* cmdDisplay;
   QPushButton* cmdExit;
+  QPushButton* cmdQsetup;
+  QPushButton* cmdQon;
+  QPushButton* cmdVSWRsetup;
+  QPushButton* cmdVSWRon;
+  QPushButton* cmdSweepSetup;
+  QPushButton* cmdSweep;
+  QPushButton* cmdTabulate;
+  QPushButton* cmdPrint;
+  QLabel* lblRightClick;
+  QLabel* lblAspect;
+  QLineEdit* txtAspect;
+  QLineEdit* txtAspectEntry;
+  QToolButton* UpDown1Up;    // the spinner bound to txtAspectEntry
+  QToolButton* UpDown1Down;
+
+  // The readout: caption and value labels of Rho, VSWR, R.L, R, jX, G, jB.
+  std::array<QLabel*, 7> readoutCaptions;
+  std::array<QLabel*, 7> readoutValues;
 
  protected:
+  void OnMouseDown(int button, double x, double y) override;
+  void OnMouseMove(int button, double x, double y) override;
+  void OnMouseUp(int button, double x, double y) override;
   void OnUserClose() override;
 
  private:
+  void Redraw();
+  void ShowZoomButtons(ZoomButtons buttons);
+  void AspectEntered(const QString& text);
+  void StepAspect(int percent);
+  void ShowReadout(double x, double y);
+  void HideReadout();
+  void GoToDesignPage();
+
   Session& session_;
   Dialogs& dialogs_;
+  ChartDrag drag_;
 };
 
 }  // namespace kalvex

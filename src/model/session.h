@@ -107,6 +107,8 @@ struct Session {
   int16_t QArcsOn = 0;
   int16_t VSWRCircleOn = 0;
   Colour ArcColour = 0;
+  Colour AdmittanceGridColour = 0;
+  Colour ImpedanceGridColour = 0;
   int16_t SweepShown = 0;
 
   // Radius of the vertical coil arcs and line-tube ends of the schematic

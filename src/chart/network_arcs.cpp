@@ -1,0 +1,105 @@
+#include "chart/network_arcs.h"
+
+#include <array>
+
+#include "chart/chart_view.h"
+#include "model/calculate.h"
+#include "model/reflection.h"
+
+namespace kalvex {
+namespace {
+
+constexpr int kStepsPerStage = 1000;
+using Slots = std::array<std::array<double, kSlotCount>, kSlotCount>;
+
+// Where a stage starts: a value with no effect on the impedance.
+void SetNeutral(Session& session, const Slots& saved, int s) {
+  auto& v = session.Value[s];
+  switch (session.ElementType[s]) {
+    case SeriesCapacitor: case ShuntInductor: case ShuntResistor: v[1] = saved[s][1] * 1000; break;
+    case ShuntCapacitor: case SeriesInductor: case SeriesLine: case SeriesShortedStub:
+    case ShuntOpenStub: case SeriesResistor: v[1] = saved[s][1] / 1000; break;
+    case SeriesOpenStub: case ShuntShortedStub:
+      v[1] = saved[s][2] * 90 / session.Frequency;  // a quarter wave
+      break;
+    case ShuntSeriesLC:
+      v[1] = saved[s][1] * 1000;
+      v[3] = saved[s][3] / 1000;
+      break;
+    case SeriesParallelLC:
+      v[1] = saved[s][1] / 1000;
+      v[3] = saved[s][3] * 1000;
+      break;
+    default: break;
+  }
+}
+
+// The stage's values at the fraction t of its growth.
+void SetGrown(Session& session, const Slots& saved, int s, float t) {
+  auto& v = session.Value[s];
+  const double q = saved[s][2] * 90 / session.Frequency;
+  switch (session.ElementType[s]) {
+    case SeriesCapacitor: case ShuntInductor: case ShuntResistor: v[1] = saved[s][1] / t; break;
+    case ShuntCapacitor: case SeriesInductor: case SeriesResistor: v[1] = t * saved[s][1]; break;
+    case SeriesLine: case SeriesShortedStub: case ShuntOpenStub:
+      v[1] = t * static_cast<float>(saved[s][1]);
+      v[3] = saved[s][3];
+      break;
+    case SeriesOpenStub: case ShuntShortedStub: v[1] = q + t * (saved[s][1] - q); break;
+    case ShuntSeriesLC:
+      v[1] = saved[s][1] / t;
+      v[3] = t * saved[s][3];
+      break;
+    case SeriesParallelLC:
+      v[1] = t * static_cast<float>(saved[s][1]);
+      v[3] = saved[s][3] / t;
+      break;
+    default: break;
+  }
+}
+
+// PlotArcPoint: calculates the network once and extends the path to it.
+void PlotArcPoint(Session& session, Canvas& canvas, bool firstPoint) {
+  session.DataIndex = session.LoadSource == 2 ? session.SweepPoints / 2 + 1 : 1;
+  CalculateNetwork(session, session.DataIndex);
+  const PlottedPoint point = PlotImpedance(session.InputR, session.InputX, session.SystemZ);
+  session.Rho = point.rho;
+  const Point at = ChartView::Of(session).GammaToPage(point.gamma);
+  if (firstPoint) {
+    canvas.SetLineWidth(6);
+    canvas.Circle(at, 1, session.ArcColour);
+    canvas.MoveTo(at);
+  } else {
+    canvas.SetLineWidth(2);
+    canvas.LineTo(at, session.ArcColour);
+  }
+  canvas.SetLineWidth(1);
+}
+
+}  // namespace
+
+Colour StageArcColour(int stage) {
+  static constexpr Colour kColours[] = {0, RGB(17, 17, 255), RGB(221, 17, 17), RGB(17, 255, 17),
+                                        RGB(238, 153, 17), RGB(136, 221, 221)};
+  return kColours[stage];
+}
+
+void DrawNetworkArcs(Session& session, Canvas& canvas) {
+  const Slots saved = session.Value;
+  for (int s = 1; s <= kLastStage; ++s) SetNeutral(session, saved, s);
+  bool firstPoint = true;
+  for (int stage = 1; stage <= kLastStage; ++stage) {
+    session.ArcColour = StageArcColour(stage);
+    float t = 0;
+    for (int step = 0; step < kStepsPerStage; ++step) {
+      t += 0.001f;  // single precision: the last step is 0.9999907
+      SetGrown(session, saved, stage, t);
+      PlotArcPoint(session, canvas, firstPoint);
+      firstPoint = false;
+    }
+  }
+  session.Value = saved;
+  session.ArcColour = 0;
+}
+
+}  // namespace kalvex

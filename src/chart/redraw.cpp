@@ -1,0 +1,97 @@
+#include "chart/redraw.h"
+
+#include <cmath>
+#include <numbers>
+
+#include "chart/chart_view.h"
+#include "chart/grids.h"
+#include "chart/network_arcs.h"
+#include "model/number_text.h"
+#include "model/trim.h"
+
+namespace kalvex {
+namespace {
+
+constexpr Colour kStrongRed = RGB(255, 17, 17);
+constexpr Colour kPaleRed = RGB(255, 153, 153);
+constexpr Colour kStrongGreen = RGB(17, 136, 17);
+constexpr Colour kPaleGreen = RGB(102, 255, 102);
+
+enum class Grids { Impedance, AdmittanceThenImpedance, ImpedanceThenAdmittance, Admittance, None };
+
+struct GridStyle {
+  Grids grids;
+  Colour admittance;  // 0: left as it was
+  Colour impedance;
+  Colour outline;
+};
+
+GridStyle StyleOf(int16_t gridType) {
+  switch (gridType) {
+    case 2: return {Grids::AdmittanceThenImpedance, kPaleGreen, kStrongRed, kStrongRed};
+    case 3: return {Grids::AdmittanceThenImpedance, kStrongGreen, kStrongRed, kStrongGreen};
+    case 4: return {Grids::ImpedanceThenAdmittance, kStrongGreen, kPaleRed, kStrongGreen};
+    case 5: return {Grids::Admittance, kStrongGreen, 0, kStrongGreen};
+    case 6: return {Grids::None, kStrongRed, 0, kStrongRed};
+    default: return {Grids::Impedance, 0, kStrongRed, kStrongRed};
+  }
+}
+
+}  // namespace
+
+std::string ChartCaption(double systemZ) {
+  return "Chart normalized to " + std::string(Trim(PrintNumberText(systemZ, 15))) + " ohms";
+}
+
+void StepGridType(Session& session) {
+  session.GridType = static_cast<int16_t>(session.GridType + 1);
+  if (session.GridType > 6) session.GridType = 1;
+}
+
+void RedrawChart(Session& session, Canvas& canvas) {
+  const ChartView view = ChartView::Of(session);
+  const double halfWidth = view.aspect * view.radius;
+  canvas.Clear(kAnalysisBackground);
+  canvas.FillEllipse({view.centreX, view.centreY}, halfWidth, view.radius, kWhite);
+
+  canvas.SetLineWidth(1);
+  const GridStyle style = StyleOf(session.GridType);
+  if (style.admittance != 0) session.AdmittanceGridColour = style.admittance;
+  if (style.impedance != 0) session.ImpedanceGridColour = style.impedance;
+  const Colour admittance = session.AdmittanceGridColour;
+  const Colour impedance = session.ImpedanceGridColour;
+  switch (style.grids) {
+    case Grids::Impedance: DrawImpedanceGrid(canvas, view, impedance); break;
+    case Grids::AdmittanceThenImpedance:
+      DrawAdmittanceGrid(canvas, view, admittance);
+      DrawImpedanceGrid(canvas, view, impedance);
+      break;
+    case Grids::ImpedanceThenAdmittance:
+      DrawImpedanceGrid(canvas, view, impedance);
+      DrawAdmittanceGrid(canvas, view, admittance);
+      break;
+    case Grids::Admittance: DrawAdmittanceGrid(canvas, view, admittance); break;
+    case Grids::None: break;
+  }
+
+  canvas.SetLineWidth(1);
+  canvas.Line({view.centreX - halfWidth, view.centreY}, {view.centreX + halfWidth, view.centreY},
+              style.outline);
+  canvas.SetLineWidth(2);
+  for (int degrees = 0; degrees <= 360; degrees += 3) {
+    const double a = degrees * std::numbers::pi / 180;
+    const Point p{view.centreX + halfWidth * std::cos(a), view.centreY + view.radius * std::sin(a)};
+    if (degrees == 0) {
+      canvas.MoveTo(p);
+    } else {
+      canvas.LineTo(p, style.outline);
+    }
+  }
+  canvas.SetLineWidth(1);
+  canvas.SetTextColour(0);
+  canvas.Text({5300, 7940}, ChartCaption(session.SystemZ));
+
+  DrawNetworkArcs(session, canvas);
+}
+
+}  // namespace kalvex

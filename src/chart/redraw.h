@@ -1,0 +1,25 @@
+#pragma once
+
+#include "model/session.h"
+#include "platform/canvas.h"
+
+namespace kalvex {
+
+inline constexpr Colour kAnalysisBackground = RGB(232, 248, 255);
+
+// The Analysis page's logical size.
+inline constexpr double kAnalysisPageWidth = 12000;
+inline constexpr double kAnalysisPageHeight = 9000;
+
+// The full redraw of the Analysis page: background, white chart face, the
+// grids of GridType, the real axis, the outline, the caption, then the path of
+// the network. Sets the grid colours of the session from GridType.
+void RedrawChart(Session& session, Canvas& canvas);
+
+// "Grid type": steps 1..6 and round again.
+void StepGridType(Session& session);
+
+// "Chart normalized to 50 ohms".
+std::string ChartCaption(double systemZ);
+
+}  // namespace kalvex
