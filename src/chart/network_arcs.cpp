@@ -69,11 +69,10 @@ void PlotArcPoint(Session& session, Canvas& canvas, bool firstPoint) {
     canvas.SetLineWidth(6);
     canvas.Circle(at, 1, session.ArcColour);
     canvas.MoveTo(at);
+    canvas.SetLineWidth(2);  // the rest of the path, until DrawNetworkArcs ends
   } else {
-    canvas.SetLineWidth(2);
     canvas.LineTo(at, session.ArcColour);
   }
-  canvas.SetLineWidth(1);
 }
 
 }  // namespace
@@ -98,6 +97,7 @@ void DrawNetworkArcs(Session& session, Canvas& canvas) {
       firstPoint = false;
     }
   }
+  canvas.SetLineWidth(1);
   session.Value = saved;
   session.ArcColour = 0;
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QPainter>
+#include <QPolygonF>
 #include <functional>
 
 #include "platform/canvas.h"
@@ -8,15 +9,19 @@
 namespace kalvex {
 
 // A Canvas on a QPainter, so one drawing reaches a window, an image, an SVG,
-// a PDF or a printer. The painter maps page units to the device; line widths
-// are kept in device pixels (1 is one pixel on a page shown at 15 page units a
-// pixel, and grows with the page), so lines look right at any size.
+// a PDF or a printer. The painter maps page units to the device. Line widths
+// are in pixels, as on the screen the chart was made for, until the page is
+// shown at more than twice its natural size (15 page units a pixel); from
+// there they grow with it, so that print and large images keep their weight.
 class PainterCanvas : public Canvas {
  public:
   // `pageSize` is the logical page; `pageToDevice` how many device pixels a
   // page unit takes. `newPage` starts the next page of a paged device.
   PainterCanvas(QPainter& painter, QSizeF pageSize, double pageToDevice,
                 std::function<void()> newPage = {});
+  ~PainterCanvas() override;
+  PainterCanvas(const PainterCanvas&) = delete;
+  PainterCanvas& operator=(const PainterCanvas&) = delete;
 
   void Clear(Colour background) override;
   void FillRect(Point corner, Point opposite, Colour colour) override;
@@ -37,6 +42,9 @@ class PainterCanvas : public Canvas {
 
  private:
   QPen PenOf(Colour colour) const;
+  // Joined lines of one pen are stroked as one polyline: far faster than
+  // line by line, and the joins are round.
+  void FlushPolyline();
 
   QPainter& painter_;
   QSizeF pageSize_;
@@ -44,6 +52,9 @@ class PainterCanvas : public Canvas {
   std::function<void()> newPage_;
   double lineWidth_ = 1;
   QColor textColour_ = Qt::black;
+  QPolygonF polyline_;
+  Colour polylineColour_ = 0;
+  double polylineWidth_ = 0;
 };
 
 // Page units in a printer's point: text sizes are given in points.

@@ -1,0 +1,65 @@
+#include <benchmark/benchmark.h>
+
+#include <QGuiApplication>
+#include <QImage>
+#include <QPainter>
+#include <cmath>
+
+#include "chart/analysis_view.h"
+#include "chart/network_arcs.h"
+#include "chart/redraw.h"
+#include "five_stage_network.h"
+#include "platform/display_list.h"
+#include "platform/painter_canvas.h"
+
+namespace {
+
+kalvex::Session ChartSession() {
+  kalvex::Session session = kalvex::bench::FiveStageNetwork();
+  session.GridType = 3;
+  session.ChartAspect = 0.75f;
+  session.ChartCentreX = 8000;
+  kalvex::LoadAnalysisView(session);
+  return session;
+}
+
+// The calculation part of a redraw: the 5,000 points of the path.
+void BM_NetworkPath(benchmark::State& state) {
+  kalvex::Session session = ChartSession();
+  for (auto _ : state) {
+    kalvex::DisplayList list;
+    kalvex::DrawNetworkArcs(session, list);
+    benchmark::DoNotOptimize(list.Commands().data());
+  }
+}
+BENCHMARK(BM_NetworkPath)->Unit(benchmark::kMillisecond);
+
+// RedrawChart into the display list, then painted into a 1920 x 1080 image, as
+// a full-screen window repaints it.
+void BM_RedrawChartFullHd(benchmark::State& state) {
+  kalvex::Session session = ChartSession();
+  QImage image(1920, 1080, QImage::Format_ARGB32_Premultiplied);
+  const QSizeF page(kalvex::kAnalysisPageWidth, kalvex::kAnalysisPageHeight);
+  const double sx = image.width() / page.width();
+  const double sy = image.height() / page.height();
+  kalvex::DisplayList list;
+  for (auto _ : state) {
+    kalvex::RedrawChart(session, list);
+    QPainter painter(&image);
+    painter.scale(sx, sy);
+    kalvex::PainterCanvas canvas(painter, page, std::sqrt(sx * sy));
+    list.Replay(canvas);
+  }
+}
+BENCHMARK(BM_RedrawChartFullHd)->Unit(benchmark::kMillisecond);
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  qputenv("QT_QPA_PLATFORM", "offscreen");
+  QGuiApplication application(argc, argv);
+  benchmark::Initialize(&argc, argv);
+  benchmark::RunSpecifiedBenchmarks();
+  benchmark::Shutdown();
+  return 0;
+}

@@ -1,0 +1,126 @@
+#include <gtest/gtest.h>
+
+#include "chart/chart_view.h"
+
+namespace kalvex {
+namespace {
+
+TEST(ChartView, MappingRoundTripsAtEveryAspectAndZoom) {
+  for (const double aspect : {0.5, 0.75, 1.0, 1.5}) {
+    for (const double radius : {3000.0, 8485.28, 24000.0}) {
+      const ChartView view{7300, 5200, radius, aspect};
+      for (const Gamma g : {Gamma{0, 0}, Gamma{0.5, -0.25}, Gamma{-1, 0}, Gamma{0.3, 0.9}}) {
+        const Point p = view.GammaToPage(g);
+        const Gamma back = view.PageToGamma(p);
+        EXPECT_NEAR(back.u, g.u, 1e-12);
+        EXPECT_NEAR(back.v, g.v, 1e-12);
+      }
+      EXPECT_DOUBLE_EQ(view.GammaToPage({1, 0}).x, 7300 + aspect * radius);  // open circuit
+      EXPECT_DOUBLE_EQ(view.GammaToPage({0, 1}).y, 5200 - radius);            // +j above
+    }
+  }
+}
+
+TEST(ChartView, ImpedanceToGammaNormalisesToTheSystem) {
+  const Gamma g = ImpedanceToGamma(150, 0, 50);
+  EXPECT_DOUBLE_EQ(g.u, 0.5);
+  EXPECT_DOUBLE_EQ(g.v, 0);
+  const Gamma j = ImpedanceToGamma(50, 50, 50);  // 1 + j1
+  EXPECT_DOUBLE_EQ(j.u, 0.2);
+  EXPECT_DOUBLE_EQ(j.v, 0.4);
+}
+
+class ZoomTest : public ::testing::Test {
+ protected:
+  void SetUp() override {
+    InitialiseSession(session);
+    ResetView(session);
+  }
+  Session session;
+};
+
+TEST_F(ZoomTest, InGoesBySquareRootOfTwoUpToEight) {
+  ZoomButtons buttons{};
+  for (int click = 1; click <= 3; ++click) buttons = ZoomIn(session);
+  EXPECT_FLOAT_EQ(session.ChartZoom, 2.8284271f);
+  EXPECT_NEAR(session.ChartRadius, 8485.28, 0.01);
+  EXPECT_TRUE(buttons.inEnabled);
+  EXPECT_TRUE(buttons.outEnabled);
+  for (int click = 4; click <= 6; ++click) buttons = ZoomIn(session);
+  EXPECT_EQ(session.ChartZoom, 8);
+  EXPECT_EQ(session.ChartRadius, 24000);
+  EXPECT_FALSE(buttons.inEnabled);
+  for (int click = 1; click <= 6; ++click) buttons = ZoomOut(session);
+  EXPECT_EQ(session.ChartZoom, 1);
+  EXPECT_EQ(session.ChartRadius, 3000);
+  EXPECT_FALSE(buttons.outEnabled);
+  EXPECT_TRUE(buttons.inEnabled);
+}
+
+TEST_F(ZoomTest, ResetRestoresCentreAndSizeButNotTheAspect) {
+  session.ChartAspect = 1.2f;
+  ChartDrag drag;
+  drag.Press(5000, 3000);
+  EXPECT_TRUE(drag.Move(session, 5500, 3300));
+  ZoomIn(session);
+  const ZoomButtons buttons = ResetView(session);
+  EXPECT_EQ(session.ChartCentreX, 8000);
+  EXPECT_EQ(session.ChartCentreY, 5000);
+  EXPECT_EQ(session.ChartRadius, 3000);
+  EXPECT_EQ(session.ChartZoom, 1);
+  EXPECT_EQ(session.ChartAspect, 1.2f);
+  EXPECT_TRUE(buttons.inEnabled);
+  EXPECT_FALSE(buttons.outEnabled);
+}
+
+TEST_F(ZoomTest, DragMovesOnlyBelowTheStripBand) {
+  ChartDrag drag;
+  drag.Press(6000, 1800);
+  EXPECT_FALSE(drag.Move(session, 6100, 1900));  // y ≤ 2000: ignored, anchor kept
+  EXPECT_EQ(session.ChartCentreX, 8000);
+  EXPECT_TRUE(drag.Move(session, 6500, 2100));   // the whole distance from the press
+  EXPECT_EQ(session.ChartCentreX, 8500);
+  EXPECT_EQ(session.ChartCentreY, 5300);
+  EXPECT_TRUE(drag.Move(session, 6400, 2200));
+  EXPECT_EQ(session.ChartCentreX, 8400);
+  EXPECT_EQ(session.ChartCentreY, 5400);
+}
+
+struct AspectCase {
+  const char* typed;
+  float aspect;
+  const char* factor;
+  const char* percent;
+};
+
+class AspectEntry : public ::testing::TestWithParam<AspectCase> {};
+
+TEST_P(AspectEntry, ClampsAndRewritesBothBoxes) {
+  Session session;
+  InitialiseSession(session);
+  const AspectTexts texts = AspectFactorEntered(session, GetParam().typed);
+  EXPECT_FLOAT_EQ(session.ChartAspect, GetParam().aspect);
+  EXPECT_EQ(texts.factor, GetParam().factor);
+  EXPECT_EQ(texts.percent, GetParam().percent);
+}
+
+INSTANTIATE_TEST_SUITE_P(Typed, AspectEntry,
+                         ::testing::Values(AspectCase{"2", 1.5f, "1.5", "150"},
+                                           AspectCase{".3", 0.5f, ".5", "50"},
+                                           AspectCase{"abc", 0.5f, ".5", "50"},
+                                           AspectCase{".8", 0.8f, "", ""}));
+
+TEST(AspectSpinner, WritesThePrintStyleFactor) {
+  Session session;
+  InitialiseSession(session);
+  EXPECT_EQ(AspectPercentStepped(session, "120"), " 1.2");
+  EXPECT_FLOAT_EQ(session.ChartAspect, 1.2f);
+  EXPECT_EQ(AspectPercentStepped(session, "30"), " .5");
+  EXPECT_EQ(AspectPercentStepped(session, "x"), " .5");
+  const AspectTexts boxes = AspectBoxTexts(0.75f);
+  EXPECT_EQ(boxes.factor, " .75");
+  EXPECT_EQ(boxes.percent, " 75");
+}
+
+}  // namespace
+}  // namespace kalvex
