@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "analysis/network_listing.h"
 #include "chart/analysis_view.h"
 #include "chart/readout.h"
 #include "design/design_page.h"
@@ -59,6 +60,8 @@ AnalysisPage::AnalysisPage(Session& session, Dialogs& dialogs)
       txtAspectEntry(new QLineEdit(this)),
       UpDown1Up(new QToolButton(this)),
       UpDown1Down(new QToolButton(this)),
+      lblClickPart(new QLabel("Click on a part to tune or edit it", this)),
+      tuning(new TuningControls(*this, session, dialogs, [this] { Redraw(); })),
       session_(session),
       dialogs_(dialogs) {
   setWindowTitle(QString::fromStdString(AnalysisCaption(session_)));
@@ -98,6 +101,8 @@ AnalysisPage::AnalysisPage(Session& session, Dialogs& dialogs)
     Place(readoutValues[i], column.left, 390, column.width, 300);
   }
   HideReadout();
+  Place(lblClickPart, 3400, 1800, 2300, 300);
+  lblClickPart->hide();
 
   connect(cmdIn, &QPushButton::clicked, this, [this] {
     ShowZoomButtons(ZoomIn(session_));
@@ -131,8 +136,10 @@ AnalysisPage::AnalysisPage(Session& session, Dialogs& dialogs)
   Redraw();
 }
 
+// Every change ends here: the strip and the whole chart drawn again.
 void AnalysisPage::Redraw() {
   RedrawChart(session_, Drawing());
+  if (session_.Frequency > 0) lblClickPart->setVisible(AnyPartShown(session_));
   update();
 }
 
@@ -164,7 +171,11 @@ void AnalysisPage::StepAspect(int percent) {
 }
 
 void AnalysisPage::OnMouseDown(int button, double x, double y) {
-  if (!(y > 1500)) return;
+  if (y < kStripBottom && x < session_.PartRightEdge[5]) {
+    const int cell = PartAt(session_, x);
+    if (cell >= 0) tuning->SelectCell(cell);
+  }
+  if (!(y > kStripBottom)) return;
   if (button == 1) ShowReadout(x, y);
   if (button == 2) drag_.Press(x, y);
 }

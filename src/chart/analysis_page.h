@@ -6,6 +6,7 @@
 #include <QToolButton>
 #include <array>
 
+#include "analysis/tuning_controls.h"
 #include "chart/chart_view.h"
 #include "chart/redraw.h"
 #include "model/session.h"
@@ -45,6 +46,9 @@ class AnalysisPage : public Page {
   QLineEdit* txtAspectEntry;
   QToolButton* UpDown1Up;    // the spinner bound to txtAspectEntry
   QToolButton* UpDown1Down;
+
+  QLabel* lblClickPart;
+  TuningControls* tuning;
 
   // The readout: caption and value labels of Rho, VSWR, R.L, R, jX, G, jB.
   std::array<QLabel*, 7> readoutCaptions;

@@ -3,6 +3,7 @@
 #include <cmath>
 #include <numbers>
 
+#include "analysis/network_listing.h"
 #include "chart/chart_view.h"
 #include "chart/grids.h"
 #include "chart/network_arcs.h"
@@ -91,7 +92,9 @@ void RedrawChart(Session& session, Canvas& canvas) {
   canvas.SetTextColour(0);
   canvas.Text({5300, 7940}, ChartCaption(session.SystemZ));
 
+  DrawNetworkListing(session, canvas);
   DrawNetworkArcs(session, canvas);
+  DrawColourBars(session, canvas);
 }
 
 }  // namespace kalvex

@@ -12,8 +12,9 @@ inline constexpr double kAnalysisPageWidth = 12000;
 inline constexpr double kAnalysisPageHeight = 9000;
 
 // The full redraw of the Analysis page: background, white chart face, the
-// grids of GridType, the real axis, the outline, the caption, then the path of
-// the network. Sets the grid colours of the session from GridType.
+// grids of GridType, the real axis, the outline, the caption, the network
+// strip, then the path of the network and the strip's colour key. Sets the
+// grid colours of the session from GridType.
 void RedrawChart(Session& session, Canvas& canvas);
 
 // "Grid type": steps 1..6 and round again.

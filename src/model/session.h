@@ -91,6 +91,7 @@ struct Session {
   // Analysis page selection and tuning.
   int16_t SelectedStage = 0;
   std::array<int16_t, kStageCount> PartRightEdge{};
+  float ListingScale = 0;  // scale of the network strip's symbols
   float TuneStepPercent = 0;
   std::array<int16_t, kSlotCount> TopStepMode{};
   std::array<int16_t, kSlotCount> BottomStepMode{};

@@ -57,12 +57,5 @@ class PainterCanvas : public Canvas {
   double polylineWidth_ = 0;
 };
 
-// Page units in a printer's point: text sizes are given in points.
-inline constexpr double kPageUnitsPerPoint = 20;
-
-// The font of a page and its controls, in page units. A page fills the screen
-// and its font is 0.0008 × the screen height in twips, in points: 0.016 of the
-// page's height whatever the screen.
-inline double PageFontSize(double pageHeight) { return 0.016 * pageHeight; }
 
 }  // namespace kalvex

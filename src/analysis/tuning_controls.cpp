@@ -1,0 +1,219 @@
+#include "analysis/tuning_controls.h"
+
+#include "analysis/test_frequency.h"
+#include "model/format.h"
+
+namespace kalvex {
+namespace {
+
+constexpr const char* kPaleGreen = "background: rgb(238, 255, 238);";
+constexpr const char* kPaleRed = "background: rgb(255, 153, 153);";
+
+// The four step buttons of a row, left to right: "<<", "<", ">", ">>".
+struct StepButton {
+  const char* caption;
+  StepDirection direction;
+  double size;
+  const char* coarseTip;
+  const char* fineTip;
+  const char* freqCoarseTip;
+  const char* freqFineTip;
+};
+constexpr StepButton kSteps[] = {
+    {"<<", StepDirection::Down, kLargeStep, "Down coarse", "Down very fine step",
+     "Move test frequency down coarse step", "Move test frequency down very fine step"},
+    {"<", StepDirection::Down, kSmallStep, "Down fine", "Down extremely fine step",
+     "Move test frequency down fine step", "Move test frequency down extremely fine step"},
+    {">", StepDirection::Up, kSmallStep, "Up fine", "Up extremely fine step",
+     "Move test frequency up fine step", "Move test frequency up extremely fine step"},
+    {">>", StepDirection::Up, kLargeStep, "Up coarse", "Up very fine step",
+     "Move test frequency up coarse step", "Move test frequency up very fine step"}};
+
+std::array<QPushButton*, 4> StepRow(Page& page, double top) {
+  std::array<QPushButton*, 4> row{};
+  for (int i = 0; i < 4; ++i) {
+    row[i] = new QPushButton(kSteps[i].caption, &page);
+    row[i]->setStyleSheet(kPaleGreen);
+    page.Place(row[i], 500 + 360 * i, top, 360, 300);
+  }
+  return row;
+}
+
+QGroupBox* ModeFrame(Page& page, double top, QRadioButton*& geometric, QRadioButton*& arithmetic) {
+  auto* frame = new QGroupBox(&page);
+  geometric = new QRadioButton("Geometric", frame);
+  arithmetic = new QRadioButton("Arithmetic", frame);
+  page.Place(frame, 500, top, 2630, 360);
+  page.Place(geometric, 100, 40, 1200, 300);
+  page.Place(arithmetic, 1350, 40, 1200, 300);
+  geometric->setChecked(true);
+  frame->hide();
+  return frame;
+}
+
+QString Q(const std::string& text) { return QString::fromStdString(text); }
+
+}  // namespace
+
+TuningControls::TuningControls(Page& page, Session& session, Dialogs& dialogs,
+                               std::function<void()> redraw)
+    : QObject(&page),
+      txtZ1(new QLineEdit(&page)),
+      cmdZ1(new QPushButton(&page)),
+      topSteps(StepRow(page, 2130)),
+      fraTop(ModeFrame(page, 2430, optTopGeometric, optTopArithmetic)),
+      txtZ2(new QLineEdit(&page)),
+      cmdZ2(new QPushButton(&page)),
+      bottomSteps(StepRow(page, 3180)),
+      fraBottom(ModeFrame(page, 3480, optBottomGeometric, optBottomArithmetic)),
+      lblTuneSize(new QLabel("Tune step size:", &page)),
+      fraTuneSize(new QGroupBox(&page)),
+      optTuneSizeNormal(new QRadioButton("Coarse steps", fraTuneSize)),
+      optTuneSizeFine(new QRadioButton("Fine steps", fraTuneSize)),
+      txtFreq(new QLineEdit(&page)),
+      cmdFreq(new QPushButton("Freq enter", &page)),
+      freqSteps(StepRow(page, 4350)),
+      session_(session),
+      dialogs_(dialogs),
+      redraw_(std::move(redraw)) {
+  page.Place(txtZ1, 500, 1800, 1440, 300);
+  page.Place(cmdZ1, 1940, 1800, 1200, 300);
+  page.Place(txtZ2, 500, 2850, 1440, 300);
+  page.Place(cmdZ2, 1940, 2850, 1200, 300);
+  for (QLineEdit* box : {txtZ1, txtZ2}) box->setStyleSheet(kPaleGreen);
+  cmdZ1->setToolTip("Click to enter a new value");
+  cmdZ2->setToolTip("Click to enter a new value");
+  page.Place(lblTuneSize, 500, 4860, 1400, 300);
+  page.Place(fraTuneSize, 500, 5060, 2800, 300);
+  page.Place(optTuneSizeNormal, 50, 0, 1300, 300);
+  page.Place(optTuneSizeFine, 1400, 0, 1300, 300);
+  optTuneSizeNormal->setToolTip("Tuning stepsizes are set to 1% (< and >) and 10% (<< and >>)");
+  optTuneSizeFine->setToolTip("Tuning stepsizes are set to .01% (< and >) and .1% (<< and >>)");
+  page.Place(txtFreq, 500, 4050, 1440, 300);
+  page.Place(cmdFreq, 1940, 4050, 1200, 300);
+  cmdFreq->setToolTip("Enter the test frequency");
+  txtFreq->setText(Q(FormatSI(session_.Frequency)));
+  HidePanel();
+
+  for (int i = 0; i < 4; ++i) {
+    const StepButton step = kSteps[i];
+    connect(topSteps[i], &QPushButton::clicked, this, [this, step] {
+      ShowTexts(StepTopValue(session_, txtZ1->text().toStdString(), step.direction, step.size));
+      MarkTopValue();
+      redraw_();
+    });
+    connect(bottomSteps[i], &QPushButton::clicked, this, [this, step] {
+      ShowTexts(StepBottomValue(session_, txtZ2->text().toStdString(), step.direction, step.size));
+      redraw_();
+    });
+    connect(freqSteps[i], &QPushButton::clicked, this, [this, step] {
+      txtFreq->setText(
+          Q(StepTestFrequency(session_, txtFreq->text().toStdString(), step.direction, step.size)));
+      redraw_();
+    });
+  }
+  connect(cmdZ1, &QPushButton::clicked, this, &TuningControls::EnteredTop);
+  connect(cmdZ2, &QPushButton::clicked, this, &TuningControls::EnteredBottom);
+  connect(cmdFreq, &QPushButton::clicked, this, [this] {
+    txtFreq->setText(Q(EnterTestFrequency(session_, dialogs_, txtFreq->text().toStdString())));
+    redraw_();
+  });
+  connect(optTuneSizeNormal, &QRadioButton::clicked, this, [this] {
+    SetFineSteps(session_, false);
+    ShowStepSize(false);
+  });
+  connect(optTuneSizeFine, &QRadioButton::clicked, this, [this] {
+    SetFineSteps(session_, true);
+    ShowStepSize(true);
+  });
+  connect(optTopArithmetic, &QRadioButton::clicked, this,
+          [this] { ChooseTopStepMode(session_, true, txtZ1->text().toStdString()); });
+  connect(optTopGeometric, &QRadioButton::clicked, this,
+          [this] { ChooseTopStepMode(session_, false, txtZ1->text().toStdString()); });
+  connect(optBottomArithmetic, &QRadioButton::clicked, this,
+          [this] { ChooseBottomStepMode(session_, true, txtZ2->text().toStdString()); });
+  connect(optBottomGeometric, &QRadioButton::clicked, this,
+          [this] { ChooseBottomStepMode(session_, false, txtZ2->text().toStdString()); });
+
+  const bool fine = LoadStepSize(session_);
+  (fine ? optTuneSizeFine : optTuneSizeNormal)->setChecked(true);
+  ShowStepSize(fine);
+}
+
+void TuningControls::SelectCell(int cell) {
+  ShowPanel(SelectPart(session_, cell));
+  redraw_();
+}
+
+void TuningControls::ShowPanel(const TuningPanel& panel) {
+  ShowTexts(panel);
+  cmdZ1->setText(Q(panel.topCaption));
+  cmdZ2->setText(Q(panel.bottomCaption));
+  for (QWidget* control : {static_cast<QWidget*>(txtZ1), static_cast<QWidget*>(cmdZ1)}) {
+    control->show();
+  }
+  for (QPushButton* step : topSteps) step->show();
+  for (QWidget* control : {static_cast<QWidget*>(txtZ2), static_cast<QWidget*>(cmdZ2)}) {
+    control->setVisible(panel.bottomRow);
+  }
+  for (QPushButton* step : bottomSteps) step->setVisible(panel.bottomRow);
+  if (session_.SelectedStage > 0 && session_.ElementType[session_.SelectedStage] == ShuntResistor) {
+    fraBottom->hide();
+  }
+}
+
+void TuningControls::ShowTexts(const TuningPanel& panel) {
+  txtZ1->setText(Q(panel.topText));
+  txtZ2->setText(Q(panel.bottomText));
+}
+
+// ClearPart's hiding: both rows, their mode frames, with empty boxes.
+void TuningControls::HidePanel() {
+  for (QLineEdit* box : {txtZ1, txtZ2}) {
+    box->clear();
+    box->setStyleSheet(kPaleGreen);
+    box->hide();
+  }
+  cmdZ1->hide();
+  cmdZ2->hide();
+  for (QPushButton* step : topSteps) step->hide();
+  for (QPushButton* step : bottomSteps) step->hide();
+  fraTop->hide();
+  fraBottom->hide();
+}
+
+// A top value of 0 or less leaves the part out of the strip: its box says so.
+void TuningControls::MarkTopValue() {
+  txtZ1->setStyleSheet(session_.Value[session_.SelectedStage][1] > 0 ? kPaleGreen : kPaleRed);
+}
+
+void TuningControls::ShowStepSize(bool fine) {
+  optTuneSizeFine->setStyleSheet(fine ? kPaleGreen : "");
+  for (int i = 0; i < 4; ++i) {
+    const char* tip = fine ? kSteps[i].fineTip : kSteps[i].coarseTip;
+    topSteps[i]->setToolTip(tip);
+    bottomSteps[i]->setToolTip(tip);
+    freqSteps[i]->setToolTip(fine ? kSteps[i].freqFineTip : kSteps[i].freqCoarseTip);
+  }
+}
+
+void TuningControls::EnteredTop() {
+  const Entered entered = EnterTopValue(session_, dialogs_, txtZ1->text().toStdString());
+  if (entered == Entered::Value) {
+    ShowTexts(PanelOf(session_, session_.SelectedStage));
+  } else {
+    HidePanel();
+  }
+  redraw_();
+}
+
+void TuningControls::EnteredBottom() {
+  if (EnterBottomValue(session_, txtZ2->text().toStdString()) == Entered::PartCleared) {
+    HidePanel();
+  } else {
+    ShowTexts(PanelOf(session_, session_.SelectedStage));
+  }
+  redraw_();
+}
+
+}  // namespace kalvex
