@@ -1,10 +1,11 @@
 #include <benchmark/benchmark.h>
 
-#include <QGuiApplication>
+#include <QApplication>
 #include <QImage>
 #include <QPainter>
 #include <cmath>
 
+#include "chart/analysis_page.h"
 #include "chart/analysis_view.h"
 #include "chart/network_arcs.h"
 #include "chart/redraw.h"
@@ -53,11 +54,46 @@ void BM_RedrawChartFullHd(benchmark::State& state) {
 }
 BENCHMARK(BM_RedrawChartFullHd)->Unit(benchmark::kMillisecond);
 
+// A tuning step as the user makes it: ">" on the selected part, then the
+// whole window painted at full-HD size.
+void BM_TuningStepRepaint(benchmark::State& state) {
+  kalvex::Session session = ChartSession();
+  session.CoilArcRadius = 80;
+  session.TuneStepPercent = 1;
+  class SilentDialogs : public kalvex::Dialogs {
+    kalvex::MessageAnswer Message(const std::string&, const std::string&, kalvex::MessageButtons,
+                                  kalvex::MessageIcon) override {
+      return kalvex::MessageAnswer::Ok;
+    }
+    std::string ChooseOpenFile(const std::string&, const std::string&,
+                               const std::string&) override {
+      return "";
+    }
+    std::string ChooseSaveFile(const std::string&, const std::string&,
+                               const std::string&) override {
+      return "";
+    }
+    void Beep() override {}
+    void Pause(double) override {}
+    std::string LocalDateTime() override { return ""; }
+  } dialogs;
+  kalvex::AnalysisPage page(session, dialogs);
+  page.resize(1920, 1080);
+  page.show();
+  page.tuning->SelectCell(2);
+  QPushButton* up = page.tuning->topSteps[2];
+  for (auto _ : state) {
+    up->click();
+    benchmark::DoNotOptimize(page.grab());  // paints the whole window, as a repaint does
+  }
+}
+BENCHMARK(BM_TuningStepRepaint)->Unit(benchmark::kMillisecond);
+
 }  // namespace
 
 int main(int argc, char** argv) {
   qputenv("QT_QPA_PLATFORM", "offscreen");
-  QGuiApplication application(argc, argv);
+  QApplication application(argc, argv);
   benchmark::Initialize(&argc, argv);
   benchmark::RunSpecifiedBenchmarks();
   benchmark::Shutdown();

@@ -249,3 +249,72 @@ TEST_F(DesignPageTest, GetNetShowsTheFileInTheCaption) {
 
 }  // namespace
 }  // namespace kalvex
+
+#include "chart/analysis_page.h"
+
+namespace kalvex {
+namespace {
+
+class AnalysisPageTest : public PagesInFolder {
+ protected:
+  void SetUp() override {
+    PagesInFolder::SetUp();
+    InitialiseSession(session);
+    session.LoadSource = 1;
+    session.Frequency = 14e6;
+    session.ElementType[1] = SeriesCapacitor;
+    session.Value[1] = {0, 100e-12, 1000};
+    session.ChartAspect = 0.75f;
+    page = std::make_unique<AnalysisPage>(session, dialogs);
+    page->show();
+  }
+  void Click(Qt::MouseButton button, double x, double y) {
+    QTest::mouseClick(page.get(), button, {},
+                      QPoint(static_cast<int>(x * page->width() / 12000.0),
+                             static_cast<int>(y * page->height() / 9000.0)));
+  }
+
+  std::unique_ptr<AnalysisPage> page;
+};
+
+TEST_F(AnalysisPageTest, LoadsWithItsViewAndTuningState) {
+  EXPECT_EQ(page->windowTitle(), "Kalvex 2.12 - Analysis  ");
+  EXPECT_FALSE(page->cmdOut->isEnabled());
+  EXPECT_EQ(page->txtAspect->text(), " .75");
+  EXPECT_EQ(page->txtAspectEntry->text(), " 75");
+  EXPECT_TRUE(std::filesystem::exists("Defaults.TXT"));  // the aspect's change event wrote it
+  EXPECT_EQ(session.QCircle, 2);
+  EXPECT_EQ(session.ArcsMode, 2);
+  EXPECT_TRUE(page->tuning->optTuneSizeFine->isChecked());  // the first visit is fine
+  EXPECT_FALSE(page->tuning->txtZ1->isVisible());
+  EXPECT_TRUE(page->lblClickPart->isVisible());
+  EXPECT_EQ(page->tuning->txtFreq->text(), " 14 M");
+}
+
+TEST_F(AnalysisPageTest, StripClickSelectsAndStepsTunePart) {
+  Click(Qt::LeftButton, (session.PartRightEdge[0] + session.PartRightEdge[1]) / 2.0, 800);
+  EXPECT_EQ(session.SelectedStage, 1);
+  EXPECT_TRUE(page->tuning->txtZ1->isVisible());
+  EXPECT_EQ(page->tuning->cmdZ1->text(), "C enter");
+  EXPECT_EQ(page->tuning->txtZ1->text(), "100 pF");
+  page->tuning->optTuneSizeNormal->click();
+  EXPECT_EQ(page->tuning->topSteps[3]->toolTip(), "Up coarse");
+  page->tuning->topSteps[3]->click();  // ">>": 10 %
+  EXPECT_EQ(page->tuning->txtZ1->text(), "110 pF");
+  page->tuning->txtZ1->setText("0");
+  page->tuning->cmdZ1->click();
+  EXPECT_EQ(session.ElementType[1], Empty);
+  EXPECT_FALSE(page->tuning->txtZ1->isVisible());
+  EXPECT_FALSE(page->lblClickPart->isVisible());
+}
+
+TEST_F(AnalysisPageTest, LeftPressOnTheChartShowsTheReadoutUntilRelease) {
+  QTest::mousePress(page.get(), Qt::LeftButton, {}, QPoint(800, 500));  // the chart centre
+  EXPECT_TRUE(page->readoutValues[0]->isVisible());
+  EXPECT_EQ(page->readoutValues[3]->text(), " 50 ");
+  QTest::mouseRelease(page.get(), Qt::LeftButton, {}, QPoint(800, 500));
+  EXPECT_FALSE(page->readoutValues[0]->isVisible());
+}
+
+}  // namespace
+}  // namespace kalvex

@@ -1,0 +1,237 @@
+#include <gtest/gtest.h>
+
+#include "analysis/network_listing.h"
+#include "analysis/test_frequency.h"
+#include "analysis/tuning.h"
+#include "support/drawing_queries.h"
+#include "model/format.h"
+#include "support/fake_dialogs.h"
+
+namespace kalvex {
+namespace {
+
+class StripTest : public ::testing::Test {
+ protected:
+  void SetUp() override {
+    InitialiseSession(session);
+    session.Frequency = 14e6;
+    session.ArcsMode = 2;
+    session.ChartZoom = 1;
+  }
+  Session session;
+  DisplayList list;
+};
+
+TEST_F(StripTest, CellWidthsFollowTheParts) {
+  session.Value[0][2] = 5;  // inductive load: shunt R and series L
+  const int16_t types[] = {SeriesCapacitor, Empty, ShuntResistor, SeriesLine, SeriesResistor};
+  for (int s = 1; s <= 5; ++s) {
+    session.ElementType[s] = types[s - 1];
+    session.Value[s] = {0, 1e-10, 1000, 50};
+  }
+  session.Value[4] = {0, 45, 14e6, 50};
+  DrawNetworkListing(session, list);
+  const auto& edge = session.PartRightEdge;
+  EXPECT_EQ(edge[0], 2290);  // 400 + 2100 × 0.9
+  EXPECT_EQ(edge[1] - edge[0], 864);   // series C 960 × 0.9
+  EXPECT_EQ(edge[2], edge[1]);         // an empty stage takes no width
+  EXPECT_EQ(edge[3] - edge[2], 1080);  // two leads then the shunt R: 1200 × 0.9
+  EXPECT_EQ(edge[4] - edge[3], 1260);  // series line 1400 × 0.9
+  EXPECT_EQ(edge[5] - edge[4], 1332);  // series R 1480 × 0.9
+  EXPECT_TRUE(AnyPartShown(session));
+  // The colour key: a bar over every occupied stage's cell.
+  const auto bars = testing::OfKind(list, DrawCommand::Kind::FillRect);
+  EXPECT_EQ(std::count_if(bars.begin(), bars.end(),
+                          [](const DrawCommand& c) { return c.b.y == 75; }),
+            4);
+}
+
+TEST_F(StripTest, ValuesAreShownAtTheWorkingFrequency) {
+  session.ElementType[1] = ShuntSeriesLC;
+  session.Value[1] = {0, 1e-6, 100, 1e-9, 100};
+  session.SelectedStage = 1;
+  DrawNetworkListing(session, list);
+  const auto texts = testing::Texts(list);
+  // 87.965 ohms of the coil less 11.368 of the capacitor, signed.
+  for (const char* expected : {"1 uH", "1000 pF", "+76.596 ", "LOAD"}) {
+    EXPECT_NE(std::find(texts.begin(), texts.end(), expected), texts.end()) << expected;
+  }
+  // The selected cell is framed in green.
+  EXPECT_EQ(testing::OfKind(list, DrawCommand::Kind::OutlineRect).size(), 1u);
+}
+
+TEST_F(StripTest, NothingIsDrawnWithoutAFrequency) {
+  session.PartRightEdge[5] = 1234;
+  session.Frequency = 0;
+  DrawNetworkListing(session, list);
+  EXPECT_TRUE(list.Commands().empty());
+  EXPECT_EQ(session.PartRightEdge[5], 1234);
+}
+
+TEST_F(StripTest, HitTestEdgesBelongToTheCellOnTheLeft) {
+  session.PartRightEdge = {2000, 3000, 3000, 4000, 5000, 6000};
+  struct Case {
+    double x;
+    int cell;
+  };
+  for (const Case c : {Case{6001, -1}, Case{6000, 5}, Case{5000, 4}, Case{3001, 3},
+                       Case{3000, 1}, Case{2001, 1}, Case{2000, 0}, Case{401, 0},
+                       Case{400, -1}}) {
+    EXPECT_EQ(PartAt(session, c.x), c.cell) << c.x;
+  }
+}
+
+struct PanelCase {
+  int16_t type;
+  std::array<double, 5> values;
+  TuningPanel panel;
+};
+
+class Panels : public StripTest, public ::testing::WithParamInterface<PanelCase> {};
+
+TEST_P(Panels, ShowTheTypesValues) {
+  session.ElementType[2] = GetParam().type;
+  session.Value[2] = {0, GetParam().values[1], GetParam().values[2], GetParam().values[3]};
+  const TuningPanel panel = SelectPart(session, 2);
+  EXPECT_EQ(session.SelectedStage, 2);
+  EXPECT_EQ(panel.topCaption, GetParam().panel.topCaption);
+  EXPECT_EQ(panel.topText, GetParam().panel.topText);
+  EXPECT_EQ(panel.bottomCaption, GetParam().panel.bottomCaption);
+  EXPECT_EQ(panel.bottomText, GetParam().panel.bottomText);
+  EXPECT_EQ(panel.bottomRow, GetParam().panel.bottomRow);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Types, Panels,
+    ::testing::Values(
+        PanelCase{Empty, {0, 0, 0}, {"R enter", "0 ", "X enter", "0 "}},
+        PanelCase{ShuntCapacitor, {0, 1e-10, 500}, {"C enter", "100 pF", "Q enter", "500 "}},
+        PanelCase{SeriesInductor, {0, 2e-6, 80}, {"L enter", "2 uH", "Q enter", "80 "}},
+        PanelCase{ShuntOpenStub, {0, 45, 14e6, 75}, {"Len enter", "45 ", "Z enter", "75 "}},
+        PanelCase{SeriesParallelLC, {0, 1e-6, 100, 1e-10},
+                  {"L enter", "1 uH", "C enter", "100 pF"}},
+        PanelCase{ShuntResistor, {0, 33}, {"R enter", "33 ", "", "", false}}));
+
+class TuningTest : public StripTest {
+ protected:
+  void Select(int stage, int16_t type, std::array<double, 5> values) {
+    session.ElementType[stage] = type;
+    session.Value[stage] = {0, values[1], values[2], values[3], values[4]};
+    SelectPart(session, stage);
+  }
+  testing::FakeDialogs dialogs;
+};
+
+TEST_F(TuningTest, CoarseGeometricStepsUndoEachOther) {
+  SetFineSteps(session, false);
+  Select(1, SeriesCapacitor, {0, 100e-12, 1000});
+  TuningPanel panel = StepTopValue(session, "100p", StepDirection::Down, kSmallStep);
+  EXPECT_DOUBLE_EQ(session.Value[1][1], 100e-12 / 1.01);
+  EXPECT_EQ(panel.topText, "99.0099 pF");
+  panel = StepTopValue(session, panel.topText, StepDirection::Up, kSmallStep);
+  EXPECT_NEAR(session.Value[1][1], 100e-12, 1e-16);  // from the box's seven digits
+  EXPECT_EQ(panel.topText, "100 pF");
+}
+
+TEST_F(TuningTest, FineStepsShrinkWithTheZoom) {
+  SetFineSteps(session, true);
+  session.ChartZoom = 8;
+  Select(1, SeriesInductor, {0, 1e-6, 100});
+  StepTopValue(session, "1u", StepDirection::Up, kSmallStep);
+  EXPECT_NEAR(session.Value[1][1], 1e-6 * (1 + 0.0000125), 1e-17);
+  // The Q steps by whole percents whatever the step size.
+  StepBottomValue(session, "100", StepDirection::Down, kSmallStep);
+  EXPECT_DOUBLE_EQ(session.Value[1][2], 100 / (1 + 0.01 / 8));
+}
+
+TEST_F(TuningTest, LoadReactanceFollowsTheStepSize) {
+  SetFineSteps(session, true);
+  SelectPart(session, 0);
+  StepBottomValue(session, "10", StepDirection::Up, kLargeStep);
+  EXPECT_NEAR(session.Value[0][2], 10 * (1 + 0.001), 1e-8);
+}
+
+TEST_F(TuningTest, ArithmeticStepsAddTheBase) {
+  SetFineSteps(session, false);
+  Select(3, SeriesResistor, {0, 10});
+  ChooseTopStepMode(session, true, "20");
+  EXPECT_EQ(session.TopStepBase[3], 20);
+  StepTopValue(session, "20", StepDirection::Down, kLargeStep);
+  EXPECT_DOUBLE_EQ(session.Value[3][1], 18);
+  ChooseTopStepMode(session, false, "");
+  EXPECT_EQ(session.TopStepMode[3], 0);
+}
+
+TEST_F(TuningTest, EnteringZeroRemovesThePart) {
+  Select(3, ShuntCapacitor, {0, 1e-10, 1000});
+  EXPECT_EQ(EnterTopValue(session, dialogs, "0"), Entered::PartCleared);
+  EXPECT_EQ(session.ElementType[3], Empty);
+  Select(2, SeriesCapacitor, {0, 1e-10, 1000});
+  EXPECT_EQ(EnterBottomValue(session, "0"), Entered::PartCleared);  // Q of 0
+  EXPECT_EQ(session.ElementType[2], Empty);
+  Select(4, SeriesLine, {0, 45, 14e6, 50});
+  EXPECT_EQ(EnterTopValue(session, dialogs, "90"), Entered::Value);
+  EXPECT_EQ(session.Value[4][1], 90);
+  EXPECT_TRUE(dialogs.messages.empty());
+}
+
+TEST_F(TuningTest, LoadResistanceOfZeroBecomesFiftyOhms) {
+  session.Value[0][2] = -30;
+  SelectPart(session, 0);
+  EXPECT_EQ(EnterTopValue(session, dialogs, "0"), Entered::LoadReset);
+  EXPECT_EQ(session.Value[0][1], 50);
+  EXPECT_EQ(session.Value[0][2], 0);
+  EXPECT_EQ(dialogs.MessageTexts(),
+            std::vector<std::string>{
+                "You have set the real value for the antenna to zero or less;\r\n"
+                "a default value of 50 ohms has been substituted for that value."});
+  EXPECT_EQ(EnterBottomValue(session, "0"), Entered::Value);  // a load may have no X
+}
+
+TEST_F(TuningTest, FirstVisitStartsWithFineSteps) {
+  EXPECT_TRUE(LoadStepSize(session));
+  EXPECT_FLOAT_EQ(session.TuneStepPercent, 0.01f);
+  SetFineSteps(session, false);
+  EXPECT_FALSE(LoadStepSize(session));
+}
+
+struct FrequencyCase {
+  const char* typed;
+  double frequency;
+  const char* text;
+  const char* message;  // nullptr: none
+};
+
+class FrequencyEntry : public TuningTest, public ::testing::WithParamInterface<FrequencyCase> {};
+
+TEST_P(FrequencyEntry, KeepsWithinItsLimits) {
+  EXPECT_EQ(EnterTestFrequency(session, dialogs, GetParam().typed), GetParam().text);
+  EXPECT_EQ(session.Frequency, GetParam().frequency);
+  if (GetParam().message == nullptr) {
+    EXPECT_TRUE(dialogs.messages.empty());
+  } else {
+    EXPECT_EQ(dialogs.MessageTexts(), std::vector<std::string>{GetParam().message});
+  }
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Entries, FrequencyEntry,
+    ::testing::Values(
+        FrequencyCase{"-2M", 2e6, " 2 M", nullptr},
+        FrequencyCase{"1k", 5000, " 5 k", "Frequency has been reset to the minimum allowed (5kHz)."},
+        FrequencyCase{"20G", 1e10, " 10 G",
+                      "Frequency has been reset to the maximum allowed (10gHz)."}));
+
+TEST_F(TuningTest, FrequencyStepsRoundTripWithoutLimits) {
+  SetFineSteps(session, false);
+  const std::string down = StepTestFrequency(session, "10M", StepDirection::Down, kLargeStep);
+  EXPECT_DOUBLE_EQ(session.Frequency, 10e6 / 1.1);
+  EXPECT_EQ(down, " 9.0909 M");
+  StepTestFrequency(session, "10M", StepDirection::Up, kLargeStep);
+  EXPECT_DOUBLE_EQ(session.Frequency, 11e6);
+  StepTestFrequency(session, "4k", StepDirection::Down, kLargeStep);
+  EXPECT_LT(session.Frequency, 5000);  // stepping has no minimum
+}
+
+}  // namespace
+}  // namespace kalvex
