@@ -167,11 +167,12 @@ void TuningControls::ShowTexts(const TuningPanel& panel) {
   txtZ2->setText(Q(panel.bottomText));
 }
 
-// ClearPart's hiding: both rows, their mode frames, with empty boxes.
-void TuningControls::HidePanel() {
+// ClearPart's hiding: both rows and their mode frames, the boxes emptied and
+// (unless `keepColours`) pale green again.
+void TuningControls::HidePanel(bool keepColours) {
   for (QLineEdit* box : {txtZ1, txtZ2}) {
     box->clear();
-    box->setStyleSheet(kPaleGreen);
+    if (!keepColours) box->setStyleSheet(kPaleGreen);
     box->hide();
   }
   cmdZ1->hide();
@@ -198,11 +199,14 @@ void TuningControls::ShowStepSize(bool fine) {
 }
 
 void TuningControls::EnteredTop() {
-  const Entered entered = EnterTopValue(session_, dialogs_, txtZ1->text().toStdString());
-  if (entered == Entered::Value) {
-    ShowTexts(PanelOf(session_, session_.SelectedStage));
-  } else {
-    HidePanel();
+  switch (EnterTopValue(session_, dialogs_, txtZ1->text().toStdString())) {
+    case Entered::PartCleared: HidePanel(); break;
+    case Entered::LoadReset:
+      // The load stays selected: its hidden boxes still get 50 and 0.
+      HidePanel(/*keepColours=*/true);
+      ShowTexts(PanelOf(session_, session_.SelectedStage));
+      break;
+    case Entered::Value: ShowTexts(PanelOf(session_, session_.SelectedStage)); break;
   }
   redraw_();
 }

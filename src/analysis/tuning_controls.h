@@ -51,7 +51,7 @@ class TuningControls : public QObject {
  private:
   void ShowPanel(const TuningPanel& panel);
   void ShowTexts(const TuningPanel& panel);
-  void HidePanel();
+  void HidePanel(bool keepColours = false);
   void MarkTopValue();
   void ShowStepSize(bool fine);
   void EnteredTop();
