@@ -35,9 +35,6 @@ class SymbolPen {
   // library draw a type 13 stage.
   void DrawPaddedShuntResistor();
 
-  double LeadLength() const { return lead_; }
-  double Scale() const { return scale_; }
-
  private:
   Point At(double a, double b) const { return {bodyX_ + a * scale_, ListY + b * scale_}; }
   void LineAt(double a1, double b1, double a2, double b2);

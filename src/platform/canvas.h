@@ -28,7 +28,6 @@ class Canvas {
   }
   void LineTo(Point to, Colour colour) { Line(pen_, to, colour); }
   void MoveTo(Point at) { pen_ = at; }
-  Point Pen() const { return pen_; }
 
   void Circle(Point centre, double radius, Colour colour) {
     DrawEllipse(centre, radius, radius, 0, kFullTurn, colour);

@@ -51,16 +51,6 @@ TEST_F(SweepTest, ManualPointsAreEvenlySpacedFromStartToStop) {
   EXPECT_EQ(session.SweepFreq[10], 2e6);
 }
 
-TEST_F(SweepTest, DownwardSweepRunsFromStartToStop) {
-  session.SweepStart = 20e6;
-  session.SweepStop = 10e6;
-  session.SweepPoints = 3;
-  RunSweepPoints(session, SweepUse::Chart);
-  EXPECT_EQ(session.SweepFreq[0], 20e6);
-  EXPECT_EQ(session.SweepFreq[1], 15e6);
-  EXPECT_EQ(session.SweepFreq[2], 10e6);
-}
-
 TEST_F(SweepTest, StoresWhatTheCalculationGives) {
   session.SweepStart = 13e6;
   session.SweepStop = 15e6;

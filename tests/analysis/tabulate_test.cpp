@@ -41,17 +41,6 @@ TEST_F(TabulateTest, PerfectMatchIsShownOnTheImaginaryAxis) {
   EXPECT_EQ(rows[0], "14 M      50      +0        0        +90       246.02   1         ");
 }
 
-TEST_F(TabulateTest, ThreePointsGiveStartMiddleAndStop) {
-  session.SweepStart = 10e6;
-  session.SweepStop = 20e6;
-  session.SweepPoints = 3;
-  const std::vector<std::string> rows = TabulateSweep(session);
-  ASSERT_EQ(rows.size(), 3u);
-  EXPECT_TRUE(rows[0].starts_with("10 M "));
-  EXPECT_TRUE(rows[1].starts_with("15 M "));
-  EXPECT_TRUE(rows[2].starts_with("20 M "));
-}
-
 TEST_F(TabulateTest, LongValuesPushLaterColumnsRight) {
   Fill(0, 144'123'456, 123'456'789, -123'456'789, 0.99999, -179.999, 1'000'000);
   const std::string row = TabulateRow(session, 0);

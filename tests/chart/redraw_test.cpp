@@ -223,12 +223,5 @@ TEST_F(RedrawTest, ReadoutOnTheCircleStaysFinite) {
   EXPECT_EQ(readout.returnLoss, " 0dB");
 }
 
-TEST_F(RedrawTest, ReadoutOutsideTheCircleIsHidden) {
-  EXPECT_FALSE(ReadoutAt(session, 8000, 1500).inside);
-  session.ChartAspect = 0.5f;
-  // 1000 units right of the centre is u = 2/3 at aspect 0.5, not 4/9.
-  EXPECT_EQ(ReadoutAt(session, 9000, 5000).rho.substr(0, 8), " 0.66667");
-}
-
 }  // namespace
 }  // namespace kalvex

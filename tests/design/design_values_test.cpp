@@ -41,16 +41,6 @@ INSTANTIATE_TEST_SUITE_P(
                   {"System impedance has been reset to the maximum allowed (10K).",
                    "Frequency has been reset to the maximum allowed (10gHz)."}}));
 
-TEST(DesignValues, ResetBoxesShowTheLimit) {
-  Session session;
-  InitialiseSession(session);
-  testing::FakeDialogs dialogs;
-  std::string z = "0", f = "5k";
-  LimitDesignValues(session, dialogs, z, f);
-  EXPECT_EQ(z, "1 ");
-  EXPECT_EQ(f, " 10 k");
-}
-
 TEST(DesignValues, OpeningFillsMissingValues) {
   Session session;
   InitialiseSession(session);

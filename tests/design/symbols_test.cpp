@@ -172,15 +172,6 @@ TEST(Symbols, StripExceptionsHangCoilsAndWidenTubes) {
   EXPECT_GT(testing::RailEnd(line, 180 - 95 * static_cast<double>(kS)), 0);
 }
 
-TEST(Symbols, GalleryDrawsThickLinesAndKeepsThem) {
-  DisplayList list;
-  SymbolPen pen(list, SymbolFamily::Gallery, kRv);
-  pen.DrawElementSymbol(InsertPlaceholder);
-  const auto widths = testing::OfKind(list, Kind::LineWidth);
-  ASSERT_EQ(widths.size(), 2u);
-  EXPECT_EQ(widths.back().value, 2);
-}
-
 TEST(Symbols, GeneratorShowsTheSystemImpedance) {
   DisplayList list;
   SymbolPen pen(list, SymbolFamily::Design, kRv);

@@ -143,13 +143,6 @@ TEST_F(LoadDataFileTest, TrailingCommentsKeepThePointsButSayParserError) {
   EXPECT_EQ(session.FileName, "");
 }
 
-TEST_F(LoadDataFileTest, FileWithoutALineBreakAtTheEndReadsCleanly) {
-  WriteFile("load.RJX", "5M,1,2\r\n6M,3,4");
-  ASSERT_TRUE(ApplyLoadDataFile(session, dialogs, PathOf("load.RJX")));
-  EXPECT_EQ(session.SweepPoints, 2);
-  EXPECT_TRUE(dialogs.messages.empty());
-}
-
 TEST_F(LoadDataFileTest, AThousandPointsFit) {
   ASSERT_TRUE(Apply(Points(1000)));
   EXPECT_TRUE(dialogs.messages.empty());
@@ -184,13 +177,6 @@ TEST_F(LoadDataFileTest, CancelledChooserRestoresSilently) {
   EXPECT_EQ(dialogs.chooserTitles, std::vector<std::string>{"Get frequencies and load data"});
   EXPECT_TRUE(dialogs.messages.empty());
   ExpectSweepSettingsRestored();
-}
-
-TEST_F(LoadDataFileTest, ChooserNameIsRead) {
-  WriteFile("pick.RJX", "7M,8,9\r\n");
-  dialogs.fileNames.push_back(PathOf("pick.RJX"));
-  EXPECT_TRUE(GetLoadData(session, dialogs));
-  EXPECT_EQ(session.Frequency, 7e6);
 }
 
 TEST_F(LoadDataFileTest, TheDipoleTableLoads) {

@@ -168,21 +168,6 @@ TEST_F(NetworkFileTest, FileEndingAfterTheStagesKeepsCircleAndSweepSettings) {
   EXPECT_EQ(read.SweepPoints, 7);
 }
 
-TEST_F(NetworkFileTest, FileEndingAfterTheCirclesKeepsSweepSettings) {
-  std::vector<std::string> lines = WrittenLines();
-  lines.resize(47);
-  read.SweepStop = 2e6;
-  ASSERT_TRUE(ReadLines(lines));
-  EXPECT_EQ(read.VSWRCircle, 1.5f);
-  EXPECT_EQ(read.SweepStop, 2e6);
-}
-
-TEST_F(NetworkFileTest, SlotsBeyondTheFileAreCleared) {
-  read.Value[1][7] = 9;
-  ASSERT_TRUE(ReadLines(WrittenLines()));
-  EXPECT_EQ(read.Value[1][7], 0);
-}
-
 struct FailingCheck {
   int line;  // index into the written lines
   const char* text;
@@ -274,11 +259,6 @@ TEST_F(NetworkFileTest, FailedWriteKeepsThePreviousFileWhole) {
   EXPECT_FALSE(WriteNetworkFile(written, dialogs, PathOf("net")));
   EXPECT_EQ(ReadFile("net.SSF"), "previous contents");
   EXPECT_TRUE(dialogs.messages.empty());
-}
-
-TEST_F(NetworkFileTest, CancelledSaveWritesNothing) {
-  EXPECT_FALSE(WriteNetworkFile(written, dialogs, ""));
-  EXPECT_TRUE(std::filesystem::is_empty(PathOf("")));
 }
 
 struct NameCase {

@@ -89,10 +89,6 @@ TEST_F(CalculateNetworkTest, EmptyStageBetweenFilledOnesIsPassedOver) {
   ExpectImpedance(withGap, withoutGap, 0);
 }
 
-TEST_F(CalculateNetworkTest, PlaceholderStageIsPassedOver) {
-  ExpectImpedance(Calculate({50, 10}, 14e6, {{InsertPlaceholder, {1, 2, 3}}}), {50, 10}, 0);
-}
-
 TEST_F(CalculateNetworkTest, ZeroFrequencyChangesNothing) {
   session.InputR = 12;
   session.InputX = 34;
@@ -197,16 +193,6 @@ INSTANTIATE_TEST_SUITE_P(
         ElementCase{"shunt R", {ShuntResistor, {15}},
                     [](Complex z, double) { return Parallel(z, 15.0); }}),
     [](const auto& info) { return testing::TestName(info.param.name); });
-
-TEST_F(CalculateNetworkTest, InductorQKeepsItsSignAndLCPairsTakeTheMagnitude) {
-  const Complex seriesL = Calculate({50, 0}, kF, {{SeriesInductor, {1e-6, -100}}});
-  EXPECT_LT(seriesL.real(), 50);
-  SetUp();
-  const Complex pair = Calculate({50, 0}, kF, {{SeriesParallelLC, {1e-6, -100, 1e-9, -100}}});
-  SetUp();
-  const Complex positive = Calculate({50, 0}, kF, {{SeriesParallelLC, {1e-6, 100, 1e-9, 100}}});
-  ExpectImpedance(pair, positive, 1e-12);
-}
 
 // Inputs the Design page normally keeps out still give a finite impedance,
 // with the physical meaning of the degenerate part where it has one.

@@ -121,33 +121,6 @@ TEST_F(PagesInFolder, ExitDialogOnAnEmptyNetwork) {
   EXPECT_EQ(dialog.result(), QDialog::Accepted);
 }
 
-TEST_F(PagesInFolder, ExitDialogSaveThenExit) {
-  InitialiseSession(session);
-  session.ElementType[1] = SeriesResistor;
-  session.Value[1][1] = 5;
-  ExitDialog cancelled(session, dialogs);
-  EXPECT_TRUE(cancelled.cmdSave->isEnabled());
-  cancelled.cmdSave->click();  // the chooser is cancelled: nothing happens
-  EXPECT_FALSE(std::filesystem::exists(kLastSessionFileName));
-
-  ExitDialog dialog(session, dialogs);
-  dialogs.fileNames.push_back("tuner.net");
-  dialog.cmdSave->click();
-  EXPECT_TRUE(std::filesystem::exists("tuner.SSF"));
-  EXPECT_TRUE(std::filesystem::exists(kLastSessionFileName));
-  EXPECT_EQ(dialog.Label2->text(), "This session data has been saved");
-  EXPECT_TRUE(dialog.Label2->isHidden());  // shown for the pause only
-}
-
-TEST_F(PagesInFolder, DesignPageCloseBoxSavesTheLastSession) {
-  InitialiseSession(session);
-  DesignPage page(session, dialogs);
-  EXPECT_EQ(page.windowTitle(), "Kalvex 2.12 - Design ");
-  page.show();
-  page.close();
-  EXPECT_TRUE(std::filesystem::exists(kLastSessionFileName));
-}
-
 TEST_F(PagesInFolder, RenderWritesAnImageOfTheAskedSize) {
   std::ostringstream out, err;
   EXPECT_EQ(RunCli({"render", "--page", "design", "--size", "640x480", "-o", "d.png"}, out, err),
@@ -206,19 +179,6 @@ TEST_F(DesignPageTest, BuildsAStageFromTheLibrary) {
   EXPECT_EQ(session.Value[2][2], 500);
   EXPECT_TRUE(page->cmdAnalyze->isEnabled());
   EXPECT_FALSE(page->txtValue[0]->isVisible());
-}
-
-TEST_F(DesignPageTest, ValueBoxesAreLiveInTheSession) {
-  page->txtSystemZ->setText("75");
-  EXPECT_EQ(session.SystemZ, 75);
-  page->txtInductorQ->setText("0");
-  EXPECT_EQ(session.DefaultInductorQ, 0);
-  page->txtFrequency->setText("5k");
-  page->cmdAnalyze->click();
-  EXPECT_EQ(dialogs.MessageTexts(),
-            std::vector<std::string>{"Frequency has been reset to the minimum allowed (10kHz)."});
-  EXPECT_EQ(session.Frequency, 10000);
-  EXPECT_EQ(page->txtFrequency->text(), " 10 k");
 }
 
 TEST_F(DesignPageTest, GetNetShowsTheFileInTheCaption) {
@@ -306,14 +266,6 @@ TEST_F(AnalysisPageTest, StripClickSelectsAndStepsTunePart) {
   EXPECT_EQ(session.ElementType[1], Empty);
   EXPECT_FALSE(page->tuning->txtZ1->isVisible());
   EXPECT_FALSE(page->lblClickPart->isVisible());
-}
-
-TEST_F(AnalysisPageTest, LeftPressOnTheChartShowsTheReadoutUntilRelease) {
-  QTest::mousePress(page.get(), Qt::LeftButton, {}, QPoint(800, 500));  // the chart centre
-  EXPECT_TRUE(page->readoutValues[0]->isVisible());
-  EXPECT_EQ(page->readoutValues[3]->text(), " 50 ");
-  QTest::mouseRelease(page.get(), Qt::LeftButton, {}, QPoint(800, 500));
-  EXPECT_FALSE(page->readoutValues[0]->isVisible());
 }
 
 }  // namespace
