@@ -8,7 +8,7 @@ int main(int argc, char** argv) {
   QApplication application(argc, argv);
   kalvex::Session session;
   kalvex::QtDialogs dialogs;
-  kalvex::WelcomePage welcome(session, dialogs);
-  welcome.show();
+  // Pages delete themselves when they close, so the first one is on the heap too.
+  (new kalvex::WelcomePage(session, dialogs))->show();
   return application.exec();
 }

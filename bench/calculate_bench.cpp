@@ -1,13 +1,13 @@
 #include <benchmark/benchmark.h>
 
-#include "five_stage_network.h"
+#include "support/five_stage_network.h"
 #include "model/calculate.h"
 
 namespace {
 
 // The chart recalculates the whole network 5,000 times a redraw.
 void BM_CalculateNetwork(benchmark::State& state) {
-  kalvex::Session session = kalvex::bench::FiveStageNetwork();
+  kalvex::Session session = kalvex::testing::FiveStageNetwork();
   for (auto _ : state) {
     kalvex::CalculateNetwork(session, 0);
     benchmark::DoNotOptimize(session.InputR);

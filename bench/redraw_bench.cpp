@@ -9,14 +9,15 @@
 #include "chart/analysis_view.h"
 #include "chart/network_arcs.h"
 #include "chart/redraw.h"
-#include "five_stage_network.h"
+#include "support/fake_dialogs.h"
+#include "support/five_stage_network.h"
 #include "platform/display_list.h"
 #include "platform/painter_canvas.h"
 
 namespace {
 
 kalvex::Session ChartSession() {
-  kalvex::Session session = kalvex::bench::FiveStageNetwork();
+  kalvex::Session session = kalvex::testing::FiveStageNetwork();
   session.GridType = 3;
   session.ChartAspect = 0.75f;
   session.ChartCentreX = 8000;
@@ -60,23 +61,7 @@ void BM_TuningStepRepaint(benchmark::State& state) {
   kalvex::Session session = ChartSession();
   session.CoilArcRadius = 80;
   session.TuneStepPercent = 1;
-  class SilentDialogs : public kalvex::Dialogs {
-    kalvex::MessageAnswer Message(const std::string&, const std::string&, kalvex::MessageButtons,
-                                  kalvex::MessageIcon) override {
-      return kalvex::MessageAnswer::Ok;
-    }
-    std::string ChooseOpenFile(const std::string&, const std::string&,
-                               const std::string&) override {
-      return "";
-    }
-    std::string ChooseSaveFile(const std::string&, const std::string&,
-                               const std::string&) override {
-      return "";
-    }
-    void Beep() override {}
-    void Pause(double) override {}
-    std::string LocalDateTime() override { return ""; }
-  } dialogs;
+  kalvex::testing::FakeDialogs dialogs;
   kalvex::AnalysisPage page(session, dialogs);
   page.resize(1920, 1080);
   page.show();

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "chart/redraw.h"
+#include "design/schematic.h"
 #include "design/symbols.h"
 #include "model/format.h"
 
@@ -65,17 +66,12 @@ void DrawNetworkListing(Session& session, Canvas& canvas) {
   pen.ListY = 180;
   pen.HighlightFlag = session.SelectedStage == 0 ? kSelectedLines : 0;
 
-  const double r = session.Value[0][1];
   const double x = session.Value[0][2];
   pen.DrawLoadSymbol(x);
-  const std::string rText = FormatGeneral(r);
-  if (x == 0) {
-    canvas.Text({pen.ListX - 600, pen.ListY + 1000}, rText);
-  } else {
-    const std::string xText = FormatGeneral(std::fabs(x));
-    canvas.Text({pen.ListX - 600 - 60.0 * rText.size() - 60.0 * xText.size(), pen.ListY + 1000},
-                rText + (x > 0 ? " +j" : " -j") + xText);
-  }
+  const std::string text = LoadValueText(session.Value[0][1], x);
+  canvas.Text({x == 0 ? pen.ListX - 600 : ReactiveLoadLabelLeft(pen.ListX, text),
+               pen.ListY + 1000},
+              text);
   if (session.SelectedStage == 0) Frame(canvas, 150, pen.ListX - 30, pen.ListY, 45);
   session.PartRightEdge[0] = Rounded(pen.ListX);
   canvas.Text({pen.ListX - 700, 1400}, "LOAD");

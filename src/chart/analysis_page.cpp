@@ -9,7 +9,6 @@
 #include "files/defaults_file.h"
 #include "files/exit_dialog.h"
 #include "files/field_reader.h"
-#include "files/network_file.h"
 
 namespace kalvex {
 namespace {
@@ -205,16 +204,9 @@ void AnalysisPage::HideReadout() {
 }
 
 void AnalysisPage::GoToDesignPage() {
-  auto* design = new DesignPage(session_, dialogs_);
-  design->setAttribute(Qt::WA_DeleteOnClose);
-  design->show();
-  setAttribute(Qt::WA_DeleteOnClose);
-  CloseByProgram();
+  SwitchTo(new DesignPage(session_, dialogs_));
 }
 
-void AnalysisPage::OnUserClose() {
-  WriteLastSession(session_, dialogs_);
-  EndProgram();
-}
+void AnalysisPage::OnUserClose() { SaveSessionAndEnd(session_, dialogs_); }
 
 }  // namespace kalvex

@@ -6,12 +6,6 @@
 #include "model/trim.h"
 
 namespace kalvex {
-namespace {
-
-std::string Trimmed(const std::string& text) { return std::string(Trim(text)); }
-
-}  // namespace
-
 Readout ReadoutAt(const Session& session, double x, double y) {
   const double pi = session.Pi;
   const double dy = y - session.ChartCentreY;

@@ -170,11 +170,7 @@ void DesignPage::Analyze() {
   // Rewriting a box re-reads it, as any change does.
   if (txtSystemZ->text() != Q(systemZ)) txtSystemZ->setText(Q(systemZ));
   if (txtFrequency->text() != Q(frequency)) txtFrequency->setText(Q(frequency));
-  auto* analysis = new AnalysisPage(session_, dialogs_);
-  analysis->setAttribute(Qt::WA_DeleteOnClose);
-  analysis->show();
-  setAttribute(Qt::WA_DeleteOnClose);
-  CloseByProgram();
+  SwitchTo(new AnalysisPage(session_, dialogs_));
 }
 
 // A cancelled chooser changes nothing: no file is written and FileName keeps
@@ -201,16 +197,9 @@ void DesignPage::GetNetwork() {
 }
 
 void DesignPage::OpenOptions() {
-  auto* options = new OptionsPage(session_, dialogs_);
-  options->setAttribute(Qt::WA_DeleteOnClose);
-  options->show();
-  setAttribute(Qt::WA_DeleteOnClose);
-  CloseByProgram();
+  SwitchTo(new OptionsPage(session_, dialogs_));
 }
 
-void DesignPage::OnUserClose() {
-  WriteLastSession(session_, dialogs_);
-  EndProgram();
-}
+void DesignPage::OnUserClose() { SaveSessionAndEnd(session_, dialogs_); }
 
 }  // namespace kalvex

@@ -14,16 +14,10 @@ namespace {
 int16_t Rounded(double x) { return static_cast<int16_t>(std::nearbyint(x)); }
 
 void DrawLoadLabel(const Session& session, SymbolPen& pen, Canvas& canvas) {
-  const double r = session.Value[0][1];
-  const double x = session.Value[0][2];
-  const std::string rText = FormatGeneral(r);
-  if (x == 0) {
-    canvas.Text({pen.ListX - 800, pen.ListY + 1200}, rText);
-  } else {
-    const std::string xText = FormatGeneral(std::fabs(x));
-    const double left = pen.ListX - 600 - 60.0 * rText.size() - 60.0 * xText.size();
-    canvas.Text({left, pen.ListY + 1200}, rText + (x > 0 ? " +j" : " -j") + xText);
-  }
+  const std::string text = LoadValueText(session.Value[0][1], session.Value[0][2]);
+  const double left = session.Value[0][2] == 0 ? pen.ListX - 800
+                                               : ReactiveLoadLabelLeft(pen.ListX, text);
+  canvas.Text({left, pen.ListY + 1200}, text);
   canvas.Text({pen.ListX - 700, pen.ListY + 1400}, "LOAD");
 }
 
@@ -60,6 +54,16 @@ std::optional<std::vector<std::string>> StageLabels(int16_t type, const std::arr
 }
 
 }  // namespace
+
+std::string LoadValueText(double r, double x) {
+  if (x == 0) return FormatGeneral(r);
+  return FormatGeneral(r) + (x > 0 ? " +j" : " -j") + FormatGeneral(std::fabs(x));
+}
+
+double ReactiveLoadLabelLeft(double cellEnd, const std::string& text) {
+  const std::size_t valueCharacters = text.size() - 3;  // without " +j"
+  return cellEnd - 600 - 60.0 * valueCharacters;
+}
 
 StagePositions DrawNetwork(Session& session, Canvas& canvas, float coilArcRadius) {
   canvas.FillRect({100, 300}, {11500, 3200}, kPageBackground);

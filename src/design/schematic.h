@@ -25,6 +25,12 @@ StagePositions DrawNetwork(Session& session, Canvas& canvas, float coilArcRadius
 // the library.
 StagePositions DrawDesignPage(Session& session, Canvas& canvas, float coilArcRadius);
 
+// The load's value text: "50 " for a resistance alone, else R, " +j" or
+// " -j", and |X| run together ("50  -j25 "). A reactive label starts 600
+// units plus 60 a character of the two value texts left of the cell's end.
+std::string LoadValueText(double r, double x);
+double ReactiveLoadLabelLeft(double cellEnd, const std::string& text);
+
 // The parts library below the schematic: every symbol once, in two rows
 // separated by light-blue lines.
 void DrawLibrary(Canvas& canvas, float coilArcRadius);

@@ -16,6 +16,11 @@ int Px(int twips) { return twips / kTwipsPerPixel; }
 
 void EndProgram() { QCoreApplication::exit(0); }
 
+void SaveSessionAndEnd(const Session& session, Dialogs& dialogs) {
+  WriteLastSession(session, dialogs);
+  EndProgram();
+}
+
 ExitDialog::ExitDialog(Session& session, Dialogs& dialogs, QWidget* parent)
     : QDialog(parent),
       cmdCancel(new QPushButton("Cancel / Continue", this)),

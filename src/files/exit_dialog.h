@@ -32,4 +32,7 @@ class ExitDialog : public QDialog {
 // Ends the program after the current event.
 void EndProgram();
 
+// A page's close box: the last session is saved, then the program ends.
+void SaveSessionAndEnd(const Session& session, Dialogs& dialogs);
+
 }  // namespace kalvex

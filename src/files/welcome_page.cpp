@@ -3,7 +3,6 @@
 #include "design/design_page.h"
 #include "design/symbols.h"
 #include "files/exit_dialog.h"
-#include "files/network_file.h"
 #include "files/startup.h"
 #include "files/welcome_pictures.h"
 
@@ -30,15 +29,9 @@ WelcomePage::WelcomePage(Session& session, Dialogs& dialogs)
 }
 
 void WelcomePage::Start() {
-  auto* design = new DesignPage(session_, dialogs_);
-  design->setAttribute(Qt::WA_DeleteOnClose);
-  design->show();
-  CloseByProgram();
+  SwitchTo(new DesignPage(session_, dialogs_));
 }
 
-void WelcomePage::OnUserClose() {
-  WriteLastSession(session_, dialogs_);
-  EndProgram();
-}
+void WelcomePage::OnUserClose() { SaveSessionAndEnd(session_, dialogs_); }
 
 }  // namespace kalvex

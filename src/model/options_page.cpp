@@ -56,11 +56,7 @@ OptionsPage::OptionsPage(Session& session, Dialogs& dialogs)
 
 void OptionsPage::Return() {
   ReturnFromOptions(session_, dialogs_, txtVelocityFactor->text().toStdString());
-  auto* design = new DesignPage(session_, dialogs_);
-  design->setAttribute(Qt::WA_DeleteOnClose);
-  design->show();
-  setAttribute(Qt::WA_DeleteOnClose);
-  CloseByProgram();
+  SwitchTo(new DesignPage(session_, dialogs_));
 }
 
 }  // namespace kalvex

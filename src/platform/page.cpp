@@ -83,6 +83,13 @@ void Page::CloseByProgram() {
   close();
 }
 
+void Page::SwitchTo(Page* next) {
+  next->setAttribute(Qt::WA_DeleteOnClose);
+  next->show();
+  setAttribute(Qt::WA_DeleteOnClose);
+  CloseByProgram();
+}
+
 void Page::closeEvent(QCloseEvent* event) {
   if (!closingByProgram_) OnUserClose();
   event->accept();

@@ -29,6 +29,10 @@ class Page : public QWidget {
   // Closes the page as the program, not the user, does.
   void CloseByProgram();
 
+  // Leaves this page for `next`: shows it and closes this one. Both pages are
+  // on the heap and are deleted when closed.
+  void SwitchTo(Page* next);
+
   QPointF ToPage(QPointF widgetPoint) const;
   QSizeF LogicalSize() const { return logicalSize_; }
 

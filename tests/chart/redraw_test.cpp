@@ -8,6 +8,7 @@
 #include "chart/redraw.h"
 #include "model/calculate.h"
 #include "support/drawing_queries.h"
+#include "support/five_stage_network.h"
 
 namespace kalvex {
 namespace {
@@ -116,15 +117,10 @@ TEST_F(RedrawTest, CaptionShowsTheSystemImpedance) {
 }
 
 TEST_F(RedrawTest, PathRunsFromTheLoadToTheInputImpedance) {
-  session.Value[0][1] = 36;
-  session.Value[0][2] = -20;
-  session.ElementType = {0, SeriesInductor, ShuntCapacitor, SeriesLine, ShuntOpenStub,
-                         SeriesCapacitor};
-  session.Value[1] = {0, 1.2e-6, 200};
-  session.Value[2] = {0, 150e-12, 1000};
-  session.Value[3] = {0, 30, 14e6, 75};
-  session.Value[4] = {0, 45, 14e6, 50};
-  session.Value[5] = {0, 220e-12, 1000};
+  const Session network = testing::FiveStageNetwork();
+  session.ElementType = network.ElementType;
+  session.Value = network.Value;
+  session.Frequency = network.Frequency;
   const auto before = session.Value;
   DrawNetworkArcs(session, list);
   EXPECT_EQ(session.Value, before);

@@ -2,9 +2,9 @@
 
 #include "model/session.h"
 
-namespace kalvex::bench {
+namespace kalvex::testing {
 
-// The five-stage network the benchmarks run on: series inductor, shunt
+// The five-stage network of the benchmarks and the path tests: series inductor, shunt
 // capacitor, line section, shunt open stub, series capacitor.
 inline Session FiveStageNetwork() {
   Session session;
@@ -23,4 +23,4 @@ inline Session FiveStageNetwork() {
   return session;
 }
 
-}  // namespace kalvex::bench
+}  // namespace kalvex::testing
