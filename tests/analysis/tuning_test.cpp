@@ -207,11 +207,7 @@ class FrequencyEntry : public TuningTest, public ::testing::WithParamInterface<F
 TEST_P(FrequencyEntry, KeepsWithinItsLimits) {
   EXPECT_EQ(EnterTestFrequency(session, dialogs, GetParam().typed), GetParam().text);
   EXPECT_EQ(session.Frequency, GetParam().frequency);
-  if (GetParam().message == nullptr) {
-    EXPECT_TRUE(dialogs.messages.empty());
-  } else {
-    EXPECT_EQ(dialogs.MessageTexts(), std::vector<std::string>{GetParam().message});
-  }
+  EXPECT_EQ(dialogs.MessageTexts(), testing::FakeDialogs::Only(GetParam().message));
 }
 
 INSTANTIATE_TEST_SUITE_P(

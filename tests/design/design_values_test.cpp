@@ -80,11 +80,7 @@ TEST_P(VelocityFactor, IsKeptWithinItsLimits) {
   EXPECT_EQ(OpenOptions(session), " 1");
   ReturnFromOptions(session, dialogs, GetParam().text);
   EXPECT_EQ(session.VelocityFactor, GetParam().stored);
-  if (GetParam().message == nullptr) {
-    EXPECT_TRUE(dialogs.messages.empty());
-  } else {
-    EXPECT_EQ(dialogs.MessageTexts(), std::vector<std::string>{GetParam().message});
-  }
+  EXPECT_EQ(dialogs.MessageTexts(), testing::FakeDialogs::Only(GetParam().message));
 }
 
 INSTANTIATE_TEST_SUITE_P(

@@ -44,6 +44,11 @@ class FakeDialogs : public Dialogs {
     return texts;
   }
 
+  // The messages a case expects: none for nullptr, else that one alone.
+  static std::vector<std::string> Only(const char* message) {
+    return message == nullptr ? std::vector<std::string>{} : std::vector<std::string>{message};
+  }
+
   std::deque<MessageAnswer> answers;
   std::deque<std::string> fileNames;
   std::vector<Shown> messages;
