@@ -1,8 +1,8 @@
 #include <QApplication>
 
-#include "files/welcome_page.h"
+#include "ui/welcome_page.h"
 #include "model/session.h"
-#include "platform/qt_dialogs.h"
+#include "ui/qt_dialogs.h"
 
 int main(int argc, char** argv) {
   QApplication application(argc, argv);

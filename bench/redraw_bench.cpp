@@ -5,14 +5,14 @@
 #include <QPainter>
 #include <cmath>
 
-#include "chart/analysis_page.h"
+#include "ui/analysis_page.h"
 #include "chart/analysis_view.h"
 #include "chart/network_arcs.h"
-#include "chart/redraw.h"
+#include "analysis/redraw.h"
 #include "support/fake_dialogs.h"
 #include "support/five_stage_network.h"
 #include "platform/display_list.h"
-#include "platform/painter_canvas.h"
+#include "ui/painter_canvas.h"
 
 namespace {
 

@@ -1,4 +1,3 @@
-#include <QGuiApplication>
 #include <memory>
 #include <regex>
 
@@ -8,35 +7,30 @@
 #include "console_dialogs.h"
 #include "chart/analysis_view.h"
 #include "chart/chart_view.h"
-#include "chart/redraw.h"
+#include "analysis/redraw.h"
 #include "design/schematic.h"
 #include "design/symbols.h"
 #include "files/network_file.h"
 #include "files/startup.h"
-#include "files/welcome_pictures.h"
-#include "platform/page_renderer.h"
+#include "design/welcome_pictures.h"
+#include "ui/page_renderer.h"
 
 #include <cmath>
 
 namespace kalvex {
 namespace {
 
-// Painting text needs a GUI application; the command line has no screen.
-void EnsureGuiApplication() {
-  if (QGuiApplication::instance() != nullptr) return;
-  qputenv("QT_QPA_PLATFORM", "offscreen");
-  static int argc = 1;
-  static char name[] = "kalvex-cli";
-  static char* argv[] = {name, nullptr};
-  static QGuiApplication application(argc, argv);
-}
+struct PixelSize {
+  int width = 0;
+  int height = 0;
+};
 
-std::optional<QSize> SizeOf(const std::string& text) {
+std::optional<PixelSize> SizeOf(const std::string& text) {
   std::smatch match;
   static const std::regex pattern("([0-9]{1,5})x([0-9]{1,5})");
   if (!std::regex_match(text, match, pattern)) return std::nullopt;
-  const QSize size(std::stoi(match[1]), std::stoi(match[2]));
-  if (size.width() < 16 || size.height() < 16) return std::nullopt;
+  const PixelSize size{std::stoi(match[1]), std::stoi(match[2])};
+  if (size.width < 16 || size.height < 16) return std::nullopt;
   return size;
 }
 
@@ -79,10 +73,9 @@ int RunRender(const Command& command, const std::vector<std::string>& words, std
     return kExitFailed;
   }
 
-  EnsureGuiApplication();
-  const float coilArcRadius = CoilArcRadiusFor(size->width(), size->height());
+  const float coilArcRadius = CoilArcRadiusFor(size->width, size->height);
   DisplayList drawing;
-  QSizeF pageSize(kDesignPageWidth, kDesignPageHeight);
+  PageSize pageSize = kDesignPage;
   if (page == "welcome") {
     DrawWelcomePage(drawing, session.ChartAspect, coilArcRadius);
   } else if (page == "design") {
@@ -94,12 +87,11 @@ int RunRender(const Command& command, const std::vector<std::string>& words, std
     session.LoadSource = session.LoadSource == 0 ? 1 : session.LoadSource;
     LoadAnalysisView(session);
     RedrawChart(session, drawing);
-    pageSize = {kAnalysisPageWidth, kAnalysisPageHeight};
+    pageSize = kAnalysisPage;
   }
-  const QString failure =
-      RenderToFile(drawing, pageSize, *size, QString::fromStdString(*output));
-  if (!failure.isEmpty()) {
-    err << "kalvex-cli render: " << failure.toStdString() << "\n";
+  const std::string failure = RenderToFile(drawing, pageSize, size->width, size->height, *output);
+  if (!failure.empty()) {
+    err << "kalvex-cli render: " << failure << "\n";
     return kExitFailed;
   }
   return kExitOk;

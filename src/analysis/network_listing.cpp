@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "chart/redraw.h"
+#include "analysis/redraw.h"
 #include "design/schematic.h"
 #include "design/symbols.h"
 #include "model/format.h"
@@ -58,7 +58,7 @@ void DrawNetworkListing(Session& session, Canvas& canvas) {
   if (session.Frequency <= 0) return;
   canvas.FillRect({1, 1},
                   {session.PartRightEdge[5] + session.ListingScale * 1040 + 400, 1800},
-                  kAnalysisBackground);
+                  kPageBackground);
   canvas.SetFont(PageFontSize(kAnalysisPageHeight) / kPageUnitsPerPoint, false);
   session.ListingScale = kListingScale;
   SymbolPen pen(canvas, SymbolFamily::Strip, session.CoilArcRadius, kListingScale);

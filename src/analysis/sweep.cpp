@@ -8,8 +8,6 @@
 namespace kalvex {
 namespace {
 
-constexpr int kMaxManualPoints = kSweepPointCount - 1;  // indexes 0..1999
-constexpr int kMaxLoadPoints = kLoadPointCount - 1;     // indexes 1..1000
 constexpr double kVSWRCap = 1'000'000;
 
 void StorePoint(Session& session, int index, SweepUse use) {
@@ -26,13 +24,6 @@ void StorePoint(Session& session, int index, SweepUse use) {
 }
 
 }  // namespace
-
-SweepIndexes SweepIndexesOf(const Session& session) {
-  const int points = std::max<int>(session.SweepPoints, 0);
-  if (session.LoadSource == 1) return {0, std::min(points, kMaxManualPoints) - 1};
-  if (session.LoadSource == 2) return {1, std::min(points, kMaxLoadPoints)};
-  return {};
-}
 
 SweepIndexes RunSweepPoints(Session& session, SweepUse use) {
   const double savedFrequency = session.Frequency;

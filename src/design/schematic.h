@@ -5,10 +5,10 @@
 
 #include "model/session.h"
 #include "platform/canvas.h"
+#include "platform/pages.h"
 
 namespace kalvex {
 
-inline constexpr Colour kPageBackground = RGB(232, 248, 255);
 
 // x of the left edge of each stage cell of the schematic, StageX(1..6); index
 // 6 is the right edge of stage 5. The Design page's hit tests read them.

@@ -5,6 +5,7 @@
 #include <numbers>
 
 #include "model/format.h"
+#include "model/session.h"
 
 namespace kalvex {
 namespace {

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
-#include "analysis/sweep.h"
+#include "model/sweep_indexes.h"
 #include "files/text_file.h"
 #include "model/format.h"
 

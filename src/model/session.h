@@ -4,6 +4,8 @@
 #include <cstdint>
 #include <string>
 
+#include "platform/colour.h"
+
 namespace kalvex {
 
 // Codes stored in ElementType[s]. Stage 0 (the load) always holds Empty.
@@ -31,13 +33,6 @@ inline constexpr int kStageCount = 21;     // ElementType(0..20)
 inline constexpr int kSlotCount = 11;      // Value(0..10, 0..10)
 inline constexpr int kLoadPointCount = 1001;   // LoadFreq(0..1000)
 inline constexpr int kSweepPointCount = 2001;  // SweepFreq(0..2000)
-
-using Colour = uint32_t;  // 24-bit RGB, red in the low byte
-constexpr Colour RGB(int red, int green, int blue) {
-  return static_cast<Colour>(red) | (static_cast<Colour>(green) << 8) |
-         (static_cast<Colour>(blue) << 16);
-}
-inline constexpr Colour kWhite = RGB(255, 255, 255);
 
 // The one session state of a running program: the network, the operating point,
 // the settings the files carry, the load-data table, the last sweep and the

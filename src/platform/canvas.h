@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "model/session.h"
+#include "platform/colour.h"
 
 namespace kalvex {
 

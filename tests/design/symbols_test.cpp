@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "design/symbols.h"
+#include "model/session.h"
 #include "support/drawing_queries.h"
 #include "support/test_name.h"
 

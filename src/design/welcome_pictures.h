@@ -12,8 +12,4 @@ void DrawWelcomePictures(Canvas& canvas, float chartAspect, float coilArcRadius)
 // The welcome page's drawing: its background, then the three pictures.
 void DrawWelcomePage(Canvas& canvas, float chartAspect, float coilArcRadius);
 
-// The logical size of the welcome and Design pages.
-inline constexpr double kDesignPageWidth = 12200;
-inline constexpr double kDesignPageHeight = 9200;
-
 }  // namespace kalvex

@@ -1,4 +1,4 @@
-#include "analysis/tuning_controls.h"
+#include "ui/tuning_controls.h"
 
 #include "analysis/test_frequency.h"
 #include "model/format.h"

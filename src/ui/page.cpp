@@ -1,11 +1,11 @@
-#include "platform/page.h"
+#include "ui/page.h"
 
 #include <QCloseEvent>
 #include <QMouseEvent>
 #include <QPainter>
 #include <cmath>
 
-#include "platform/painter_canvas.h"
+#include "ui/painter_canvas.h"
 
 namespace kalvex {
 namespace {

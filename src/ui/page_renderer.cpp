@@ -1,6 +1,7 @@
-#include "platform/page_renderer.h"
+#include "ui/page_renderer.h"
 
 #include <QFileInfo>
+#include <QGuiApplication>
 #include <QImage>
 #include <QPageSize>
 #include <QPainter>
@@ -9,7 +10,7 @@
 #include <QSvgGenerator>
 #include <cmath>
 
-#include "platform/painter_canvas.h"
+#include "ui/painter_canvas.h"
 
 namespace kalvex {
 namespace {
@@ -22,10 +23,17 @@ void Paint(const DisplayList& drawing, QPainter& painter, QSizeF pageSize, QSize
   drawing.Replay(canvas);
 }
 
-}  // namespace
+// Painting text needs a GUI application; the command line has no screen.
+void EnsureGuiApplication() {
+  if (QGuiApplication::instance() != nullptr) return;
+  qputenv("QT_QPA_PLATFORM", "offscreen");
+  static int argc = 1;
+  static char name[] = "kalvex";
+  static char* argv[] = {name, nullptr};
+  static QGuiApplication application(argc, argv);
+}
 
-QString RenderToFile(const DisplayList& drawing, QSizeF pageSize, QSize size,
-                     const QString& path) {
+QString Render(const DisplayList& drawing, QSizeF pageSize, QSize size, const QString& path) {
   const QString suffix = QFileInfo(path).suffix().toLower();
   if (suffix == "png") {
     QImage image(size, QImage::Format_ARGB32);
@@ -68,6 +76,16 @@ QString RenderToFile(const DisplayList& drawing, QSizeF pageSize, QSize size,
     return {};
   }
   return "the output must end in .png, .svg or .pdf: " + path;
+}
+
+}  // namespace
+
+std::string RenderToFile(const DisplayList& drawing, PageSize page, int width, int height,
+                         const std::string& path) {
+  EnsureGuiApplication();
+  return Render(drawing, QSizeF(page.width, page.height), QSize(width, height),
+                QString::fromStdString(path))
+      .toStdString();
 }
 
 }  // namespace kalvex

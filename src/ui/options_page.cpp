@@ -1,6 +1,6 @@
-#include "model/options_page.h"
+#include "ui/options_page.h"
 
-#include "design/design_page.h"
+#include "ui/design_page.h"
 #include "design/schematic.h"
 #include "model/options.h"
 

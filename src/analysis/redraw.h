@@ -2,14 +2,9 @@
 
 #include "model/session.h"
 #include "platform/canvas.h"
+#include "platform/pages.h"
 
 namespace kalvex {
-
-inline constexpr Colour kAnalysisBackground = RGB(232, 248, 255);
-
-// The Analysis page's logical size.
-inline constexpr double kAnalysisPageWidth = 12000;
-inline constexpr double kAnalysisPageHeight = 9000;
 
 // The full redraw of the Analysis page: background, white chart face, the
 // grids of GridType, the real axis, the outline, the caption, the network

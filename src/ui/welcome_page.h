@@ -5,7 +5,7 @@
 
 #include "model/session.h"
 #include "platform/dialogs.h"
-#include "platform/page.h"
+#include "ui/page.h"
 
 namespace kalvex {
 

@@ -7,10 +7,10 @@
 #include <sstream>
 
 #include "cli.h"
-#include "design/design_page.h"
-#include "files/exit_dialog.h"
+#include "ui/design_page.h"
+#include "ui/exit_dialog.h"
 #include "files/network_file.h"
-#include "files/welcome_page.h"
+#include "ui/welcome_page.h"
 #include "support/fake_dialogs.h"
 #include "support/temp_dir.h"
 
@@ -210,7 +210,7 @@ TEST_F(DesignPageTest, GetNetShowsTheFileInTheCaption) {
 }  // namespace
 }  // namespace kalvex
 
-#include "chart/analysis_page.h"
+#include "ui/analysis_page.h"
 
 namespace kalvex {
 namespace {

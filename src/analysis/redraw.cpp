@@ -1,4 +1,4 @@
-#include "chart/redraw.h"
+#include "analysis/redraw.h"
 
 #include <cmath>
 #include <numbers>
@@ -52,7 +52,7 @@ void StepGridType(Session& session) {
 void RedrawChart(Session& session, Canvas& canvas) {
   const ChartView view = ChartView::Of(session);
   const double halfWidth = view.aspect * view.radius;
-  canvas.Clear(kAnalysisBackground);
+  canvas.Clear(kPageBackground);
   canvas.FillEllipse({view.centreX, view.centreY}, halfWidth, view.radius, kWhite);
 
   canvas.SetLineWidth(1);

@@ -1,4 +1,4 @@
-#include "platform/painter_canvas.h"
+#include "ui/painter_canvas.h"
 
 #include <QFontMetricsF>
 #include <cmath>

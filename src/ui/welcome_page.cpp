@@ -1,10 +1,10 @@
-#include "files/welcome_page.h"
+#include "ui/welcome_page.h"
 
-#include "design/design_page.h"
+#include "ui/design_page.h"
 #include "design/symbols.h"
-#include "files/exit_dialog.h"
+#include "ui/exit_dialog.h"
 #include "files/startup.h"
-#include "files/welcome_pictures.h"
+#include "design/welcome_pictures.h"
 
 namespace kalvex {
 

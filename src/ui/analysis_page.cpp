@@ -1,13 +1,13 @@
-#include "chart/analysis_page.h"
+#include "ui/analysis_page.h"
 
 #include <algorithm>
 
 #include "analysis/network_listing.h"
 #include "chart/analysis_view.h"
 #include "chart/readout.h"
-#include "design/design_page.h"
+#include "ui/design_page.h"
 #include "files/defaults_file.h"
-#include "files/exit_dialog.h"
+#include "ui/exit_dialog.h"
 #include "files/field_reader.h"
 
 namespace kalvex {

@@ -12,7 +12,7 @@
 #include "analysis/tuning.h"
 #include "model/session.h"
 #include "platform/dialogs.h"
-#include "platform/page.h"
+#include "ui/page.h"
 
 namespace kalvex {
 

@@ -6,12 +6,12 @@
 #include <QToolButton>
 #include <array>
 
-#include "analysis/tuning_controls.h"
+#include "ui/tuning_controls.h"
 #include "chart/chart_view.h"
-#include "chart/redraw.h"
+#include "analysis/redraw.h"
 #include "model/session.h"
 #include "platform/dialogs.h"
-#include "platform/page.h"
+#include "ui/page.h"
 
 namespace kalvex {
 

@@ -1,4 +1,4 @@
-#include "files/welcome_pictures.h"
+#include "design/welcome_pictures.h"
 
 #include <cmath>
 #include <numbers>

@@ -1,4 +1,4 @@
-#include "files/exit_dialog.h"
+#include "ui/exit_dialog.h"
 
 #include <QCoreApplication>
 

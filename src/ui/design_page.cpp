@@ -1,12 +1,12 @@
-#include "design/design_page.h"
+#include "ui/design_page.h"
 
-#include "chart/analysis_page.h"
+#include "ui/analysis_page.h"
 #include "design/design_values.h"
-#include "files/exit_dialog.h"
+#include "ui/exit_dialog.h"
 #include "files/network_file.h"
-#include "files/welcome_pictures.h"
+#include "design/welcome_pictures.h"
 #include "model/format.h"
-#include "model/options_page.h"
+#include "ui/options_page.h"
 
 namespace kalvex {
 namespace {
