@@ -1,7 +1,7 @@
 #include <benchmark/benchmark.h>
 
-#include "support/five_stage_network.h"
 #include "model/calculate.h"
+#include "support/five_stage_network.h"
 
 namespace {
 

@@ -5,13 +5,13 @@
 #include <QPainter>
 #include <cmath>
 
-#include "ui/analysis_page.h"
+#include "analysis/redraw.h"
 #include "chart/analysis_view.h"
 #include "chart/network_arcs.h"
-#include "analysis/redraw.h"
+#include "platform/display_list.h"
 #include "support/fake_dialogs.h"
 #include "support/five_stage_network.h"
-#include "platform/display_list.h"
+#include "ui/analysis_page.h"
 #include "ui/painter_canvas.h"
 
 namespace {

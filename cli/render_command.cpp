@@ -1,18 +1,18 @@
 #include <memory>
 #include <regex>
 
+#include "analysis/redraw.h"
+#include "chart/analysis_view.h"
+#include "chart/chart_view.h"
 #include "cli.h"
 #include "cli_options.h"
 #include "commands.h"
 #include "console_dialogs.h"
-#include "chart/analysis_view.h"
-#include "chart/chart_view.h"
-#include "analysis/redraw.h"
 #include "design/schematic.h"
 #include "design/symbols.h"
+#include "design/welcome_pictures.h"
 #include "files/network_file.h"
 #include "files/startup.h"
-#include "design/welcome_pictures.h"
 #include "ui/page_renderer.h"
 
 #include <cmath>

@@ -20,7 +20,6 @@ bool IsShownPart(int16_t type, double firstValue) {
   return type >= SeriesCapacitor && type <= ShuntResistor && firstValue > 0;
 }
 
-int16_t Rounded(double x) { return static_cast<int16_t>(std::nearbyint(x)); }
 
 std::string WithPlus(double x) { return (x > 0 ? "+" : "") + FormatGeneral(x); }
 
@@ -73,7 +72,7 @@ void DrawNetworkListing(Session& session, Canvas& canvas) {
                pen.ListY + 1000},
               text);
   if (session.SelectedStage == 0) Frame(canvas, 150, pen.ListX - 30, pen.ListY, 45);
-  session.PartRightEdge[0] = Rounded(pen.ListX);
+  session.PartRightEdge[0] = Rounded16(pen.ListX);
   canvas.Text({pen.ListX - 700, 1400}, "LOAD");
   pen.HighlightFlag = 0;
 
@@ -104,7 +103,7 @@ void DrawNetworkListing(Session& session, Canvas& canvas) {
       }
     }
     pen.HighlightFlag = 0;
-    session.PartRightEdge[s] = Rounded(pen.ListX);
+    session.PartRightEdge[s] = Rounded16(pen.ListX);
   }
   pen.DrawGenerator(session.SystemZ);
   DrawColourBars(session, canvas);

@@ -10,7 +10,7 @@ namespace kalvex {
 namespace {
 
 constexpr int kStepsPerStage = 1000;
-using Slots = std::array<std::array<double, kSlotCount>, kSlotCount>;
+using Slots = decltype(Session::Value);
 
 // Where a stage starts: a value with no effect on the impedance.
 void SetNeutral(Session& session, const Slots& saved, int s) {

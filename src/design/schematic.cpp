@@ -11,7 +11,6 @@
 namespace kalvex {
 namespace {
 
-int16_t Rounded(double x) { return static_cast<int16_t>(std::nearbyint(x)); }
 
 void DrawLoadLabel(const Session& session, SymbolPen& pen, Canvas& canvas) {
   const std::string text = LoadValueText(session.Value[0][1], session.Value[0][2]);
@@ -75,7 +74,7 @@ StagePositions DrawNetwork(Session& session, Canvas& canvas, float coilArcRadius
   DrawLoadLabel(session, pen, canvas);
 
   StagePositions stageX{};
-  stageX[1] = Rounded(pen.ListX + 150);
+  stageX[1] = Rounded16(pen.ListX + 150);
   for (int s = 1; s <= kLastStage; ++s) {
     const int16_t type = session.ElementType[s];
     if (type >= Empty && type <= InsertPlaceholder) {
@@ -95,7 +94,7 @@ StagePositions DrawNetwork(Session& session, Canvas& canvas, float coilArcRadius
         }
       }
     }
-    stageX[s + 1] = Rounded(pen.ListX + 150);
+    stageX[s + 1] = Rounded16(pen.ListX + 150);
   }
   pen.DrawStageSeparator();
   pen.DrawGenerator(session.SystemZ);

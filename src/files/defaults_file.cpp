@@ -64,7 +64,6 @@ void ReadDefaults(Session& session, const std::filesystem::path& path) {
 }
 
 bool WriteDefaults(const Session& session, const std::filesystem::path& path) {
-  constexpr int kSingleDigits = 7;
   return WriteTextFileAtomically(
       path, PlainNumberText(session.ChartAspect, kSingleDigits) + kLineEnd +
                 PlainNumberText(session.DefaultCapacitorQ, kSingleDigits) + kLineEnd +

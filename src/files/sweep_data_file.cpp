@@ -3,9 +3,9 @@
 #include <algorithm>
 #include <cmath>
 
-#include "model/sweep_indexes.h"
 #include "files/text_file.h"
 #include "model/format.h"
+#include "model/sweep_indexes.h"
 
 namespace kalvex {
 namespace {

@@ -9,7 +9,6 @@ namespace kalvex {
 namespace {
 
 // Every format keeps its scaled value in single precision, as the texts show it.
-constexpr int kSingleDigits = 7;
 constexpr int kDoubleDigits = 15;
 
 struct Scale {

@@ -4,6 +4,9 @@
 
 namespace kalvex {
 
+// The significant digits a single-precision value keeps in its texts.
+inline constexpr int kSingleDigits = 7;
+
 // The shortest decimal text of `value` with at most `significantDigits`
 // significant digits: no trailing zeros or point, "0" before the point below 1,
 // exponent form ("1E-10", "1.5E+20") for very small and very large magnitudes.

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <array>
+#include <cmath>
 #include <cstdint>
 #include <string>
 
@@ -30,9 +31,13 @@ enum ElementKind : int16_t {
 
 inline constexpr int kLastStage = 5;       // stages 1..5 run from the load to the generator
 inline constexpr int kStageCount = 21;     // ElementType(0..20)
-inline constexpr int kSlotCount = 11;      // Value(0..10, 0..10)
+inline constexpr int kValueStageCount = 11;  // Value(0..10, ·)
+inline constexpr int kSlotCount = 11;        // Value(·, 0..10)
 inline constexpr int kLoadPointCount = 1001;   // LoadFreq(0..1000)
 inline constexpr int kSweepPointCount = 2001;  // SweepFreq(0..2000)
+
+// A page position or count rounded to nearest for the session's 16-bit fields.
+inline int16_t Rounded16(double x) { return static_cast<int16_t>(std::nearbyint(x)); }
 
 // The one session state of a running program: the network, the operating point,
 // the settings the files carry, the load-data table, the last sweep and the
@@ -40,7 +45,7 @@ inline constexpr int kSweepPointCount = 2001;  // SweepFreq(0..2000)
 struct Session {
   // The network: stage 0 is the load (Value[0][1] = R, Value[0][2] = X).
   std::array<int16_t, kStageCount> ElementType{};
-  std::array<std::array<double, kSlotCount>, kSlotCount> Value{};
+  std::array<std::array<double, kSlotCount>, kValueStageCount> Value{};
 
   // The operating point.
   double Frequency = 0;

@@ -5,19 +5,14 @@
 #include "analysis/network_listing.h"
 #include "chart/analysis_view.h"
 #include "chart/readout.h"
-#include "ui/design_page.h"
 #include "files/defaults_file.h"
-#include "ui/exit_dialog.h"
 #include "files/field_reader.h"
+#include "ui/controls.h"
+#include "ui/design_page.h"
+#include "ui/exit_dialog.h"
 
 namespace kalvex {
 namespace {
-
-QPushButton* Button(QWidget* page, const char* caption, const char* toolTip) {
-  auto* button = new QPushButton(caption, page);
-  button->setToolTip(toolTip);
-  return button;
-}
 
 QLabel* ColouredLabel(QWidget* page, const char* text, const char* background) {
   auto* label = new QLabel(text, page);

@@ -6,12 +6,12 @@
 #include <QToolButton>
 #include <array>
 
-#include "ui/tuning_controls.h"
-#include "chart/chart_view.h"
 #include "analysis/redraw.h"
+#include "chart/chart_view.h"
 #include "model/session.h"
 #include "platform/dialogs.h"
 #include "ui/page.h"
+#include "ui/tuning_controls.h"
 
 namespace kalvex {
 

@@ -1,25 +1,15 @@
 #include "ui/design_page.h"
 
-#include "ui/analysis_page.h"
 #include "design/design_values.h"
-#include "ui/exit_dialog.h"
-#include "files/network_file.h"
 #include "design/welcome_pictures.h"
+#include "files/network_file.h"
 #include "model/format.h"
+#include "ui/analysis_page.h"
+#include "ui/controls.h"
+#include "ui/exit_dialog.h"
 #include "ui/options_page.h"
 
 namespace kalvex {
-namespace {
-
-QPushButton* Button(QWidget* page, const char* caption, const char* toolTip = "") {
-  auto* button = new QPushButton(caption, page);
-  button->setToolTip(toolTip);
-  return button;
-}
-
-QString Q(const std::string& text) { return QString::fromStdString(text); }
-
-}  // namespace
 
 DesignPage::DesignPage(Session& session, Dialogs& dialogs)
     : Page({kDesignPageWidth, kDesignPageHeight}),

@@ -1,8 +1,8 @@
 #include "ui/options_page.h"
 
-#include "ui/design_page.h"
 #include "design/schematic.h"
 #include "model/options.h"
+#include "ui/design_page.h"
 
 namespace kalvex {
 

@@ -2,6 +2,7 @@
 
 #include "analysis/test_frequency.h"
 #include "model/format.h"
+#include "ui/controls.h"
 
 namespace kalvex {
 namespace {
@@ -50,8 +51,6 @@ QGroupBox* ModeFrame(Page& page, double top, QRadioButton*& geometric, QRadioBut
   frame->hide();
   return frame;
 }
-
-QString Q(const std::string& text) { return QString::fromStdString(text); }
 
 }  // namespace
 

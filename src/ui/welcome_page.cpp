@@ -1,10 +1,10 @@
 #include "ui/welcome_page.h"
 
-#include "ui/design_page.h"
 #include "design/symbols.h"
-#include "ui/exit_dialog.h"
-#include "files/startup.h"
 #include "design/welcome_pictures.h"
+#include "files/startup.h"
+#include "ui/design_page.h"
+#include "ui/exit_dialog.h"
 
 namespace kalvex {
 

@@ -2,10 +2,10 @@
 
 #include <cmath>
 
+#include "analysis/redraw.h"
 #include "chart/chart_view.h"
 #include "chart/network_arcs.h"
 #include "chart/readout.h"
-#include "analysis/redraw.h"
 #include "model/calculate.h"
 #include "support/drawing_queries.h"
 #include "support/five_stage_network.h"

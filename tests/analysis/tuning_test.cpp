@@ -3,8 +3,8 @@
 #include "analysis/network_listing.h"
 #include "analysis/test_frequency.h"
 #include "analysis/tuning.h"
-#include "support/drawing_queries.h"
 #include "model/format.h"
+#include "support/drawing_queries.h"
 #include "support/fake_dialogs.h"
 
 namespace kalvex {

@@ -7,12 +7,12 @@
 #include <sstream>
 
 #include "cli.h"
-#include "ui/design_page.h"
-#include "ui/exit_dialog.h"
 #include "files/network_file.h"
-#include "ui/welcome_page.h"
 #include "support/fake_dialogs.h"
 #include "support/temp_dir.h"
+#include "ui/design_page.h"
+#include "ui/exit_dialog.h"
+#include "ui/welcome_page.h"
 
 namespace kalvex {
 namespace {
