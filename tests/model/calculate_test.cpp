@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "model/calculate.h"
+#include "support/five_stage_network.h"
 #include "support/test_name.h"
 
 namespace kalvex {
@@ -113,14 +114,6 @@ TEST_F(CalculateNetworkTest, LoadDataModeTakesLoadAndFrequencyFromThePoint) {
   EXPECT_NEAR(session.InputX, 5 + 2 * std::numbers::pi * 7e6 * 1e-6, 1e-9);
 }
 
-TEST_F(CalculateNetworkTest, LinesAndStubsResetTheVelocityFactor) {
-  session.VelocityFactor = 0.66;
-  Calculate({50, 0}, 14e6, {{SeriesResistor, {10}}});
-  EXPECT_EQ(session.VelocityFactor, 0.66);
-  Calculate({50, 0}, 14e6, {{ShuntOpenStub, {30, 14e6, 50}}});
-  EXPECT_EQ(session.VelocityFactor, 1.0);
-}
-
 // Every element type against the textbook circuit formulas, worked out here
 // with complex numbers independently of the calculation.
 struct ElementCase {
@@ -150,12 +143,24 @@ Complex Line(Complex load, double z0, double degrees) {
 class ElementTypes : public CalculateNetworkTest,
                      public ::testing::WithParamInterface<ElementCase> {};
 
-TEST_P(ElementTypes, MatchCircuitFormulas) {
-  const Complex load(30, -20);
-  const Complex actual = Calculate(load, kF, {GetParam().stage});
-  const Complex expected = GetParam().expected(load, kOmega);
-  EXPECT_NEAR(actual.real(), expected.real(), 1e-9 * std::abs(expected)) << GetParam().name;
-  EXPECT_NEAR(actual.imag(), expected.imag(), 1e-9 * std::abs(expected)) << GetParam().name;
+// Each part in stage 1, 4 and 5, behind series resistors of 5 ohms in the
+// stages before it; lines and stubs also put the velocity factor back to 1.
+TEST_P(ElementTypes, MatchCircuitFormulasInEveryStage) {
+  const Stage part = GetParam().stage;
+  for (int position : {1, 4, kLastStage}) {
+    SetUp();
+    session.VelocityFactor = 0.66;
+    std::vector<Stage> stages(position - 1, Stage{SeriesResistor, {5}});
+    stages.push_back(part);
+    const Complex load(30, -20);
+    const Complex actual = Calculate(load, kF, stages);
+    const Complex expected = GetParam().expected(load + 5.0 * (position - 1), kOmega);
+    const std::string where = std::string(GetParam().name) + " in stage " + std::to_string(position);
+    EXPECT_NEAR(actual.real(), expected.real(), 1e-9 * std::abs(expected)) << where;
+    EXPECT_NEAR(actual.imag(), expected.imag(), 1e-9 * std::abs(expected)) << where;
+    const bool lineOrStub = part.type >= SeriesLine && part.type <= ShuntOpenStub;
+    EXPECT_EQ(session.VelocityFactor, lineOrStub ? 1.0 : 0.66) << where;
+  }
 }
 
 // The stubs' and lines' lengths are given at 5 MHz, so at 10 MHz they are doubled.
@@ -193,6 +198,23 @@ INSTANTIATE_TEST_SUITE_P(
         ElementCase{"shunt R", {ShuntResistor, {15}},
                     [](Complex z, double) { return Parallel(z, 15.0); }}),
     [](const auto& info) { return testing::TestName(info.param.name); });
+
+// The five-stage network of the benchmarks, stage by stage with complex numbers.
+TEST_F(CalculateNetworkTest, FiveStageNetworkMatchesTheCircuitWorkedByHand) {
+  session = testing::FiveStageNetwork();
+  CalculateNetwork(session, 0);
+  const double omega = 2 * std::numbers::pi * 14.2e6;
+  const Complex j(0, 1);
+  const auto part = [](double x, double q) { return Complex(std::fabs(x / q), x); };
+  Complex z(36, -20);
+  z += part(omega * 1.2e-6, 200);
+  z = Parallel(z, part(-1 / (omega * 150e-12), 1000));
+  z = 75.0 * (z + j * 75.0 * Tan(30)) / (75.0 + j * z * Tan(30));
+  z = Parallel(z, Complex(0, -50 / Tan(45)));
+  z += part(-1 / (omega * 220e-12), 1000);
+  EXPECT_NEAR(session.InputR, z.real(), 1e-9 * std::abs(z));
+  EXPECT_NEAR(session.InputX, z.imag(), 1e-9 * std::abs(z));
+}
 
 // Inputs the Design page normally keeps out still give a finite impedance,
 // with the physical meaning of the degenerate part where it has one.
