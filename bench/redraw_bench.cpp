@@ -7,7 +7,7 @@
 
 #include "analysis/redraw.h"
 #include "chart/analysis_view.h"
-#include "chart/network_arcs.h"
+#include "chart/network_path.h"
 #include "platform/display_list.h"
 #include "support/fake_dialogs.h"
 #include "support/five_stage_network.h"

@@ -86,7 +86,7 @@ int RunRender(const Command& command, const std::vector<std::string>& words, std
     if (aspect) session.ChartAspect = static_cast<float>(aspectValue);
     session.LoadSource = session.LoadSource == 0 ? 1 : session.LoadSource;
     LoadAnalysisView(session);
-    RedrawChart(session, drawing);
+    RefreshAnalysis(session, drawing);
     pageSize = kAnalysisPage;
   }
   const std::string failure = RenderToFile(drawing, pageSize, size->width, size->height, *output);

@@ -4,9 +4,11 @@
 #include <numbers>
 
 #include "analysis/network_listing.h"
+#include "analysis/sweep_on_chart.h"
 #include "chart/chart_view.h"
 #include "chart/grids.h"
-#include "chart/network_arcs.h"
+#include "chart/network_path.h"
+#include "chart/overlays.h"
 #include "model/number_text.h"
 #include "model/trim.h"
 
@@ -49,14 +51,14 @@ void StepGridType(Session& session) {
   if (session.GridType > 6) session.GridType = 1;
 }
 
-void RedrawChart(Session& session, Canvas& canvas) {
-  const ChartView view = ChartView::Of(session);
-  const double halfWidth = view.aspect * view.radius;
-  canvas.Clear(kPageBackground);
-  canvas.FillEllipse({view.centreX, view.centreY}, halfWidth, view.radius, kWhite);
+namespace {
 
+void DrawFace(const ChartView& view, Canvas& canvas) {
+  canvas.FillEllipse({view.centreX, view.centreY}, view.aspect * view.radius, view.radius, kWhite);
+}
+
+void DrawGrids(Session& session, const ChartView& view, const GridStyle& style, Canvas& canvas) {
   canvas.SetLineWidth(1);
-  const GridStyle style = StyleOf(session.GridType);
   if (style.admittance != 0) session.AdmittanceGridColour = style.admittance;
   if (style.impedance != 0) session.ImpedanceGridColour = style.impedance;
   const Colour admittance = session.AdmittanceGridColour;
@@ -74,27 +76,58 @@ void RedrawChart(Session& session, Canvas& canvas) {
     case Grids::Admittance: DrawAdmittanceGrid(canvas, view, admittance); break;
     case Grids::None: break;
   }
+}
 
+void DrawAxis(const ChartView& view, Colour colour, Canvas& canvas) {
+  const double halfWidth = view.aspect * view.radius;
   canvas.SetLineWidth(1);
   canvas.Line({view.centreX - halfWidth, view.centreY}, {view.centreX + halfWidth, view.centreY},
-              style.outline);
+              colour);
+}
+
+// The rim: 120 chords, line width 2.
+void DrawOutline(const ChartView& view, Colour colour, Canvas& canvas) {
   canvas.SetLineWidth(2);
   for (int degrees = 0; degrees <= 360; degrees += 3) {
     const double a = degrees * std::numbers::pi / 180;
-    const Point p{view.centreX + halfWidth * std::cos(a), view.centreY + view.radius * std::sin(a)};
+    const Point p{view.centreX + view.aspect * view.radius * std::cos(a),
+                  view.centreY + view.radius * std::sin(a)};
     if (degrees == 0) {
       canvas.MoveTo(p);
     } else {
-      canvas.LineTo(p, style.outline);
+      canvas.LineTo(p, colour);
     }
   }
   canvas.SetLineWidth(1);
+}
+
+void DrawCaption(const Session& session, Canvas& canvas) {
   canvas.SetTextColour(0);
   canvas.Text({5300, 7940}, ChartCaption(session.SystemZ));
+}
 
+}  // namespace
+
+void RedrawChart(Session& session, Canvas& canvas) {
+  const ChartView view = ChartView::Of(session);
+  const GridStyle style = StyleOf(session.GridType);
+  canvas.Clear(kPageBackground);              // 1
+  DrawFace(view, canvas);                      // 2
+  DrawGrids(session, view, style, canvas);     // 3
+  DrawAxis(view, style.outline, canvas);       // 4
+  DrawOutline(view, style.outline, canvas);    // 5
+  DrawCaption(session, canvas);                // 6
+  DrawNetworkListing(session, canvas);         // 7
+  DrawNetworkArcs(session, canvas);            // 8
+  DrawQArcs(session, canvas);                  // 9
+  DrawVSWRCircle(session, canvas);             // 10
+  RunSweep(session, canvas);                   // 11
+  DrawColourBars(session, canvas);             // the strip's colour key, over everything
+}
+
+void RefreshAnalysis(Session& session, Canvas& canvas) {
   DrawNetworkListing(session, canvas);
-  DrawNetworkArcs(session, canvas);
-  DrawColourBars(session, canvas);
+  RedrawChart(session, canvas);
 }
 
 }  // namespace kalvex

@@ -6,11 +6,17 @@
 
 namespace kalvex {
 
-// The full redraw of the Analysis page: background, white chart face, the
-// grids of GridType, the real axis, the outline, the caption, the network
-// strip, then the path of the network and the strip's colour key. Sets the
-// grid colours of the session from GridType.
+// The full redraw of the Analysis page, in this order: background, white chart
+// face, the grids of GridType, the real axis, the outline, the caption, the
+// network strip, the path of the network, the Q arcs, the VSWR circle and the
+// sweep when they are on, and the strip's colour key. Sets the grid colours of
+// the session from GridType.
 void RedrawChart(Session& session, Canvas& canvas);
+
+// What every change on the Analysis page ends with: the network strip drawn
+// again, so that its cells' edges (which the strip's clearing reads) follow the
+// network as it is now, then the full redraw.
+void RefreshAnalysis(Session& session, Canvas& canvas);
 
 // "Grid type": steps 1..6 and round again.
 void StepGridType(Session& session);

@@ -10,7 +10,7 @@ namespace {
 
 constexpr double kVSWRCap = 1'000'000;
 
-void StorePoint(Session& session, int index, SweepUse use) {
+PlottedPoint StorePoint(Session& session, int index, SweepUse use) {
   const PlottedPoint point = PlotImpedance(session.InputR, session.InputX, session.SystemZ);
   session.Rho = point.rho;
   double vswr = VSWROf(point.rho);
@@ -21,11 +21,12 @@ void StorePoint(Session& session, int index, SweepUse use) {
   session.SweepRho[index] = point.rho;
   session.SweepAngle[index] = point.angleDegrees;
   session.SweepVSWR[index] = vswr;
+  return point;
 }
 
 }  // namespace
 
-SweepIndexes RunSweepPoints(Session& session, SweepUse use) {
+SweepIndexes RunSweepPoints(Session& session, SweepUse use, const SweepPointVisitor& visit) {
   const double savedFrequency = session.Frequency;
   const int16_t savedPoints = session.SweepPoints;
   const SweepIndexes indexes = SweepIndexesOf(session);
@@ -48,7 +49,8 @@ SweepIndexes RunSweepPoints(Session& session, SweepUse use) {
       session.PointIndex = static_cast<int16_t>(k);
     }
     CalculateNetwork(session, session.PointIndex);
-    StorePoint(session, k, use);
+    const PlottedPoint point = StorePoint(session, k, use);
+    if (visit) visit(k, point);
   }
 
   session.Frequency = savedFrequency;

@@ -35,4 +35,12 @@ void AcceptSweepSettings(Session& session, Dialogs& dialogs, double start, doubl
   session.SweepPoints = static_cast<int16_t>(count < 3 ? 3 : count > 2000 ? 2000 : count);
 }
 
+bool SweepSettingsUsable(const Session& session) {
+  return session.SweepStart > 5000 && session.SweepPoints > 2 && session.SweepStop > 5010;
+}
+
+bool SweepSettingsSwitchable(const Session& session) {
+  return session.SweepStart > 10000 && session.SweepPoints > 2 && session.SweepStop > 10100;
+}
+
 }  // namespace kalvex

@@ -12,4 +12,12 @@ namespace kalvex {
 void AcceptSweepSettings(Session& session, Dialogs& dialogs, double start, double stop,
                          double points);
 
+// The Analysis page's tests of the sweep settings, all strict. On the page's
+// load (for the sweep's switch) and at every sweep on the chart (for the
+// Tabulate button): start above 5 kHz, stop above 5.01 kHz, more than 2 points.
+bool SweepSettingsUsable(const Session& session);
+// After the sweep setup closes, for the sweep's switch: start above 10 kHz,
+// stop above 10.1 kHz, more than 2 points.
+bool SweepSettingsSwitchable(const Session& session);
+
 }  // namespace kalvex

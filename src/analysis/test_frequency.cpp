@@ -6,18 +6,21 @@
 
 namespace kalvex {
 
-std::string EnterTestFrequency(Session& session, Dialogs& dialogs, const std::string& typed) {
+void EnterTestFrequency(Session& session, Dialogs& dialogs, const std::string& typed,
+                        const std::function<void(const std::string&)>& showText) {
   // Read without the parser's own 10 GHz limit, so that "20G" is told it was reset.
   session.Frequency = std::fabs(ParseValueUnlimited(typed));
+  showText(FormatSI(session.Frequency));
   if (session.Frequency < 5000) {
     session.Frequency = 5000;
+    showText(FormatSI(session.Frequency));
     dialogs.Message("Frequency has been reset to the minimum allowed (5kHz).");
   }
   if (session.Frequency > 1e10) {
     session.Frequency = 1e10;
+    showText(FormatSI(session.Frequency));
     dialogs.Message("Frequency has been reset to the maximum allowed (10gHz).");
   }
-  return FormatSI(session.Frequency);
 }
 
 std::string StepTestFrequency(Session& session, const std::string& typed, StepDirection direction,

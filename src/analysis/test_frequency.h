@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <string>
 
 #include "analysis/tuning.h"
@@ -9,8 +10,10 @@
 namespace kalvex {
 
 // "Freq enter": the typed frequency, made positive and kept within
-// 5 kHz..10 GHz with a message when reset. Returns the box's new text.
-std::string EnterTestFrequency(Session& session, Dialogs& dialogs, const std::string& typed);
+// 5 kHz..10 GHz with a message when reset. The box is given the frequency's
+// text through `showText` first, and again before a limit's message.
+void EnterTestFrequency(Session& session, Dialogs& dialogs, const std::string& typed,
+                        const std::function<void(const std::string&)>& showText);
 
 // A step of the test frequency from what is typed, by the tuning step sizes
 // and without limits. Returns the box's new text.

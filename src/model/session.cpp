@@ -20,6 +20,9 @@ void InitialiseSession(Session& session) {
   session.Pi = 4 * std::atan(1.0);
   session.GridType = 1;
   session.ChartZoom = 1.0f;
+  session.ChartCentreX = 8000;
+  session.ChartCentreY = 5000;
+  session.ChartRadius = 3000 * session.ChartZoom;
   session.DesignControlColour = kWhite;
   session.AnalysisControlColour = kWhite;
   session.TopStepMode.fill(0);
@@ -28,6 +31,11 @@ void InitialiseSession(Session& session) {
   SetNetworkDefaults(session);
   session.DefaultCapacitorQ = 1000;
   session.DefaultInductorQ = 200;
+  // A sweep around the 1 MHz working frequency, so that a network written on a
+  // first run passes the sweep checks of the file reader.
+  session.SweepStart = 900'000;
+  session.SweepStop = 1'100'000;
+  session.SweepPoints = 21;
 }
 
 }  // namespace kalvex

@@ -108,6 +108,7 @@ struct Session {
   int16_t QArcsOn = 0;
   int16_t VSWRCircleOn = 0;
   Colour ArcColour = 0;
+  Colour QArcColour = 0;
   Colour AdmittanceGridColour = 0;
   Colour ImpedanceGridColour = 0;
   int16_t SweepShown = 0;

@@ -132,7 +132,7 @@ AnalysisPage::AnalysisPage(Session& session, Dialogs& dialogs)
 
 // Every change ends here: the strip and the whole chart drawn again.
 void AnalysisPage::Redraw() {
-  RedrawChart(session_, Drawing());
+  RefreshAnalysis(session_, Drawing());
   if (session_.Frequency > 0) lblClickPart->setVisible(AnyPartShown(session_));
   update();
 }

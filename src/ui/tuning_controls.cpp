@@ -114,7 +114,8 @@ TuningControls::TuningControls(Page& page, Session& session, Dialogs& dialogs,
   connect(cmdZ1, &QPushButton::clicked, this, &TuningControls::EnteredTop);
   connect(cmdZ2, &QPushButton::clicked, this, &TuningControls::EnteredBottom);
   connect(cmdFreq, &QPushButton::clicked, this, [this] {
-    txtFreq->setText(Q(EnterTestFrequency(session_, dialogs_, txtFreq->text().toStdString())));
+    EnterTestFrequency(session_, dialogs_, txtFreq->text().toStdString(),
+                       [this](const std::string& text) { txtFreq->setText(Q(text)); });
     redraw_();
   });
   connect(optTuneSizeNormal, &QRadioButton::clicked, this, [this] {

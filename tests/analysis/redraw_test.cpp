@@ -4,7 +4,7 @@
 
 #include "analysis/redraw.h"
 #include "chart/chart_view.h"
-#include "chart/network_arcs.h"
+#include "chart/network_path.h"
 #include "chart/readout.h"
 #include "model/calculate.h"
 #include "support/drawing_queries.h"

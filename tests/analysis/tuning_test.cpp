@@ -204,8 +204,16 @@ struct FrequencyCase {
 
 class FrequencyEntry : public TuningTest, public ::testing::WithParamInterface<FrequencyCase> {};
 
-TEST_P(FrequencyEntry, KeepsWithinItsLimits) {
-  EXPECT_EQ(EnterTestFrequency(session, dialogs, GetParam().typed), GetParam().text);
+// The box shows the final text before any limit's message is shown.
+TEST_P(FrequencyEntry, KeepsWithinItsLimitsAndWritesTheBoxFirst) {
+  std::string box;
+  std::size_t messagesWhenWritten = 0;
+  EnterTestFrequency(session, dialogs, GetParam().typed, [&](const std::string& text) {
+    box = text;
+    messagesWhenWritten = dialogs.messages.size();
+  });
+  EXPECT_EQ(box, GetParam().text);
+  EXPECT_EQ(messagesWhenWritten, 0u);
   EXPECT_EQ(session.Frequency, GetParam().frequency);
   EXPECT_EQ(dialogs.MessageTexts(), testing::FakeDialogs::Only(GetParam().message));
 }

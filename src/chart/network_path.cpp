@@ -1,6 +1,7 @@
-#include "chart/network_arcs.h"
+#include "chart/network_path.h"
 
 #include <array>
+#include <cmath>
 
 #include "chart/chart_view.h"
 #include "model/calculate.h"
@@ -58,23 +59,6 @@ void SetGrown(Session& session, const Slots& saved, int s, float t) {
   }
 }
 
-// PlotArcPoint: calculates the network once and extends the path to it.
-void PlotArcPoint(Session& session, Canvas& canvas, bool firstPoint) {
-  session.DataIndex = session.LoadSource == 2 ? session.SweepPoints / 2 + 1 : 1;
-  CalculateNetwork(session, session.DataIndex);
-  const PlottedPoint point = PlotImpedance(session.InputR, session.InputX, session.SystemZ);
-  session.Rho = point.rho;
-  const Point at = ChartView::Of(session).GammaToPage(point.gamma);
-  if (firstPoint) {
-    canvas.SetLineWidth(6);
-    canvas.Circle(at, 1, session.ArcColour);
-    canvas.MoveTo(at);
-    canvas.SetLineWidth(2);  // the rest of the path, until DrawNetworkArcs ends
-  } else {
-    canvas.LineTo(at, session.ArcColour);
-  }
-}
-
 }  // namespace
 
 Colour StageArcColour(int stage) {
@@ -83,22 +67,42 @@ Colour StageArcColour(int stage) {
   return kColours[stage];
 }
 
-void DrawNetworkArcs(Session& session, Canvas& canvas) {
+std::vector<PathPoint> TraceNetworkPath(Session& session) {
   const Slots saved = session.Value;
   for (int s = 1; s <= kLastStage; ++s) SetNeutral(session, saved, s);
-  bool firstPoint = true;
+  session.DataIndex = session.LoadSource == 2 ? session.SweepPoints / 2 + 1 : 1;
+  std::vector<PathPoint> path;
+  path.reserve(kLastStage * kStepsPerStage);
   for (int stage = 1; stage <= kLastStage; ++stage) {
-    session.ArcColour = StageArcColour(stage);
     float t = 0;
     for (int step = 0; step < kStepsPerStage; ++step) {
       t += 0.001f;  // single precision: the last step is 0.9999907
       SetGrown(session, saved, stage, t);
-      PlotArcPoint(session, canvas, firstPoint);
-      firstPoint = false;
+      CalculateNetwork(session, session.DataIndex);
+      const PlottedPoint point = PlotImpedance(session.InputR, session.InputX, session.SystemZ);
+      session.Rho = point.rho;
+      if (std::isfinite(point.gamma.u) && std::isfinite(point.gamma.v)) {
+        path.push_back({stage, point.gamma});
+      }
     }
   }
-  canvas.SetLineWidth(1);
   session.Value = saved;
+  return path;
+}
+
+void DrawNetworkArcs(Session& session, Canvas& canvas) {
+  const std::vector<PathPoint> path = TraceNetworkPath(session);
+  if (path.empty()) return;
+  const ChartView view = ChartView::Of(session);
+  const Point first = view.GammaToPage(path.front().gamma);
+  canvas.SetLineWidth(6);
+  canvas.Circle(first, 1, StageArcColour(path.front().stage));
+  canvas.MoveTo(first);
+  canvas.SetLineWidth(2);
+  for (std::size_t k = 1; k < path.size(); ++k) {
+    canvas.LineTo(view.GammaToPage(path[k].gamma), StageArcColour(path[k].stage));
+  }
+  canvas.SetLineWidth(1);
   session.ArcColour = 0;
 }
 
