@@ -6,6 +6,7 @@
 #include <cmath>
 
 #include "analysis/redraw.h"
+#include "analysis/sweep_on_chart.h"
 #include "chart/analysis_view.h"
 #include "chart/network_path.h"
 #include "platform/display_list.h"
@@ -36,10 +37,35 @@ void BM_NetworkPath(benchmark::State& state) {
 }
 BENCHMARK(BM_NetworkPath)->Unit(benchmark::kMillisecond);
 
-// RedrawChart into the display list, then painted into a 1920 x 1080 image, as
-// a full-screen window repaints it.
-void BM_RedrawChartFullHd(benchmark::State& state) {
+// The chart with everything on: Q arcs, VSWR circle and a 2,000-point sweep.
+kalvex::Session EverythingOnSession() {
   kalvex::Session session = ChartSession();
+  session.QArcsOn = 1;
+  session.VSWRCircleOn = 1;
+  session.SweepShown = 1;
+  session.LoadSource = 1;
+  session.SweepStart = 13e6;
+  session.SweepStop = 15.5e6;
+  session.SweepPoints = 2000;
+  return session;
+}
+
+// The sweep's part of such a redraw: 2,000 points calculated and marked.
+void BM_SweepOnChart(benchmark::State& state) {
+  kalvex::Session session = EverythingOnSession();
+  for (auto _ : state) {
+    kalvex::DisplayList list;
+    kalvex::RunSweep(session, list);
+    benchmark::DoNotOptimize(list.Commands().data());
+  }
+}
+BENCHMARK(BM_SweepOnChart)->Unit(benchmark::kMillisecond);
+
+// RedrawChart into the display list, then painted into a 1920 x 1080 image, as
+// a full-screen window repaints it: with the path alone (0), and with both
+// overlays and the sweep (1).
+void BM_RedrawChartFullHd(benchmark::State& state) {
+  kalvex::Session session = state.range(0) == 0 ? ChartSession() : EverythingOnSession();
   QImage image(1920, 1080, QImage::Format_ARGB32_Premultiplied);
   const QSizeF page(kalvex::kAnalysisPageWidth, kalvex::kAnalysisPageHeight);
   const double sx = image.width() / page.width();
@@ -53,7 +79,7 @@ void BM_RedrawChartFullHd(benchmark::State& state) {
     list.Replay(canvas);
   }
 }
-BENCHMARK(BM_RedrawChartFullHd)->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_RedrawChartFullHd)->Arg(0)->Arg(1)->Unit(benchmark::kMillisecond);
 
 // A tuning step as the user makes it: ">" on the selected part, then the
 // whole window painted at full-HD size.

@@ -10,22 +10,23 @@ namespace {
 constexpr std::array kCommands = {
     Command{"impedance", "impedance FILE [--freq HZ]",
             "input resistance and reactance (ohms) of a network file, at its frequency or HZ",
-            RunImpedance},
+            RunImpedanceCommand},
     Command{"sweep",
             "sweep FILE [--start HZ] [--stop HZ] [--points N] [--load LOADFILE] [--table] [-o OUT]",
             "frequency sweep of a network file as the Tabulate page computes it: the sweep-data\n"
             "      file layout, or with --table the Tabulate page's heading and rows; over the\n"
             "      points of a load-data file (.RJX) with --load; to OUT or standard output",
-            RunSweep},
+            RunSweepCommand},
     Command{"render",
             "render [FILE] --page welcome|design|analysis [--grid 1..6] [--zoom N] [--aspect A]\n"
-            "             [--size WxH] -o OUT",
+            "             [--q-arcs] [--vswr-circle] [--sweep] [--load LOADFILE] [--size WxH] -o OUT",
             "draws the welcome page, the Design page's schematic and library, or the Analysis\n"
             "      page's chart with the network's path, for FILE's network (without FILE: the\n"
             "      one Kalvex would start with), to a PNG, SVG or PDF file chosen by OUT's\n"
             "      suffix; 1200x900 pixels unless --size; the chart at grid type, zoom factor\n"
-            "      (1..8) and aspect (0.5..1.5)",
-            RunRender},
+            "      (1..8) and aspect (0.5..1.5), with the Q arcs, the VSWR circle and the sweep\n"
+            "      of FILE's settings, over the points of a load-data file with --load",
+            RunRenderCommand},
 };
 
 void PrintHelp(std::ostream& out) {

@@ -19,11 +19,11 @@ struct Command {
   CommandRun run;
 };
 
-int RunImpedance(const Command& self, const std::vector<std::string>& words, std::ostream& out,
+int RunImpedanceCommand(const Command& self, const std::vector<std::string>& words, std::ostream& out,
                  std::ostream& err);
-int RunSweep(const Command& self, const std::vector<std::string>& words, std::ostream& out,
+int RunSweepCommand(const Command& self, const std::vector<std::string>& words, std::ostream& out,
              std::ostream& err);
-int RunRender(const Command& self, const std::vector<std::string>& words, std::ostream& out,
+int RunRenderCommand(const Command& self, const std::vector<std::string>& words, std::ostream& out,
               std::ostream& err);
 
 // Prints "usage: kalvex-cli <usage>" and a reason to `err`; returns kExitUsage.

@@ -9,7 +9,7 @@
 
 namespace kalvex {
 
-int RunImpedance(const Command& command, const std::vector<std::string>& words,
+int RunImpedanceCommand(const Command& command, const std::vector<std::string>& words,
                  std::ostream& out, std::ostream& err) {
   std::string problem;
   const auto arguments = SplitArguments(words, {"--freq"}, {}, problem);

@@ -11,6 +11,7 @@
 #include "design/schematic.h"
 #include "design/symbols.h"
 #include "design/welcome_pictures.h"
+#include "files/load_data_file.h"
 #include "files/network_file.h"
 #include "files/startup.h"
 #include "ui/page_renderer.h"
@@ -36,11 +37,12 @@ std::optional<PixelSize> SizeOf(const std::string& text) {
 
 }  // namespace
 
-int RunRender(const Command& command, const std::vector<std::string>& words, std::ostream&,
+int RunRenderCommand(const Command& command, const std::vector<std::string>& words, std::ostream&,
               std::ostream& err) {
   std::string problem;
   const auto arguments = SplitArguments(
-      words, {"--page", "--size", "--grid", "--zoom", "--aspect", "-o"}, {}, problem);
+      words, {"--page", "--size", "--grid", "--zoom", "--aspect", "--load", "-o"},
+      {"--q-arcs", "--vswr-circle", "--sweep"}, problem);
   if (!arguments) return UsageError(command, problem, err);
   if (arguments->positional.size() > 1) return UsageError(command, "at most one FILE", err);
   const std::string page = arguments->Option("--page").value_or("");
@@ -72,6 +74,8 @@ int RunRender(const Command& command, const std::vector<std::string>& words, std
       !ReadNetworkFile(session, dialogs, arguments->positional.front())) {
     return kExitFailed;
   }
+  const auto load = arguments->Option("--load");
+  if (load && !ApplyLoadDataFile(session, dialogs, *load)) return kExitFailed;
 
   const float coilArcRadius = CoilArcRadiusFor(size->width, size->height);
   DisplayList drawing;
@@ -85,6 +89,9 @@ int RunRender(const Command& command, const std::vector<std::string>& words, std
     session.ChartZoom = static_cast<float>(*zoom);
     if (aspect) session.ChartAspect = static_cast<float>(aspectValue);
     session.LoadSource = session.LoadSource == 0 ? 1 : session.LoadSource;
+    session.QArcsOn = arguments->Option("--q-arcs") ? 1 : 0;
+    session.VSWRCircleOn = arguments->Option("--vswr-circle") ? 1 : 0;
+    session.SweepShown = arguments->Option("--sweep") ? 1 : 0;
     LoadAnalysisView(session);
     RefreshAnalysis(session, drawing);
     pageSize = kAnalysisPage;

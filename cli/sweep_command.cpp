@@ -22,7 +22,7 @@ std::string TableText(Session& session) {
 
 }  // namespace
 
-int RunSweep(const Command& command, const std::vector<std::string>& words, std::ostream& out,
+int RunSweepCommand(const Command& command, const std::vector<std::string>& words, std::ostream& out,
              std::ostream& err) {
   std::string problem;
   const auto arguments = SplitArguments(

@@ -39,6 +39,10 @@ bool SweepSettingsUsable(const Session& session) {
   return session.SweepStart > 5000 && session.SweepPoints > 2 && session.SweepStop > 5010;
 }
 
+bool SweepDefined(const Session& session) {
+  return session.SweepStart > 0 && session.SweepStop > 0 && session.SweepPoints > 0;
+}
+
 bool SweepSettingsSwitchable(const Session& session) {
   return session.SweepStart > 10000 && session.SweepPoints > 2 && session.SweepStop > 10100;
 }

@@ -16,6 +16,9 @@ void AcceptSweepSettings(Session& session, Dialogs& dialogs, double start, doubl
 // load (for the sweep's switch) and at every sweep on the chart (for the
 // Tabulate button): start above 5 kHz, stop above 5.01 kHz, more than 2 points.
 bool SweepSettingsUsable(const Session& session);
+// After the sweep setup closes: whether start, stop and points are all above
+// 0, for the sweep to be switched on and drawn.
+bool SweepDefined(const Session& session);
 // After the sweep setup closes, for the sweep's switch: start above 10 kHz,
 // stop above 10.1 kHz, more than 2 points.
 bool SweepSettingsSwitchable(const Session& session);

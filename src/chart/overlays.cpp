@@ -46,7 +46,7 @@ void DrawQArcs(Session& session, Canvas& canvas) {
 
 void DrawVSWRCircle(const Session& session, Canvas& canvas) {
   if (session.VSWRCircleOn == 0) return;
-  const float vswr = std::clamp(session.VSWRCircle, kMinVSWRCircle, kMaxVSWRCircle);
+  const double vswr = std::clamp(session.VSWRCircle, kMinVSWRCircle, kMaxVSWRCircle);
   const double rho = (vswr - 1) / (vswr + 1);
   const ChartView view = ChartView::Of(session);
   canvas.MoveTo(view.GammaToPage({rho, 0}));
@@ -54,7 +54,7 @@ void DrawVSWRCircle(const Session& session, Canvas& canvas) {
     const double a = degrees * kDegree;
     canvas.LineTo(view.GammaToPage({rho * std::cos(a), rho * std::sin(a)}), kVSWRRed);
   }
-  canvas.Text({5300, 8140}, "VSWR=" + PlainNumberText(vswr, kSingleDigits));
+  canvas.Text({5300, 8140}, "VSWR=" + PlainNumberText(static_cast<float>(vswr), kSingleDigits));
 }
 
 }  // namespace kalvex

@@ -39,6 +39,13 @@ inline constexpr int kSweepPointCount = 2001;  // SweepFreq(0..2000)
 // A page position or count rounded to nearest for the session's 16-bit fields.
 inline int16_t Rounded16(double x) { return static_cast<int16_t>(std::nearbyint(x)); }
 
+// An on/off switch of the pages (QArcsOn, SweepShown, ...): one more, and past
+// 1 back to 0.
+inline void ToggleSwitch(int16_t& on) {
+  on = static_cast<int16_t>(on + 1);
+  if (on > 1) on = 0;
+}
+
 // The one session state of a running program: the network, the operating point,
 // the settings the files carry, the load-data table, the last sweep and the
 // page state that several pages share. Created once and passed by reference.

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "analysis/network_listing.h"
+#include "analysis/sweep_settings.h"
 #include "chart/analysis_view.h"
 #include "chart/readout.h"
 #include "files/defaults_file.h"
@@ -10,6 +11,8 @@
 #include "ui/controls.h"
 #include "ui/design_page.h"
 #include "ui/exit_dialog.h"
+#include "ui/overlay_setup_dialog.h"
+#include "ui/sweep_setup_dialog.h"
 
 namespace kalvex {
 namespace {
@@ -82,11 +85,14 @@ AnalysisPage::AnalysisPage(Session& session, Dialogs& dialogs)
   Place(UpDown1Down, 2400, 8240, 150, 100);
   UpDown1Up->setArrowType(Qt::UpArrow);
   UpDown1Down->setArrowType(Qt::DownArrow);
-  // The overlays, the sweep, the table and printing are not offered yet.
-  for (QPushButton* later : {cmdQsetup, cmdQon, cmdVSWRsetup, cmdVSWRon, cmdSweepSetup, cmdSweep,
-                             cmdTabulate, cmdPrint}) {
-    later->setEnabled(false);
+  for (QPushButton* button : {cmdDesign, cmdIn, cmdOut, cmdReset, cmdDisplay, cmdExit, cmdQsetup,
+                               cmdQon, cmdVSWRsetup, cmdVSWRon, cmdSweepSetup, cmdSweep,
+                               cmdTabulate, cmdPrint}) {
+    SetBackground(button, session_.AnalysisControlColour);
   }
+  // The table and printing are not offered yet.
+  cmdTabulate->setEnabled(false);
+  cmdPrint->setEnabled(false);
   for (std::size_t i = 0; i < std::size(kReadoutColumns); ++i) {
     const ReadoutColumn& column = kReadoutColumns[i];
     readoutCaptions[i] = ColouredLabel(this, column.caption, "rgb(187, 221, 255)");
@@ -114,6 +120,22 @@ AnalysisPage::AnalysisPage(Session& session, Dialogs& dialogs)
     StepGridType(session_);
     Redraw();
   });
+  connect(cmdQon, &QPushButton::clicked, this, [this] {
+    ToggleOverlay(session_, Overlay::QArcs);
+    Redraw();
+  });
+  connect(cmdVSWRon, &QPushButton::clicked, this, [this] {
+    ToggleOverlay(session_, Overlay::VSWRCircle);
+    Redraw();
+  });
+  connect(cmdQsetup, &QPushButton::clicked, this, [this] { SetUpOverlay(Overlay::QArcs); });
+  connect(cmdVSWRsetup, &QPushButton::clicked, this,
+          [this] { SetUpOverlay(Overlay::VSWRCircle); });
+  connect(cmdSweepSetup, &QPushButton::clicked, this, &AnalysisPage::OpenSweepSetup);
+  connect(cmdSweep, &QPushButton::clicked, this, [this] {
+    ToggleSwitch(session_.SweepShown);
+    Redraw();
+  });
   connect(cmdDesign, &QPushButton::clicked, this, &AnalysisPage::GoToDesignPage);
   connect(cmdExit, &QPushButton::clicked, this,
           [this] { ExitDialog(session_, dialogs_, this).exec(); });
@@ -123,6 +145,7 @@ AnalysisPage::AnalysisPage(Session& session, Dialogs& dialogs)
 
   // The page's load: every visit starts with zoom in offered and zoom out not.
   ShowZoomButtons({true, false});
+  cmdSweep->setEnabled(SweepSettingsUsable(session_));
   LoadAnalysisView(session_);
   const AspectTexts texts = AspectBoxTexts(session_.ChartAspect);
   txtAspectEntry->setText(QString::fromStdString(texts.percent));
@@ -130,11 +153,37 @@ AnalysisPage::AnalysisPage(Session& session, Dialogs& dialogs)
   Redraw();
 }
 
-// Every change ends here: the strip and the whole chart drawn again.
+// Every change ends here: the strip and the whole chart drawn again, and the
+// switches' buttons showing their state.
 void AnalysisPage::Redraw() {
   RefreshAnalysis(session_, Drawing());
   if (session_.Frequency > 0) lblClickPart->setVisible(AnyPartShown(session_));
+  if (session_.SweepShown != 0) cmdTabulate->setEnabled(SweepSettingsUsable(session_));
+  ShowSwitch(cmdQon, OverlayOn(session_, Overlay::QArcs));
+  ShowSwitch(cmdVSWRon, OverlayOn(session_, Overlay::VSWRCircle));
+  ShowSwitch(cmdSweep, session_.SweepShown == 1);
   update();
+}
+
+void AnalysisPage::ShowSwitch(QPushButton* button, bool on) {
+  SetBackground(button, on ? kOnColour : session_.AnalysisControlColour);
+}
+
+// However the dialog closes, its overlay is switched on.
+void AnalysisPage::SetUpOverlay(Overlay overlay) {
+  OverlaySetupDialog(session_, dialogs_, overlay, this).exec();
+  SwitchOnOverlay(session_, overlay);
+  Redraw();
+}
+
+void AnalysisPage::OpenSweepSetup() {
+  SweepSetupDialog(
+      session_, dialogs_, [this] { cmdTabulate->setEnabled(false); },
+      [this](bool switchable) { cmdSweep->setEnabled(switchable); }, this)
+      .exec();
+  if (!SweepDefined(session_)) return;
+  session_.SweepShown = 1;
+  Redraw();
 }
 
 void AnalysisPage::ShowZoomButtons(ZoomButtons buttons) {

@@ -8,6 +8,7 @@
 
 #include "analysis/redraw.h"
 #include "chart/chart_view.h"
+#include "chart/overlay_settings.h"
 #include "model/session.h"
 #include "platform/dialogs.h"
 #include "ui/page.h"
@@ -17,8 +18,9 @@ namespace kalvex {
 
 // The Analysis page: the Smith chart with the network's path, its view
 // controls (zoom, size reset, right-button drag, aspect), the grid types, the
-// point readout while the left button is held, and the ways back to the
-// Design page and to the exit dialog. Its close box saves the last session and
+// Q arcs, VSWR circle and frequency sweep with their setup dialogs, the point
+// readout while the left button is held, and the ways back to the Design page
+// and to the exit dialog. Its close box saves the last session and
 // ends the program.
 class AnalysisPage : public Page {
   Q_OBJECT
@@ -62,6 +64,9 @@ class AnalysisPage : public Page {
 
  private:
   void Redraw();
+  void ShowSwitch(QPushButton* button, bool on);
+  void SetUpOverlay(Overlay overlay);
+  void OpenSweepSetup();
   void ShowZoomButtons(ZoomButtons buttons);
   void AspectEntered(const QString& text);
   void StepAspect(int percent);

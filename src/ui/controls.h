@@ -4,9 +4,30 @@
 #include <QString>
 #include <string>
 
+#include "platform/colour.h"
+
 namespace kalvex {
 
 inline QString Q(const std::string& text) { return QString::fromStdString(text); }
+
+// The light green of a button whose switch is on, and of the tuning panel.
+inline constexpr Colour kOnColour = RGB(238, 255, 238);
+
+// Gives a control one of the program's background colours. A button gets a
+// thin frame too, so that a white one still reads as a button.
+inline void SetBackground(QWidget* control, Colour colour) {
+  const QString frame = qobject_cast<QPushButton*>(control) != nullptr
+                            ? " border: 1px solid rgb(128, 128, 128); padding: 1px;"
+                            : "";
+  control->setStyleSheet(QString("background: rgb(%1, %2, %3);%4")
+                             .arg(colour & 0xFF)
+                             .arg((colour >> 8) & 0xFF)
+                             .arg((colour >> 16) & 0xFF)
+                             .arg(frame));
+}
+
+// Sizes in the dialogs are given in twips, a fifteenth of a pixel.
+inline int Twips(int twips) { return twips / 15; }
 
 // A push button of `page` with its caption and ToolTip.
 inline QPushButton* Button(QWidget* page, const char* caption, const char* toolTip = "") {

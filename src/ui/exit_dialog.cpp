@@ -4,16 +4,9 @@
 
 #include "files/exit_actions.h"
 #include "files/network_file.h"
+#include "ui/controls.h"
 
 namespace kalvex {
-namespace {
-
-// The dialog is 6000 twips square; a twip is a fifteenth of a pixel.
-constexpr int kTwipsPerPixel = 15;
-int Px(int twips) { return twips / kTwipsPerPixel; }
-
-}  // namespace
-
 void EndProgram() { QCoreApplication::exit(0); }
 
 void SaveSessionAndEnd(const Session& session, Dialogs& dialogs) {
@@ -31,17 +24,17 @@ ExitDialog::ExitDialog(Session& session, Dialogs& dialogs, QWidget* parent)
       dialogs_(dialogs) {
   setWindowTitle("Exit ?");
   setModal(true);
-  setFixedSize(Px(6000), Px(6000));
-  cmdCancel->setGeometry(Px(1500), Px(1200), Px(3000), Px(450));
-  cmdSave->setGeometry(Px(1500), Px(2100), Px(3000), Px(450));
-  cmdExit->setGeometry(Px(1500), Px(3000), Px(3000), Px(450));
+  setFixedSize(Twips(6000), Twips(6000));
+  cmdCancel->setGeometry(Twips(1500), Twips(1200), Twips(3000), Twips(450));
+  cmdSave->setGeometry(Twips(1500), Twips(2100), Twips(3000), Twips(450));
+  cmdExit->setGeometry(Twips(1500), Twips(3000), Twips(3000), Twips(450));
   Label2->setAlignment(Qt::AlignCenter);
   Label2->setAutoFillBackground(true);
   Label2->hide();
 
   if (NetworkIsEmpty(session_)) {
     cmdSave->setEnabled(false);
-    Label2->setGeometry(0, 0, Px(6000), Px(300));
+    Label2->setGeometry(0, 0, Twips(6000), Twips(300));
     Label2->setStyleSheet("background: white;");
     Label2->setText("The network is empty.");
     Label2->show();
@@ -58,7 +51,7 @@ ExitDialog::ExitDialog(Session& session, Dialogs& dialogs, QWidget* parent)
 }
 
 void ExitDialog::ShowSavedAndEnd(const std::string& message) {
-  Label2->setGeometry(0, 0, width(), Px(450));
+  Label2->setGeometry(0, 0, width(), Twips(450));
   Label2->setStyleSheet("background: rgb(221, 255, 221);");
   Label2->setText(QString::fromStdString(message));
   Label2->show();

@@ -29,22 +29,23 @@ PainterCanvas::PainterCanvas(QPainter& painter, QSizeF pageSize, double pageToDe
   SetFont(PageFontSize(pageSize.height()) / kPageUnitsPerPoint, false);
 }
 
-PainterCanvas::~PainterCanvas() { FlushPolyline(); }
+PainterCanvas::~PainterCanvas() { FlushLines(); }
 
-void PainterCanvas::FlushPolyline() {
-  if (polyline_.size() < 2) {
-    polyline_.clear();
-    return;
-  }
+void PainterCanvas::FlushLines() {
+  if (lines_.isEmpty()) return;
   const double width = lineWidth_;
-  lineWidth_ = polylineWidth_;
-  painter_.setPen(PenOf(polylineColour_));
+  lineWidth_ = linesWidth_;
+  painter_.setPen(PenOf(linesColour_));
   lineWidth_ = width;
-  QVector<QLineF> lines;
-  lines.reserve(polyline_.size() - 1);
-  for (qsizetype i = 1; i < polyline_.size(); ++i) lines.append({polyline_[i - 1], polyline_[i]});
-  painter_.drawLines(lines);
-  polyline_.clear();
+  painter_.drawLines(lines_);
+  lines_.clear();
+}
+
+void PainterCanvas::GatherLine(QPointF from, QPointF to, Colour colour) {
+  if (!lines_.isEmpty() && (linesColour_ != colour || linesWidth_ != lineWidth_)) FlushLines();
+  linesColour_ = colour;
+  linesWidth_ = lineWidth_;
+  lines_.append({from, to});
 }
 
 QColor PainterCanvas::ToQColor(Colour colour) {
@@ -66,39 +67,52 @@ QPen PainterCanvas::PenOf(Colour colour) const {
 }
 
 void PainterCanvas::Clear(Colour background) {
-  FlushPolyline();
+  FlushLines();
   painter_.fillRect(QRectF(QPointF(0, 0), pageSize_), ToQColor(background));
 }
 
 void PainterCanvas::DrawLine(Point from, Point to, Colour colour) {
   if (from.x == to.x && from.y == to.y) {
-    FlushPolyline();
+    FlushLines();
     QPen dot = PenOf(colour);
     dot.setCapStyle(Qt::RoundCap);  // a round dot as wide as the line
     painter_.setPen(dot);
     painter_.drawPoint(ToQt(from));
     return;
   }
-  const bool continues = !polyline_.isEmpty() && polylineColour_ == colour &&
-                         polylineWidth_ == lineWidth_ && polyline_.last() == ToQt(from);
-  if (!continues) {
-    FlushPolyline();
-    polyline_.append(ToQt(from));
-    polylineColour_ = colour;
-    polylineWidth_ = lineWidth_;
-  }
-  polyline_.append(ToQt(to));
+  GatherLine(ToQt(from), ToQt(to), colour);
 }
 
 void PainterCanvas::DrawEllipse(Point centre, double radiusX, double radiusY, double start,
                                 double end, Colour colour) {
-  FlushPolyline();
+  double span = end - start;
+  if (span < 0) span += kFullTurn;
+  const bool full = span >= kFullTurn - 1e-9;
+  // A small full circle in a one-pixel line (the sweep's thousands of point
+  // marks) joins the gathered lines as a polygon of chords no longer than
+  // two pixels, which looks the same and strokes many times faster.
+  const double pixels = std::max(radiusX, radiusY) * painter_.transform().m11();
+  if (full && lineWidth_ * pixelsPerWidth_ < 1.5 && pixels < 40) {
+    const int chords = std::max(12, static_cast<int>(std::ceil(kFullTurn * pixels / 2)));
+    if (static_cast<int>(unitCircle_.size()) != chords + 1) {
+      unitCircle_.clear();
+      for (int k = 0; k <= chords; ++k) {
+        const double a = kFullTurn * k / chords;
+        unitCircle_.push_back({std::cos(a), std::sin(a)});
+      }
+    }
+    for (int k = 1; k <= chords; ++k) {
+      GatherLine({centre.x + radiusX * unitCircle_[k - 1].x(), centre.y + radiusY * unitCircle_[k - 1].y()},
+                 {centre.x + radiusX * unitCircle_[k].x(), centre.y + radiusY * unitCircle_[k].y()},
+                 colour);
+    }
+    return;
+  }
+  FlushLines();
   painter_.setPen(PenOf(colour));
   painter_.setBrush(Qt::NoBrush);
   const QRectF box(centre.x - radiusX, centre.y - radiusY, 2 * radiusX, 2 * radiusY);
-  double span = end - start;
-  if (span < 0) span += kFullTurn;
-  if (span >= kFullTurn - 1e-9) {
+  if (full) {
     painter_.drawEllipse(box);
     return;
   }
@@ -108,19 +122,19 @@ void PainterCanvas::DrawEllipse(Point centre, double radiusX, double radiusY, do
 }
 
 void PainterCanvas::FillRect(Point corner, Point opposite, Colour colour) {
-  FlushPolyline();
+  FlushLines();
   painter_.fillRect(RectOf(corner, opposite), ToQColor(colour));
 }
 
 void PainterCanvas::OutlineRect(Point corner, Point opposite, Colour colour) {
-  FlushPolyline();
+  FlushLines();
   painter_.setPen(PenOf(colour));
   painter_.setBrush(Qt::NoBrush);
   painter_.drawRect(RectOf(corner, opposite));
 }
 
 void PainterCanvas::FillEllipse(Point centre, double radiusX, double radiusY, Colour colour) {
-  FlushPolyline();
+  FlushLines();
   painter_.setPen(Qt::NoPen);
   painter_.setBrush(ToQColor(colour));
   painter_.drawEllipse(ToQt(centre), radiusX, radiusY);
@@ -128,7 +142,7 @@ void PainterCanvas::FillEllipse(Point centre, double radiusX, double radiusY, Co
 }
 
 void PainterCanvas::Text(Point at, const std::string& text) {
-  FlushPolyline();
+  FlushLines();
   painter_.setPen(textColour_);
   const QFontMetricsF metrics(painter_.font());
   painter_.drawText(QPointF(at.x, at.y + metrics.ascent()), QString::fromStdString(text));
@@ -146,7 +160,7 @@ void PainterCanvas::SetFont(double points, bool bold) {
 }
 
 void PainterCanvas::NewPage() {
-  FlushPolyline();
+  FlushLines();
   if (newPage_) newPage_();
 }
 

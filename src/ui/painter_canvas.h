@@ -1,8 +1,9 @@
 #pragma once
 
 #include <QPainter>
-#include <QPolygonF>
+#include <QVector>
 #include <functional>
+#include <vector>
 
 #include "platform/canvas.h"
 
@@ -42,9 +43,10 @@ class PainterCanvas : public Canvas {
 
  private:
   QPen PenOf(Colour colour) const;
-  // Joined lines of one pen are stroked as one polyline: far faster than
-  // line by line, and the joins are round.
-  void FlushPolyline();
+  // Lines of one pen are stroked in one call, far faster than line by line;
+  // a change of pen, or any other drawing, strokes what has gathered.
+  void GatherLine(QPointF from, QPointF to, Colour colour);
+  void FlushLines();
 
   QPainter& painter_;
   QSizeF pageSize_;
@@ -52,9 +54,10 @@ class PainterCanvas : public Canvas {
   std::function<void()> newPage_;
   double lineWidth_ = 1;
   QColor textColour_ = Qt::black;
-  QPolygonF polyline_;
-  Colour polylineColour_ = 0;
-  double polylineWidth_ = 0;
+  QVector<QLineF> lines_;
+  std::vector<QPointF> unitCircle_;  // the corners of the last chord polygon, radius 1
+  Colour linesColour_ = 0;
+  double linesWidth_ = 0;
 };
 
 

@@ -2,13 +2,13 @@
 
 #include "analysis/test_frequency.h"
 #include "model/format.h"
+#include "platform/pages.h"
 #include "ui/controls.h"
 
 namespace kalvex {
 namespace {
 
-constexpr const char* kPaleGreen = "background: rgb(238, 255, 238);";
-constexpr const char* kPaleRed = "background: rgb(255, 153, 153);";
+constexpr Colour kPaleRed = RGB(255, 153, 153);
 
 // The four step buttons of a row, left to right: "<<", "<", ">", ">>".
 struct StepButton {
@@ -30,11 +30,11 @@ constexpr StepButton kSteps[] = {
     {">>", StepDirection::Up, kLargeStep, "Up coarse", "Up very fine step",
      "Move test frequency up coarse step", "Move test frequency up very fine step"}};
 
-std::array<QPushButton*, 4> StepRow(Page& page, double top) {
+std::array<QPushButton*, 4> StepRow(Page& page, double top, Colour background) {
   std::array<QPushButton*, 4> row{};
   for (int i = 0; i < 4; ++i) {
     row[i] = new QPushButton(kSteps[i].caption, &page);
-    row[i]->setStyleSheet(kPaleGreen);
+    SetBackground(row[i], background);
     page.Place(row[i], 500 + 360 * i, top, 360, 300);
   }
   return row;
@@ -59,11 +59,11 @@ TuningControls::TuningControls(Page& page, Session& session, Dialogs& dialogs,
     : QObject(&page),
       txtZ1(new QLineEdit(&page)),
       cmdZ1(new QPushButton(&page)),
-      topSteps(StepRow(page, 2130)),
+      topSteps(StepRow(page, 2130, kOnColour)),
       fraTop(ModeFrame(page, 2430, optTopGeometric, optTopArithmetic)),
       txtZ2(new QLineEdit(&page)),
       cmdZ2(new QPushButton(&page)),
-      bottomSteps(StepRow(page, 3180)),
+      bottomSteps(StepRow(page, 3180, kOnColour)),
       fraBottom(ModeFrame(page, 3480, optBottomGeometric, optBottomArithmetic)),
       lblTuneSize(new QLabel("Tune step size:", &page)),
       fraTuneSize(new QGroupBox(&page)),
@@ -71,7 +71,7 @@ TuningControls::TuningControls(Page& page, Session& session, Dialogs& dialogs,
       optTuneSizeFine(new QRadioButton("Fine steps", fraTuneSize)),
       txtFreq(new QLineEdit(&page)),
       cmdFreq(new QPushButton("Freq enter", &page)),
-      freqSteps(StepRow(page, 4350)),
+      freqSteps(StepRow(page, 4350, session.AnalysisControlColour)),
       session_(session),
       dialogs_(dialogs),
       redraw_(std::move(redraw)) {
@@ -79,7 +79,10 @@ TuningControls::TuningControls(Page& page, Session& session, Dialogs& dialogs,
   page.Place(cmdZ1, 1940, 1800, 1200, 300);
   page.Place(txtZ2, 500, 2850, 1440, 300);
   page.Place(cmdZ2, 1940, 2850, 1200, 300);
-  for (QLineEdit* box : {txtZ1, txtZ2}) box->setStyleSheet(kPaleGreen);
+  for (QLineEdit* box : {txtZ1, txtZ2}) SetBackground(box, kOnColour);
+  for (QPushButton* button : {cmdZ1, cmdZ2, cmdFreq}) {
+    SetBackground(button, session_.AnalysisControlColour);
+  }
   cmdZ1->setToolTip("Click to enter a new value");
   cmdZ2->setToolTip("Click to enter a new value");
   page.Place(lblTuneSize, 500, 4860, 1400, 300);
@@ -172,7 +175,7 @@ void TuningControls::ShowTexts(const TuningPanel& panel) {
 void TuningControls::HidePanel(bool keepColours) {
   for (QLineEdit* box : {txtZ1, txtZ2}) {
     box->clear();
-    if (!keepColours) box->setStyleSheet(kPaleGreen);
+    if (!keepColours) SetBackground(box, kOnColour);
     box->hide();
   }
   cmdZ1->hide();
@@ -185,11 +188,11 @@ void TuningControls::HidePanel(bool keepColours) {
 
 // A top value of 0 or less leaves the part out of the strip: its box says so.
 void TuningControls::MarkTopValue() {
-  txtZ1->setStyleSheet(session_.Value[session_.SelectedStage][1] > 0 ? kPaleGreen : kPaleRed);
+  SetBackground(txtZ1, session_.Value[session_.SelectedStage][1] > 0 ? kOnColour : kPaleRed);
 }
 
 void TuningControls::ShowStepSize(bool fine) {
-  optTuneSizeFine->setStyleSheet(fine ? kPaleGreen : "");
+  SetBackground(optTuneSizeFine, fine ? kOnColour : kPageBackground);
   for (int i = 0; i < 4; ++i) {
     const char* tip = fine ? kSteps[i].fineTip : kSteps[i].coarseTip;
     topSteps[i]->setToolTip(tip);

@@ -15,14 +15,14 @@ class SweepCommandTest : public testing::CliTest {
     SaveNetwork(SeriesInductor, 1e-6, 200);
   }
 
-  int RunSweep(std::vector<std::string> words) {
+  int RunSweepCommand(std::vector<std::string> words) {
     words.insert(words.begin(), {"sweep", PathOf("net.SSF")});
     return Run(words);
   }
 };
 
 TEST_F(SweepCommandTest, UsesTheFileSettingsAndWritesTheDataLayout) {
-  EXPECT_EQ(RunSweep({}), kExitOk);
+  EXPECT_EQ(RunSweepCommand({}), kExitOk);
   const std::vector<std::string> lines = SplitLines(out.str());
   ASSERT_EQ(lines.size(), 12u);
   EXPECT_EQ(lines[0], "Kalvex data file");
@@ -33,7 +33,7 @@ TEST_F(SweepCommandTest, UsesTheFileSettingsAndWritesTheDataLayout) {
 }
 
 TEST_F(SweepCommandTest, OptionsOverrideTheFileAndTheTableMatchesTheTabulatePage) {
-  EXPECT_EQ(RunSweep({"--start", "1M", "--stop", "2M", "--points", "11", "--table"}), kExitOk);
+  EXPECT_EQ(RunSweepCommand({"--start", "1M", "--stop", "2M", "--points", "11", "--table"}), kExitOk);
   const std::vector<std::string> lines = SplitLines(out.str());
   ASSERT_EQ(lines.size(), 12u);
   EXPECT_EQ(lines[0], kTabulateHeading);
@@ -49,20 +49,20 @@ TEST_F(SweepCommandTest, OptionsOverrideTheFileAndTheTableMatchesTheTabulatePage
 }
 
 TEST_F(SweepCommandTest, LimitsSayWhatTheyReset) {
-  EXPECT_EQ(RunSweep({"--start", "100", "--points", "1", "--table"}), kExitOk);
+  EXPECT_EQ(RunSweepCommand({"--start", "100", "--points", "1", "--table"}), kExitOk);
   EXPECT_EQ(err.str(), "Start frequency has been reset to the minimum allowed (5 kHz)\n");
   EXPECT_EQ(SplitLines(out.str()).size(), 4u);  // heading and three points
 }
 
 TEST_F(SweepCommandTest, EntriesAboveTenGigahertzAreToldTheyWereReset) {
-  EXPECT_EQ(RunSweep({"--start", "20G", "--stop", "30G", "--table"}), kExitOk);
+  EXPECT_EQ(RunSweepCommand({"--start", "20G", "--stop", "30G", "--table"}), kExitOk);
   EXPECT_EQ(err.str(),
             "Start frequency has been reset to the maximum allowed (10 gHz)\n"
             "Stop frequency has been reset to the maximum allowed.\n");
 }
 
 TEST_F(SweepCommandTest, LoadDataRunsOverTheFilePoints) {
-  EXPECT_EQ(RunSweep({"--load", KALVEX_EXAMPLES_DIR "/dipole20m.RJX", "-o", PathOf("out.DAT")}),
+  EXPECT_EQ(RunSweepCommand({"--load", KALVEX_EXAMPLES_DIR "/dipole20m.RJX", "-o", PathOf("out.DAT")}),
             kExitOk);
   EXPECT_EQ(out.str(), "");
   const std::vector<std::string> lines = SplitLines(ReadFile("out.DAT"));
@@ -74,12 +74,12 @@ TEST_F(SweepCommandTest, LoadDataRunsOverTheFilePoints) {
 
 TEST_F(SweepCommandTest, ParserErrorKeepsThePointsReadBefore) {
   WriteFile("short.RJX", "5M,10,1\r\n6M,20,2\r\n! trailing comment\r\n");
-  EXPECT_EQ(RunSweep({"--load", PathOf("short.RJX"), "--table"}), kExitOk);
+  EXPECT_EQ(RunSweepCommand({"--load", PathOf("short.RJX"), "--table"}), kExitOk);
   EXPECT_EQ(err.str(), "Parser error\n");
   EXPECT_EQ(SplitLines(out.str()).size(), 3u);
 
   WriteFile("empty.RJX", "! nothing\r\n");
-  EXPECT_EQ(RunSweep({"--load", PathOf("empty.RJX")}), kExitFailed);
+  EXPECT_EQ(RunSweepCommand({"--load", PathOf("empty.RJX")}), kExitFailed);
   EXPECT_EQ(err.str(), "Parser error\n");
   EXPECT_EQ(out.str(), "");
 }
@@ -87,7 +87,7 @@ TEST_F(SweepCommandTest, ParserErrorKeepsThePointsReadBefore) {
 TEST_F(SweepCommandTest, UsageErrors) {
   for (const std::vector<std::string>& args : std::vector<std::vector<std::string>>{
            {"--load", "x.RJX", "--points", "5"}, {"--start"}, {"extra"}, {"--bogus"}}) {
-    EXPECT_EQ(RunSweep(args), kExitUsage);
+    EXPECT_EQ(RunSweepCommand(args), kExitUsage);
     EXPECT_NE(err.str().find("usage: kalvex-cli sweep"), std::string::npos);
   }
 }

@@ -1,6 +1,8 @@
 #include <gtest/gtest.h>
 
 #include <QImage>
+#include <QTimer>
+#include <functional>
 #include <QLabel>
 #include <QPushButton>
 #include <QTest>
@@ -70,6 +72,11 @@ class PagesInFolder : public testing::TempDirTest {
     TempDirTest::SetUp();
     previous_ = std::filesystem::current_path();
     std::filesystem::current_path(PathOf(""));
+    // A page closed by an earlier test ended the program. Outside the
+    // application's own loop Qt keeps that end, and every modal dialog's loop
+    // would stop at once; a turn of the application's loop clears it.
+    QTimer::singleShot(0, [] { QCoreApplication::exit(0); });
+    QCoreApplication::exec();
   }
   void TearDown() override {
     std::filesystem::current_path(previous_);
@@ -211,6 +218,8 @@ TEST_F(DesignPageTest, GetNetShowsTheFileInTheCaption) {
 }  // namespace kalvex
 
 #include "ui/analysis_page.h"
+#include "ui/overlay_setup_dialog.h"
+#include "ui/sweep_setup_dialog.h"
 
 namespace kalvex {
 namespace {
@@ -266,6 +275,82 @@ TEST_F(AnalysisPageTest, StripClickSelectsAndStepsTunePart) {
   EXPECT_EQ(session.ElementType[1], Empty);
   EXPECT_FALSE(page->tuning->txtZ1->isVisible());
   EXPECT_FALSE(page->lblClickPart->isVisible());
+}
+
+// Runs `act` on the modal dialog that the next click opens, once it shows.
+template <typename Dialog>
+void WhenModalShows(std::function<void(Dialog&)> act) {
+  QTimer::singleShot(0, [act] {
+    auto* dialog = qobject_cast<Dialog*>(QApplication::activeModalWidget());
+    ASSERT_NE(dialog, nullptr);
+    act(*dialog);
+  });
+}
+
+TEST_F(AnalysisPageTest, OverlayDialogsSwitchTheirOverlayOnHoweverTheyClose) {
+  WhenModalShows<OverlaySetupDialog>([](OverlaySetupDialog& dialog) {
+    EXPECT_EQ(dialog.windowTitle(), "Q circle setup");
+    EXPECT_EQ(dialog.Text1->text(), "2");
+    dialog.close();
+  });
+  page->cmdQsetup->click();
+  EXPECT_EQ(session.QArcsOn, 1);
+  EXPECT_TRUE(page->cmdQon->styleSheet().contains("rgb(238, 255, 238)"));
+  page->cmdQon->click();
+  EXPECT_EQ(session.QArcsOn, 0);
+  EXPECT_TRUE(page->cmdQon->styleSheet().contains("rgb(255, 255, 255)"));
+
+  WhenModalShows<OverlaySetupDialog>([](OverlaySetupDialog& dialog) {
+    dialog.Text1->setText("1.005");
+    dialog.cmdAccept->click();  // refused: the dialog stays
+    EXPECT_TRUE(dialog.isVisible());
+    dialog.Text1->setText("3");
+    dialog.cmdAccept->click();
+  });
+  page->cmdVSWRsetup->click();
+  EXPECT_EQ(session.VSWRCircleOn, 1);
+  EXPECT_EQ(session.VSWRCircle, 3);
+  EXPECT_EQ(dialogs.MessageTexts(),
+            std::vector<std::string>{"VSWR circle radius must be between 1.01 and 20"});
+}
+
+TEST_F(AnalysisPageTest, SweepSetupSwitchesTheSweepOnAndEditsDisableTheTable) {
+  EXPECT_FALSE(page->cmdTabulate->isEnabled());
+  WhenModalShows<SweepSetupDialog>([](SweepSetupDialog& dialog) {
+    EXPECT_EQ(dialog.txtStart->text(), " 900 k");  // the start values
+    dialog.txtStart->setText("13M");
+    dialog.txtStop->setText("15M");
+    dialog.txtPoints->setText("5");
+    dialog.cmdAccept->click();
+  });
+  page->cmdSweepSetup->click();
+  EXPECT_EQ(session.SweepShown, 1);
+  EXPECT_EQ(session.SweepPoints, 5);
+  EXPECT_TRUE(page->cmdSweep->isEnabled());
+  EXPECT_TRUE(page->cmdTabulate->isEnabled());  // the sweep just ran
+  EXPECT_EQ(session.SweepFreq[4], 15e6);
+
+  QPushButton* tabulate = page->cmdTabulate;
+  WhenModalShows<SweepSetupDialog>([tabulate](SweepSetupDialog& dialog) {
+    EXPECT_TRUE(tabulate->isEnabled());
+    dialog.txtPoints->setText("7");
+    EXPECT_FALSE(tabulate->isEnabled());  // the table no longer matches the boxes
+    dialog.close();
+  });
+  page->cmdSweepSetup->click();
+  EXPECT_TRUE(page->cmdTabulate->isEnabled());  // closing redraws, and the sweep ran again
+  page->cmdSweep->click();
+  EXPECT_EQ(session.SweepShown, 0);
+}
+
+TEST_F(AnalysisPageTest, OnlyTheTuningValuesAndTheirStepsArePaleGreen) {
+  const QString pale = "rgb(238, 255, 238)";
+  EXPECT_FALSE(page->cmdDesign->styleSheet().contains(pale));
+  EXPECT_TRUE(page->tuning->txtZ1->styleSheet().contains(pale));
+  EXPECT_TRUE(page->tuning->bottomSteps[0]->styleSheet().contains(pale));
+  EXPECT_FALSE(page->tuning->freqSteps[0]->styleSheet().contains(pale));
+  page->tuning->optTuneSizeNormal->click();
+  EXPECT_TRUE(page->tuning->optTuneSizeFine->styleSheet().contains("rgb(232, 248, 255)"));
 }
 
 }  // namespace

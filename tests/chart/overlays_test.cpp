@@ -1,0 +1,168 @@
+#include <gtest/gtest.h>
+
+#include <cmath>
+
+#include "chart/chart_view.h"
+#include "chart/overlay_settings.h"
+#include "chart/overlays.h"
+#include "support/drawing_queries.h"
+#include "support/fake_dialogs.h"
+
+namespace kalvex {
+namespace {
+
+using Kind = DrawCommand::Kind;
+constexpr Colour kTeal = RGB(17, 187, 187);
+constexpr Colour kVSWRRed = RGB(136, 17, 17);
+
+class OverlaysTest : public ::testing::Test {
+ protected:
+  void SetUp() override {
+    InitialiseSession(session);
+    session.ChartAspect = 0.75f;
+  }
+  std::vector<Gamma> LineEndsIn(Colour colour) const {
+    std::vector<Gamma> ends;
+    for (const DrawCommand& line : testing::LinesIn(list, colour)) {
+      ends.push_back(ChartView::Of(session).PageToGamma(line.b));
+    }
+    return ends;
+  }
+  const DrawCommand* TextAt(double x, double y) const {
+    for (const DrawCommand& c : list.Commands()) {
+      if (c.kind == Kind::Text && c.a.x == x && c.a.y == y) return &c;
+    }
+    return nullptr;
+  }
+
+  Session session;
+  DisplayList list;
+};
+
+TEST_F(OverlaysTest, QArcsOfOneCrossTheImaginaryAxisAtRootTwoLessOne) {
+  session.QArcsOn = 1;
+  session.QCircle = 1;
+  DrawQArcs(session, list);
+  const std::vector<Gamma> ends = LineEndsIn(kTeal);
+  for (double sign : {+1.0, -1.0}) {
+    double nearest = 1;
+    for (const Gamma& g : ends) {
+      nearest = std::min(nearest, std::hypot(g.u, g.v - sign * (std::sqrt(2.0) - 1)));
+    }
+    EXPECT_LT(nearest, 0.002) << sign;
+  }
+  for (const Gamma& g : ends) {
+    // Every impedance on the arcs has |X| = R.
+    const double reactance = std::fabs(2 * g.v);
+    const double resistance = 1 - g.u * g.u - g.v * g.v;  // both over |1 − Γ|²
+    EXPECT_NEAR(reactance, resistance, 1e-6);
+  }
+  ASSERT_NE(TextAt(5300, 8340), nullptr);
+  EXPECT_EQ(TextAt(5300, 8340)->text, "Q=1");
+}
+
+TEST_F(OverlaysTest, QArcsTurnWhiteBeyondTheChartsEnds) {
+  session.QArcsOn = 1;
+  session.QCircle = 0.5f;
+  DrawQArcs(session, list);
+  const std::vector<DrawCommand> white = testing::LinesIn(list, kWhite);
+  ASSERT_FALSE(white.empty());
+  for (const DrawCommand& line : white) EXPECT_GE(std::fabs(line.b.x - 8000), 0.75 * 3000);
+  for (const DrawCommand& line : testing::LinesIn(list, kTeal)) {
+    EXPECT_LT(std::fabs(line.b.x - 8000), 0.75 * 3000);
+  }
+  // 1,801 points from 0 to 180 degrees on each of the two arcs.
+  EXPECT_EQ(white.size() + testing::LinesIn(list, kTeal).size(), 2u * 1800);
+}
+
+TEST_F(OverlaysTest, OverlaysSwitchedOffDrawNothing) {
+  DrawQArcs(session, list);
+  DrawVSWRCircle(session, list);
+  EXPECT_TRUE(list.Commands().empty());
+}
+
+struct QClampCase {
+  float entered;
+  float drawn;
+};
+
+TEST_F(OverlaysTest, QArcsBringTheirValueIntoRange) {
+  for (const QClampCase c : {QClampCase{0, 2}, QClampCase{0.05f, 0.1f}, QClampCase{25, 20}}) {
+    session.QArcsOn = 1;
+    session.QCircle = c.entered;
+    DrawQArcs(session, list);
+    EXPECT_FLOAT_EQ(session.QCircle, c.drawn) << c.entered;
+  }
+}
+
+struct VSWRCase {
+  float vswr;
+  double rho;
+  const char* text;
+};
+
+class VSWRCircles : public OverlaysTest, public ::testing::WithParamInterface<VSWRCase> {};
+
+TEST_P(VSWRCircles, HaveTheirReflectionMagnitude) {
+  session.VSWRCircleOn = 1;
+  session.VSWRCircle = GetParam().vswr;
+  DrawVSWRCircle(session, list);
+  const std::vector<Gamma> ends = LineEndsIn(kVSWRRed);
+  ASSERT_EQ(ends.size(), 72u);  // 73 points, the last back on the first
+  for (const Gamma& g : ends) EXPECT_NEAR(std::hypot(g.u, g.v), GetParam().rho, 1e-9);
+  ASSERT_NE(TextAt(5300, 8140), nullptr);
+  EXPECT_EQ(TextAt(5300, 8140)->text, GetParam().text);
+  EXPECT_EQ(session.VSWRCircle, GetParam().vswr);  // a refused value stays for the dialog
+}
+
+INSTANTIATE_TEST_SUITE_P(Values, VSWRCircles,
+                         ::testing::Values(VSWRCase{2, 1.0 / 3, "VSWR=2"},
+                                           VSWRCase{20, 19.0 / 21, "VSWR=20"},
+                                           VSWRCase{-1, (double{1.01f} - 1) / (double{1.01f} + 1), "VSWR=1.01"},
+                                           VSWRCase{50, 19.0 / 21, "VSWR=20"}));
+
+struct SettingCase {
+  Overlay overlay;
+  const char* typed;
+  bool accepted;
+};
+
+class OverlaySettings : public ::testing::TestWithParam<SettingCase> {};
+
+TEST_P(OverlaySettings, AcceptTheirRangeAndRefuseBeyondIt) {
+  Session session;
+  InitialiseSession(session);
+  testing::FakeDialogs dialogs;
+  const SettingCase& c = GetParam();
+  EXPECT_EQ(AcceptOverlaySetting(session, dialogs, c.overlay, c.typed), c.accepted) << c.typed;
+  const char* refusal = c.overlay == Overlay::QArcs
+                            ? "Q must be between .1 and 20"
+                            : "VSWR circle radius must be between 1.01 and 20";
+  EXPECT_EQ(dialogs.MessageTexts(), testing::FakeDialogs::Only(c.accepted ? nullptr : refusal));
+  EXPECT_EQ(OverlaySettingText(session, c.overlay), c.typed);  // kept, even when refused
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Boundaries, OverlaySettings,
+    ::testing::Values(SettingCase{Overlay::QArcs, "0.05", false},
+                      SettingCase{Overlay::QArcs, "0.1", true},
+                      SettingCase{Overlay::QArcs, "20", true},
+                      SettingCase{Overlay::QArcs, "20.01", false},
+                      SettingCase{Overlay::VSWRCircle, "1.005", false},
+                      SettingCase{Overlay::VSWRCircle, "1.01", true},
+                      SettingCase{Overlay::VSWRCircle, "20", true},
+                      SettingCase{Overlay::VSWRCircle, "21", false}));
+
+TEST(OverlaySwitches, StepBetweenOffAndOn) {
+  Session session;
+  InitialiseSession(session);
+  EXPECT_TRUE(ToggleOverlay(session, Overlay::VSWRCircle));
+  EXPECT_FALSE(ToggleOverlay(session, Overlay::VSWRCircle));
+  EXPECT_FALSE(OverlayOn(session, Overlay::QArcs));
+  SwitchOnOverlay(session, Overlay::QArcs);
+  EXPECT_EQ(session.QArcsOn, 1);
+  EXPECT_EQ(session.VSWRCircleOn, 0);
+}
+
+}  // namespace
+}  // namespace kalvex
