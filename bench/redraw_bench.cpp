@@ -4,9 +4,13 @@
 #include <QImage>
 #include <QPainter>
 #include <cmath>
+#include <filesystem>
 
 #include "analysis/redraw.h"
 #include "analysis/sweep_on_chart.h"
+#include "print/paper.h"
+#include "print/print_chart.h"
+#include "ui/page_renderer.h"
 #include "chart/analysis_view.h"
 #include "chart/network_path.h"
 #include "platform/display_list.h"
@@ -80,6 +84,20 @@ void BM_RedrawChartFullHd(benchmark::State& state) {
   }
 }
 BENCHMARK(BM_RedrawChartFullHd)->Arg(0)->Arg(1)->Unit(benchmark::kMillisecond);
+
+// The printed chart page with everything on, drawn and written as a PDF.
+void BM_ChartPageToPdf(benchmark::State& state) {
+  kalvex::Session session = EverythingOnSession();
+  session.ArcsMode = 2;
+  const std::string path = std::filesystem::temp_directory_path() / "kalvex_bench_chart.pdf";
+  for (auto _ : state) {
+    kalvex::DisplayList page;
+    kalvex::DrawChartPage(session, page, "2026-11-23 12:00:00");
+    benchmark::DoNotOptimize(kalvex::RenderToFile(page, kalvex::kChartPaper, 576, 761, path, 2.4));
+  }
+  std::filesystem::remove(path);
+}
+BENCHMARK(BM_ChartPageToPdf)->Unit(benchmark::kMillisecond);
 
 // A tuning step as the user makes it: ">" on the selected part, then the
 // whole window painted at full-HD size.

@@ -27,6 +27,14 @@ constexpr std::array kCommands = {
             "      (1..8) and aspect (0.5..1.5), with the Q arcs, the VSWR circle and the sweep\n"
             "      of FILE's settings, over the points of a load-data file with --load",
             RunRenderCommand},
+    Command{"print",
+            "print FILE [--table] [--start HZ] [--stop HZ] [--points N] [--load LOADFILE]\n"
+            "            [--grid 1..6] [--zoom N] [--q-arcs] [--vswr-circle] [--sweep] -o OUT",
+            "the page the printer gets: the chart page with the network's schematic (grid\n"
+            "      type, zoom and overlays as for render), or with --table the tabulated sweep\n"
+            "      (sweep options as for sweep), every page, to a PDF, or the first page to\n"
+            "      an SVG or PNG file, chosen by OUT's suffix",
+            RunPrintCommand},
 };
 
 void PrintHelp(std::ostream& out) {

@@ -20,6 +20,11 @@ class ConsoleDialogs : public Dialogs {
   std::string ChooseSaveFile(const std::string&, const std::string&, const std::string&) override {
     return "";
   }
+  // The command line prints to files (kalvex-cli print), never to a printer.
+  std::unique_ptr<PrintJob> StartPrint(PageSize, std::string& error) override {
+    error = "no printer on the command line: use kalvex-cli print";
+    return nullptr;
+  }
   void Beep() override {}
   void Pause(double seconds) override;
   std::string LocalDateTime() override;

@@ -8,6 +8,7 @@
 #include "cli_options.h"
 #include "commands.h"
 #include "console_dialogs.h"
+#include "session_options.h"
 #include "design/schematic.h"
 #include "design/symbols.h"
 #include "design/welcome_pictures.h"
@@ -49,16 +50,8 @@ int RunRenderCommand(const Command& command, const std::vector<std::string>& wor
   if (page != "welcome" && page != "design" && page != "analysis") {
     return UsageError(command, "--page takes welcome, design or analysis", err);
   }
-  const auto grid = CliNumber(arguments->Option("--grid").value_or("1"));
-  const auto zoom = CliNumber(arguments->Option("--zoom").value_or("1"));
   const auto aspect = arguments->Option("--aspect");
   const double aspectValue = aspect ? CliNumber(*aspect).value_or(0) : 0;
-  if (!grid || *grid < 1 || *grid > 6 || *grid != std::floor(*grid)) {
-    return UsageError(command, "--grid takes a grid type 1..6", err);
-  }
-  if (!zoom || *zoom < 1 || *zoom > kMaxZoom) {
-    return UsageError(command, "--zoom takes a zoom factor from 1 to 8", err);
-  }
   if (aspect && (aspectValue < 0.5 || aspectValue > 1.5)) {
     return UsageError(command, "--aspect takes a factor from 0.5 to 1.5", err);
   }
@@ -69,13 +62,15 @@ int RunRenderCommand(const Command& command, const std::vector<std::string>& wor
 
   Session session;
   StartSession(session);
+  if (const auto stop = ApplyChartOptions(session, *arguments, command, err)) return *stop;
   ConsoleDialogs dialogs(err);
   if (!arguments->positional.empty() &&
       !ReadNetworkFile(session, dialogs, arguments->positional.front())) {
     return kExitFailed;
   }
-  const auto load = arguments->Option("--load");
-  if (load && !ApplyLoadDataFile(session, dialogs, *load)) return kExitFailed;
+  if (const auto stop = ApplySweepOptions(session, dialogs, *arguments, command, err, false)) {
+    return *stop;
+  }
 
   const float coilArcRadius = CoilArcRadiusFor(size->width, size->height);
   DisplayList drawing;
@@ -85,13 +80,8 @@ int RunRenderCommand(const Command& command, const std::vector<std::string>& wor
   } else if (page == "design") {
     DrawDesignPage(session, drawing, coilArcRadius);
   } else {
-    session.GridType = static_cast<int16_t>(*grid);
-    session.ChartZoom = static_cast<float>(*zoom);
     if (aspect) session.ChartAspect = static_cast<float>(aspectValue);
     session.LoadSource = session.LoadSource == 0 ? 1 : session.LoadSource;
-    session.QArcsOn = arguments->Option("--q-arcs") ? 1 : 0;
-    session.VSWRCircleOn = arguments->Option("--vswr-circle") ? 1 : 0;
-    session.SweepShown = arguments->Option("--sweep") ? 1 : 0;
     LoadAnalysisView(session);
     RefreshAnalysis(session, drawing);
     pageSize = kAnalysisPage;

@@ -1,15 +1,13 @@
 #include "analysis/sweep.h"
-#include "analysis/sweep_settings.h"
 #include "analysis/tabulate.h"
 #include "cli.h"
 #include "cli_options.h"
 #include "commands.h"
 #include "console_dialogs.h"
-#include "files/load_data_file.h"
+#include "session_options.h"
 #include "files/network_file.h"
 #include "files/sweep_data_file.h"
 #include "files/text_file.h"
-#include "model/format.h"
 
 namespace kalvex {
 namespace {
@@ -29,28 +27,13 @@ int RunSweepCommand(const Command& command, const std::vector<std::string>& word
       words, {"--start", "--stop", "--points", "--load", "-o"}, {"--table"}, problem);
   if (!arguments) return UsageError(command, problem, err);
   if (arguments->positional.size() != 1) return UsageError(command, "one FILE is needed", err);
-  const auto load = arguments->Option("--load");
-  const auto start = arguments->Option("--start");
-  const auto stop = arguments->Option("--stop");
-  const auto points = arguments->Option("--points");
-  if (load && (start || stop || points)) {
-    return UsageError(command, "--load takes its frequencies from the file: no --start, --stop or --points", err);
-  }
-
   Session session;
   InitialiseSession(session);
   session.LoadSource = 1;
   ConsoleDialogs dialogs(err);
   if (!ReadNetworkFile(session, dialogs, arguments->positional.front())) return kExitFailed;
-
-  if (load) {
-    if (!ApplyLoadDataFile(session, dialogs, *load)) return kExitFailed;
-  } else {
-    // Option texts read as the sweep setup's boxes do, limits and messages included.
-    AcceptSweepSettings(session, dialogs,
-                        start ? ParseValueUnlimited(*start) : session.SweepStart,
-                        stop ? ParseValueUnlimited(*stop) : session.SweepStop,
-                        points ? ParseValue(*points) : session.SweepPoints);
+  if (const auto stop = ApplySweepOptions(session, dialogs, *arguments, command, err, true)) {
+    return *stop;
   }
 
   const auto output = arguments->Option("-o");

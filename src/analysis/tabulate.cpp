@@ -9,8 +9,6 @@
 namespace kalvex {
 namespace {
 
-std::string Signed(const std::string& text) { return text.starts_with('-') ? text : "+" + text; }
-
 void AppendColumn(std::string& row, const std::string& text, std::size_t padTo) {
   row += text;
   row += ' ';

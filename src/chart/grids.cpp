@@ -26,21 +26,12 @@ void Curve(Canvas& canvas, const ChartView& view, Colour colour, double from, do
   }
 }
 
-void ResistanceCircle(Canvas& canvas, const ChartView& view, Colour colour, double r) {
-  Curve(canvas, view, colour, 0, 360, 2, [r](double a) {
-    return Gamma{r / (r + 1) + std::cos(a) / (r + 1), std::sin(a) / (r + 1)};
-  });
-}
-
 // The arcs of +x and of −x, from where they leave the unit circle to Γ = 1.
 void ReactanceArcs(Canvas& canvas, const ChartView& view, Colour colour, double x,
                    double stepPlus, double stepMinus) {
   const float a0 = static_cast<float>(90 + 2 * std::atan(1 / x) / kDegree);
-  for (const double sign : {1.0, -1.0}) {
-    Curve(canvas, view, colour, a0, 270, sign > 0 ? stepPlus : stepMinus, [x, sign](double a) {
-      return Gamma{1 + std::cos(a) / x, sign * (1 + std::sin(a)) / x};
-    });
-  }
+  DrawReactanceArc(canvas, view, colour, x, +1, a0, 270, stepPlus);
+  DrawReactanceArc(canvas, view, colour, x, -1, a0, 270, stepMinus);
 }
 
 // The fine values of r and x: 0.1 steps below 1 and 0.2 steps below 2, each
@@ -91,14 +82,41 @@ void DrawLabels(Canvas& canvas, const ChartView& view, const Label (&labels)[N])
 
 }  // namespace
 
+void DrawResistanceCircle(Canvas& canvas, const ChartView& view, Colour colour, double r) {
+  Curve(canvas, view, colour, 0, 360, 2, [r](double a) {
+    return Gamma{r / (r + 1) + std::cos(a) / (r + 1), std::sin(a) / (r + 1)};
+  });
+}
+
+void DrawReactanceArc(Canvas& canvas, const ChartView& view, Colour colour, double x,
+                      double sign, double from, double to, double step) {
+  Curve(canvas, view, colour, from, to, step, [x, sign](double a) {
+    return Gamma{1 + std::cos(a) / x, sign * (1 + std::sin(a)) / x};
+  });
+}
+
+void DrawSusceptanceArc(Canvas& canvas, const ChartView& view, Colour colour,
+                        const SusceptanceArc& arc, double sign) {
+  const double scale = 1 / arc.b;
+  Curve(canvas, view, colour, arc.from, arc.to, arc.step, [scale, sign](double a) {
+    return Gamma{-1 - scale * std::cos(a), sign * (scale + scale * std::sin(a))};
+  });
+}
+
+void DrawConductanceCircle(Canvas& canvas, const ChartView& view, Colour colour, double g) {
+  Curve(canvas, view, colour, 0, 360, 2, [g](double a) {
+    return Gamma{-g / (1 + g) + std::cos(a) / (1 + g), std::sin(a) / (1 + g)};
+  });
+}
+
 void DrawImpedanceGrid(Canvas& canvas, const ChartView& view, Colour colour) {
-  for (const double r : FineValues(true)) ResistanceCircle(canvas, view, kFineRed, r);
-  for (const double r : {2.0, 1.0, 0.5, 0.2}) ResistanceCircle(canvas, view, colour, r);
+  for (const double r : FineValues(true)) DrawResistanceCircle(canvas, view, kFineRed, r);
+  for (const double r : {2.0, 1.0, 0.5, 0.2}) DrawResistanceCircle(canvas, view, colour, r);
   for (const double x : FineValues(false)) ReactanceArcs(canvas, view, kFineRed, x, 2, 2);
   // The fine arcs crowd together inside r = 5: whiten it.
   canvas.FillEllipse(view.GammaToPage({5.0 / 6, 0}), view.aspect * view.radius / 6,
                      view.radius / 6, kWhite);
-  ResistanceCircle(canvas, view, colour, 5);
+  DrawResistanceCircle(canvas, view, colour, 5);
   struct MainArc {
     double x, stepPlus, stepMinus;
   };
@@ -111,23 +129,11 @@ void DrawImpedanceGrid(Canvas& canvas, const ChartView& view, Colour colour) {
 }
 
 void DrawAdmittanceGrid(Canvas& canvas, const ChartView& view, Colour colour) {
-  struct SusceptanceArc {
-    double scale, from, to, step;
-  };
-  for (const SusceptanceArc arc :
-       {SusceptanceArc{0.5, 142, 233, 1}, SusceptanceArc{1, 180, 251, 1},
-        SusceptanceArc{2, 217, 260.5, 0.5}, SusceptanceArc{5, 247.5, 266.2, 0.2}}) {
-    for (const double sign : {1.0, -1.0}) {
-      Curve(canvas, view, colour, arc.from, arc.to, arc.step, [arc, sign](double a) {
-        return Gamma{-1 - arc.scale * std::cos(a), sign * (arc.scale + arc.scale * std::sin(a))};
-      });
-    }
+  for (const SusceptanceArc& arc : kSusceptanceArcs) {
+    DrawSusceptanceArc(canvas, view, colour, arc, +1);
+    DrawSusceptanceArc(canvas, view, colour, arc, -1);
   }
-  for (const double g : {0.2, 0.5, 1.0, 2.0, 5.0}) {
-    Curve(canvas, view, colour, 0, 360, 2, [g](double a) {
-      return Gamma{-g / (1 + g) + std::cos(a) / (1 + g), std::sin(a) / (1 + g)};
-    });
-  }
+  for (const double g : kConductanceCircles) DrawConductanceCircle(canvas, view, colour, g);
   canvas.SetTextColour(colour);
   DrawLabels(canvas, view, kAdmittanceLabels);
   canvas.SetTextColour(0);

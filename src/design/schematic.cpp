@@ -27,32 +27,50 @@ std::optional<std::vector<std::string>> StageLabels(int16_t type, const std::arr
     case SeriesCapacitor:
     case ShuntCapacitor:
       if (v[1] <= 0 || v[2] <= 0) return std::nullopt;
-      return std::vector<std::string>{FormatCapacitance(v[1]), "Q: " + FormatGeneral(v[2])};
-    case SeriesInductor:
-    case ShuntInductor:
-      return std::vector<std::string>{FormatInductance(v[1]), "Q: " + FormatGeneral(v[2])};
+      break;
     case SeriesLine:
     case SeriesShortedStub:
     case SeriesOpenStub:
     case ShuntShortedStub:
     case ShuntOpenStub:
       if (v[1] <= 0 || v[2] <= 0 || v[3] <= 0) return std::nullopt;
-      return std::vector<std::string>{FormatGeneral(v[1]) + " deg", "@ " + FormatSI(v[2]),
-                                      FormatGeneral(v[3]) + " ohms"};
+      break;
     case ShuntSeriesLC:
     case SeriesParallelLC:
       if (v[1] <= 0 || v[3] <= 0) return std::nullopt;
-      return std::vector<std::string>{FormatInductance(v[1]), "Q: " + FormatGeneral(v[2]),
-                                      FormatCapacitance(v[3]), "Q: " + FormatGeneral(v[4])};
+      break;
     case SeriesResistor:
     case ShuntResistor:
       if (v[1] <= 0) return std::nullopt;
-      return std::vector<std::string>{FormatGeneral(v[1])};
-    default: return std::vector<std::string>{};  // the insert mark has no text
+      break;
+    default: break;
   }
+  return PartValueLines(type, v);
 }
 
 }  // namespace
+
+std::vector<std::string> PartValueLines(int16_t type, const std::array<double, kSlotCount>& v) {
+  switch (type) {
+    case SeriesCapacitor:
+    case ShuntCapacitor: return {FormatCapacitance(v[1]), "Q: " + FormatGeneral(v[2])};
+    case SeriesInductor:
+    case ShuntInductor: return {FormatInductance(v[1]), "Q: " + FormatGeneral(v[2])};
+    case SeriesLine:
+    case SeriesShortedStub:
+    case SeriesOpenStub:
+    case ShuntShortedStub:
+    case ShuntOpenStub:
+      return {FormatGeneral(v[1]) + " deg", "@ " + FormatSI(v[2]), FormatGeneral(v[3]) + " ohms"};
+    case ShuntSeriesLC:
+    case SeriesParallelLC:
+      return {FormatInductance(v[1]), "Q: " + FormatGeneral(v[2]), FormatCapacitance(v[3]),
+              "Q: " + FormatGeneral(v[4])};
+    case SeriesResistor:
+    case ShuntResistor: return {FormatGeneral(v[1])};
+    default: return {};
+  }
+}
 
 std::string LoadValueText(double r, double x) {
   if (x == 0) return FormatGeneral(r);

@@ -2,6 +2,8 @@
 
 #include <array>
 #include <cstdint>
+#include <string>
+#include <vector>
 
 #include "model/session.h"
 #include "platform/canvas.h"
@@ -24,6 +26,11 @@ StagePositions DrawNetwork(Session& session, Canvas& canvas, float coilArcRadius
 // The whole drawing of the Design page: the background, the schematic and
 // the library.
 StagePositions DrawDesignPage(Session& session, Canvas& canvas, float coilArcRadius);
+
+// The value lines of a part (types 1..13) as the schematic and the printed
+// schematic show them: the value with its unit and, for capacitors and
+// inductors, their Q; none for any other type.
+std::vector<std::string> PartValueLines(int16_t type, const std::array<double, kSlotCount>& v);
 
 // The load's value text: "50 " for a resistance alone, else R, " +j" or
 // " -j", and |X| run together ("50  -j25 "). A reactive label starts 600

@@ -31,7 +31,7 @@ constexpr std::array<Layout, 15> kStripLayout = {{
     {2, 2, 360}}};
 
 Layout LayoutOf(SymbolFamily family, int type) {
-  if (family == SymbolFamily::Strip) return kStripLayout[type];
+  if (family == SymbolFamily::Strip || family == SymbolFamily::Paper) return kStripLayout[type];
   Layout layout = kDesignLayout[type];
   if (family == SymbolFamily::Gallery) {
     if (type == SeriesResistor) layout.bodyWidth = 880;  // the strip's shorter zigzag
@@ -61,11 +61,10 @@ SymbolPen::SymbolPen(Canvas& canvas, SymbolFamily family, float coilArcRadius,
                      float listingScale)
     : canvas_(canvas),
       family_(family),
-      scale_(family == SymbolFamily::Strip ? listingScale : 1),
-      lead_(family == SymbolFamily::Strip ? 300.0 * listingScale
-            : family == SymbolFamily::Gallery ? 100 : 160),
-      lineWidth_(family == SymbolFamily::Gallery ? 2 : 1),
-      coilRadius_(coilArcRadius) {}
+      scale_(StripLike() ? listingScale : 1),
+      lead_(StripLike() ? 300.0 * listingScale : family == SymbolFamily::Gallery ? 100 : 160),
+      lineWidth_(family == SymbolFamily::Gallery ? 2 : family == SymbolFamily::Paper ? 8 : 1),
+      coilRadius_(family == SymbolFamily::Paper ? 80 : coilArcRadius) {}
 
 void SymbolPen::LineAt(double a1, double b1, double a2, double b2) {
   canvas_.Line(At(a1, b1), At(a2, b2), HighlightFlag);
@@ -162,7 +161,7 @@ void SymbolPen::ShuntCapacitorBody() {
 
 void SymbolPen::SeriesInductorBody() {
   // The strip hangs its coil 30 units (unscaled) below the rail.
-  const double drop = family_ == SymbolFamily::Strip ? 30 / scale_ : 0;
+  const double drop = StripLike() ? 30 / scale_ : 0;
   LineAt(0, 0, 160, 0);
   for (const double centre : {240, 400, 560}) ArcAt(centre, drop, 80, 0, kPi);
   LineAt(640, 0, 900, 0);
@@ -177,7 +176,7 @@ void SymbolPen::VerticalCoil(double a, double firstCentre) {
 }
 
 void SymbolPen::SeriesLineBody() {
-  const bool strip = family_ == SymbolFamily::Strip;
+  const bool strip = StripLike();
   const double tubeRadius = strip ? 80 : coilRadius_;
   LineAt(0, 0, 160, 0);
   TubeEnd(160, 0, tubeRadius, 0, Canvas::kFullTurn);
@@ -216,7 +215,7 @@ void SymbolPen::SeriesStubBody(bool open) {
 
 void SymbolPen::ShuntStubBody(bool open) {
   const bool strip = family_ == SymbolFamily::Strip;
-  const double tubeRadius = strip ? 80 : coilRadius_;
+  const double tubeRadius = StripLike() ? 80 : coilRadius_;
   LineAt(0, 0, 720, 0);
   PathAt({{80, 0}, {80, 380}, {200, 380}});
   PathAt({{200, 460}, {200, 580}, {80, 580}, {80, kGroundRail}});
@@ -244,7 +243,7 @@ void SymbolPen::ShuntSeriesLCBody() {
 }
 
 void SymbolPen::SeriesParallelLCBody() {
-  const double drop = family_ == SymbolFamily::Strip ? 30 / scale_ : 0;
+  const double drop = StripLike() ? 30 / scale_ : 0;
   PathAt({{80, 0}, {80, 240}, {304, 240}});
   Plate(304, 120, 304, 360);
   Plate(360, 120, 360, 360);
@@ -294,7 +293,7 @@ void SymbolPen::DrawPaddedShuntResistor() {
 }
 
 void SymbolPen::DrawStageSeparator() {
-  if (family_ == SymbolFamily::Strip) {
+  if (StripLike()) {
     canvas_.SetLineWidth(3);
     canvas_.Line({ListX, ListY - 400}, {ListX, ListY + 1440}, kSeparatorBlue);
     canvas_.SetLineWidth(lineWidth_);
@@ -316,7 +315,7 @@ void SymbolPen::DrawLibrarySeparator() {
 
 void SymbolPen::DrawGenerator(double systemZ) {
   const bool strip = family_ == SymbolFamily::Strip;
-  if (strip) DrawLead();
+  if (StripLike()) DrawLead();
   bodyX_ = ListX;
   PathAt({{0, 0}, {120, 0}, {150, -60}, {210, 60}, {270, -60}, {330, 60}, {390, -60},
           {450, 60}, {480, 0}, {680, 0}});
@@ -326,10 +325,11 @@ void SymbolPen::DrawGenerator(double systemZ) {
   ArcAt(620, 480, 60, 0, 3.2);
   ArcAt(740, 480, 60, 3.1, 6.2);
   LineAt(0, kGroundRail, 680, kGroundRail);
-  // The strip places its texts at unscaled offsets, closer to the symbol.
-  const double textY = strip ? 1000 : 1200 * scale_;
-  canvas_.Text({bodyX_ + 250 * (strip ? 1 : scale_), ListY + textY}, FormatSmallSI(systemZ));
-  canvas_.Text({bodyX_ + 250 * (strip ? 1 : scale_), ListY + textY + 200}, "GEN");
+  // The strip and the paper place their texts at unscaled offsets.
+  const double textY = strip ? 1000 : family_ == SymbolFamily::Paper ? 1400 : 1200 * scale_;
+  const double textX = bodyX_ + 250 * (StripLike() ? 1 : scale_);
+  canvas_.Text({textX, ListY + textY}, FormatSmallSI(systemZ));
+  canvas_.Text({textX, ListY + textY + 200}, "GEN");
 }
 
 void SymbolPen::DrawLoadSymbol(double loadReactance) {
@@ -338,7 +338,7 @@ void SymbolPen::DrawLoadSymbol(double loadReactance) {
     DrawElementSymbol(SeriesInductor);
   } else if (loadReactance < 0) {
     DrawElementSymbol(SeriesCapacitor);
-  } else if (family_ != SymbolFamily::Strip) {
+  } else if (!StripLike()) {
     Leads(3);
   }
 }

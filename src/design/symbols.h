@@ -4,10 +4,13 @@
 
 namespace kalvex {
 
-// The three members of the symbol family: the Design page's schematic and
-// library at full scale, the Analysis page's strip at ListingScale with longer
-// leads, and the welcome page's gallery with short leads and thick lines.
-enum class SymbolFamily { Design, Strip, Gallery };
+// The members of the symbol family: the Design page's schematic and library
+// at full scale, the Analysis page's strip at ListingScale with longer leads,
+// the welcome page's gallery with short leads and thick lines, and the printed
+// schematic: the strip's symbols at its own scale, with coils of radius 80,
+// shunt stub walls where the Design page has them and the generator's texts
+// lower.
+enum class SymbolFamily { Design, Strip, Gallery, Paper };
 
 // Draws the schematic symbols at a cursor on the signal rail (ListX, ListY);
 // the ground rail runs 1040 units (× scale) below it. Every routine draws in the
@@ -58,6 +61,11 @@ class SymbolPen {
   void SeriesResistorBody();
   void ShuntResistorBody();
   void InsertBody();
+
+  // The strip and the paper share their layouts and most shapes.
+  bool StripLike() const {
+    return family_ == SymbolFamily::Strip || family_ == SymbolFamily::Paper;
+  }
 
   Canvas& canvas_;
   SymbolFamily family_;

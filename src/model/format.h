@@ -32,4 +32,10 @@ std::string FileNumber(double value);
 std::string FileNumber(float value);
 std::string FileInteger(int value);
 
+// A number's text with "+" put in front unless it begins with "-", as the
+// tables show reactances and angles.
+inline std::string Signed(const std::string& text) {
+  return text.starts_with('-') ? text : "+" + text;
+}
+
 }  // namespace kalvex

@@ -1,6 +1,10 @@
 #pragma once
 
+#include <memory>
 #include <string>
+
+#include "platform/canvas.h"
+#include "platform/pages.h"
 
 namespace kalvex {
 
@@ -10,6 +14,17 @@ enum class MessageAnswer { Ok, Cancel, Yes, No };
 
 // The program's own title of a message box that names none.
 inline constexpr const char* kProgramTitle = "Kalvex";
+
+// A document on its way to the printer: its pages are drawn on Page() in the
+// page units it was started with, NewPage() between them.
+class PrintJob {
+ public:
+  virtual ~PrintJob() = default;
+  virtual Canvas& Page() = 0;
+  // Ends the document. Returns "" when it went to the printer, else what
+  // went wrong.
+  virtual std::string Finish() = 0;
+};
 
 // What the program needs from the user's desktop: messages, file choosers, the
 // bell, a short pause and the clock. Pages and file routines take a Dialogs&,
@@ -30,6 +45,11 @@ class Dialogs {
                                      const std::string& startName) = 0;
   virtual std::string ChooseSaveFile(const std::string& title, const std::string& filter,
                                      const std::string& startName) = 0;
+
+  // The print dialog, then a document whose pages are `page` units across
+  // and down the printable area. A cancelled dialog or a printer that cannot
+  // start gives no job and the reason in `error`.
+  virtual std::unique_ptr<PrintJob> StartPrint(PageSize page, std::string& error) = 0;
 
   virtual void Beep() = 0;
 

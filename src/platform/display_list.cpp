@@ -55,8 +55,9 @@ void DisplayList::SetFont(double points, bool bold) {
 
 void DisplayList::NewPage() { commands_.push_back({.kind = Kind::NewPage}); }
 
-void DisplayList::Replay(Canvas& target) const {
+void DisplayList::Replay(Canvas& target, bool firstPageOnly) const {
   for (const DrawCommand& c : commands_) {
+    if (firstPageOnly && c.kind == Kind::NewPage) return;
     switch (c.kind) {
       case Kind::Clear: target.Clear(c.colour); break;
       case Kind::Line: target.Line(c.a, c.b, c.colour); break;

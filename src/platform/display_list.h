@@ -38,8 +38,9 @@ class DisplayList : public Canvas {
   void SetFont(double points, bool bold) override;
   void NewPage() override;
 
-  // Plays the recorded calls onto another canvas, in order.
-  void Replay(Canvas& target) const;
+  // Plays the recorded calls onto another canvas, in order; with
+  // `firstPageOnly` it stops where a second page would begin.
+  void Replay(Canvas& target, bool firstPageOnly = false) const;
 
   const std::vector<DrawCommand>& Commands() const { return commands_; }
   void Reset() { commands_.clear(); }

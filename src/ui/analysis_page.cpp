@@ -8,11 +8,13 @@
 #include "chart/readout.h"
 #include "files/defaults_file.h"
 #include "files/field_reader.h"
+#include "print/print_chart.h"
 #include "ui/controls.h"
 #include "ui/design_page.h"
 #include "ui/exit_dialog.h"
 #include "ui/overlay_setup_dialog.h"
 #include "ui/sweep_setup_dialog.h"
+#include "ui/tabulate_page.h"
 
 namespace kalvex {
 namespace {
@@ -90,9 +92,8 @@ AnalysisPage::AnalysisPage(Session& session, Dialogs& dialogs)
                                cmdTabulate, cmdPrint}) {
     SetBackground(button, session_.AnalysisControlColour);
   }
-  // The table and printing are not offered yet.
+  // The table matches the settings only once a sweep has run on this visit.
   cmdTabulate->setEnabled(false);
-  cmdPrint->setEnabled(false);
   for (std::size_t i = 0; i < std::size(kReadoutColumns); ++i) {
     const ReadoutColumn& column = kReadoutColumns[i];
     readoutCaptions[i] = ColouredLabel(this, column.caption, "rgb(187, 221, 255)");
@@ -136,6 +137,9 @@ AnalysisPage::AnalysisPage(Session& session, Dialogs& dialogs)
     ToggleSwitch(session_.SweepShown);
     Redraw();
   });
+  connect(cmdTabulate, &QPushButton::clicked, this,
+          [this] { TabulatePage(session_, dialogs_, this).exec(); });
+  connect(cmdPrint, &QPushButton::clicked, this, [this] { PrintChart(session_, dialogs_); });
   connect(cmdDesign, &QPushButton::clicked, this, &AnalysisPage::GoToDesignPage);
   connect(cmdExit, &QPushButton::clicked, this,
           [this] { ExitDialog(session_, dialogs_, this).exec(); });

@@ -9,18 +9,28 @@
 #include <QSaveFile>
 #include <QSvgGenerator>
 #include <cmath>
+#include <functional>
 
 #include "ui/painter_canvas.h"
 
 namespace kalvex {
 namespace {
 
-void Paint(const DisplayList& drawing, QPainter& painter, QSizeF pageSize, QSizeF device) {
-  const double sx = device.width() / pageSize.width();
-  const double sy = device.height() / pageSize.height();
+// How the drawing reaches a device: its page size, the line width unit, and
+// for a paged device how to begin the next page.
+struct Target {
+  QSizeF pageSize;
+  double unitsPerWidth;
+  std::function<void()> newPage;
+};
+
+void Paint(const DisplayList& drawing, QPainter& painter, const Target& target, QSizeF device) {
+  const double sx = device.width() / target.pageSize.width();
+  const double sy = device.height() / target.pageSize.height();
   painter.scale(sx, sy);
-  PainterCanvas canvas(painter, pageSize, std::sqrt(sx * sy));
-  drawing.Replay(canvas);
+  PainterCanvas canvas(painter, target.pageSize, std::sqrt(sx * sy), target.newPage,
+                       target.unitsPerWidth);
+  drawing.Replay(canvas, !target.newPage);
 }
 
 // Painting text needs a GUI application; the command line has no screen.
@@ -33,13 +43,13 @@ void EnsureGuiApplication() {
   static QGuiApplication application(argc, argv);
 }
 
-QString Render(const DisplayList& drawing, QSizeF pageSize, QSize size, const QString& path) {
+QString Render(const DisplayList& drawing, Target target, QSize size, const QString& path) {
   const QString suffix = QFileInfo(path).suffix().toLower();
   if (suffix == "png") {
     QImage image(size, QImage::Format_ARGB32);
     image.fill(Qt::white);
     QPainter painter(&image);
-    Paint(drawing, painter, pageSize, size);
+    Paint(drawing, painter, target, size);
     painter.end();
     QSaveFile file(path);
     if (!file.open(QIODevice::WriteOnly) || !image.save(&file, "PNG") || !file.commit()) {
@@ -58,7 +68,7 @@ QString Render(const DisplayList& drawing, QSizeF pageSize, QSize size, const QS
       svg.setViewBox(QRect(QPoint(0, 0), size));
       svg.setTitle("Kalvex");
       QPainter painter;
-      if ((painted = painter.begin(&svg))) Paint(drawing, painter, pageSize, size);
+      if ((painted = painter.begin(&svg))) Paint(drawing, painter, target, size);
     } else {
       QPdfWriter pdf(temporary);
       pdf.setResolution(72);
@@ -66,7 +76,8 @@ QString Render(const DisplayList& drawing, QSizeF pageSize, QSize size, const QS
       pdf.setPageMargins(QMarginsF(0, 0, 0, 0));
       pdf.setTitle("Kalvex");
       QPainter painter;
-      if ((painted = painter.begin(&pdf))) Paint(drawing, painter, pageSize, size);
+      target.newPage = [&pdf] { pdf.newPage(); };
+      if ((painted = painter.begin(&pdf))) Paint(drawing, painter, target, size);
     }
     if (!painted || (QFile::exists(path) && !QFile::remove(path)) ||
         !QFile::rename(temporary, path)) {
@@ -81,10 +92,10 @@ QString Render(const DisplayList& drawing, QSizeF pageSize, QSize size, const QS
 }  // namespace
 
 std::string RenderToFile(const DisplayList& drawing, PageSize page, int width, int height,
-                         const std::string& path) {
+                         const std::string& path, double unitsPerWidth) {
   EnsureGuiApplication();
-  return Render(drawing, QSizeF(page.width, page.height), QSize(width, height),
-                QString::fromStdString(path))
+  return Render(drawing, {QSizeF(page.width, page.height), unitsPerWidth, {}},
+                QSize(width, height), QString::fromStdString(path))
       .toStdString();
 }
 

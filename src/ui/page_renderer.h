@@ -8,11 +8,13 @@
 namespace kalvex {
 
 // Plays a page's drawing into a file of width × height pixels (points for a
-// PDF), stretched to fill it: PNG, SVG or PDF, chosen by the file's suffix.
-// Starts an offscreen GUI application first when none runs, so that a program
-// without a screen can paint text. Returns an empty text on success, else what
-// went wrong.
+// PDF), stretched to fill it: PNG, SVG or PDF, chosen by the file's suffix. A
+// PDF takes every page of the drawing, an image the first. A printed page
+// gives the page units of its line width unit in `unitsPerWidth`, as a
+// PainterCanvas takes it. Starts an offscreen GUI application first when none
+// runs, so that a program without a screen can paint text. Returns an empty
+// text on success, else what went wrong.
 std::string RenderToFile(const DisplayList& drawing, PageSize page, int width, int height,
-                         const std::string& path);
+                         const std::string& path, double unitsPerWidth = 0);
 
 }  // namespace kalvex

@@ -19,10 +19,11 @@ QRectF RectOf(Point corner, Point opposite) {
 }  // namespace
 
 PainterCanvas::PainterCanvas(QPainter& painter, QSizeF pageSize, double pageToDevice,
-                             std::function<void()> newPage)
+                             std::function<void()> newPage, double unitsPerWidth)
     : painter_(painter),
       pageSize_(pageSize),
-      pixelsPerWidth_(pageToDevice * kReferenceUnitsPerPixel),
+      pixelsPerWidth_(pageToDevice *
+                      (unitsPerWidth > 0 ? unitsPerWidth : kReferenceUnitsPerPixel)),
       newPage_(std::move(newPage)) {
   painter_.setRenderHint(QPainter::Antialiasing);
   painter_.setRenderHint(QPainter::TextAntialiasing);

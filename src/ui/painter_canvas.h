@@ -17,9 +17,11 @@ namespace kalvex {
 class PainterCanvas : public Canvas {
  public:
   // `pageSize` is the logical page; `pageToDevice` how many device pixels a
-  // page unit takes. `newPage` starts the next page of a paged device.
+  // page unit takes. `newPage` starts the next page of a paged device. A
+  // printed page gives the page units of its line width unit (a printer's
+  // pixel) in `unitsPerWidth`, instead of the screen's rule above.
   PainterCanvas(QPainter& painter, QSizeF pageSize, double pageToDevice,
-                std::function<void()> newPage = {});
+                std::function<void()> newPage = {}, double unitsPerWidth = 0);
   ~PainterCanvas() override;
   PainterCanvas(const PainterCanvas&) = delete;
   PainterCanvas& operator=(const PainterCanvas&) = delete;

@@ -5,7 +5,10 @@
 #include <QElapsedTimer>
 #include <QFileDialog>
 #include <QMessageBox>
+#include <QPrintDialog>
 #include <QThread>
+
+#include "ui/qt_print_job.h"
 
 namespace kalvex {
 namespace {
@@ -67,6 +70,16 @@ std::string QtDialogs::ChooseSaveFile(const std::string& title, const std::strin
   return QFileDialog::getSaveFileName(ActiveWindow(), QString::fromStdString(title),
                                       QString::fromStdString(startName), QtFileFilter(filter))
       .toStdString();
+}
+
+std::unique_ptr<PrintJob> QtDialogs::StartPrint(PageSize page, std::string& error) {
+  auto printer = std::make_unique<QPrinter>(QPrinter::HighResolution);
+  QPrintDialog dialog(printer.get(), ActiveWindow());
+  if (dialog.exec() != QDialog::Accepted) {
+    error = "Printing was cancelled.";
+    return nullptr;
+  }
+  return QtPrintJob::Start(std::move(printer), page, error);
 }
 
 void QtDialogs::Beep() { QApplication::beep(); }

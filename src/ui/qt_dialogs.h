@@ -16,6 +16,7 @@ class QtDialogs : public Dialogs {
                              const std::string& startName) override;
   std::string ChooseSaveFile(const std::string& title, const std::string& filter,
                              const std::string& startName) override;
+  std::unique_ptr<PrintJob> StartPrint(PageSize page, std::string& error) override;
   void Beep() override;
   void Pause(double seconds) override;
   std::string LocalDateTime() override;

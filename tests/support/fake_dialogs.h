@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "platform/dialogs.h"
+#include "platform/display_list.h"
 
 namespace kalvex::testing {
 
@@ -34,6 +35,15 @@ class FakeDialogs : public Dialogs {
     chooserTitles.push_back(title);
     return Pop(fileNames, std::string());
   }
+  // A print job drawn into `printed`, or none when `printerError` is set.
+  std::unique_ptr<PrintJob> StartPrint(PageSize page, std::string& error) override {
+    printedPage = page;
+    if (!printerError.empty()) {
+      error = printerError;
+      return nullptr;
+    }
+    return std::make_unique<Job>(printed);
+  }
   void Beep() override { ++beeps; }
   void Pause(double seconds) override { pauses.push_back(seconds); }
   std::string LocalDateTime() override { return "2026-11-22 12:00:00"; }
@@ -49,6 +59,9 @@ class FakeDialogs : public Dialogs {
     return message == nullptr ? std::vector<std::string>{} : std::vector<std::string>{message};
   }
 
+  std::string printerError;
+  DisplayList printed;
+  PageSize printedPage;
   std::deque<MessageAnswer> answers;
   std::deque<std::string> fileNames;
   std::vector<Shown> messages;
@@ -57,6 +70,16 @@ class FakeDialogs : public Dialogs {
   int beeps = 0;
 
  private:
+  class Job : public PrintJob {
+   public:
+    explicit Job(DisplayList& page) : page_(page) {}
+    Canvas& Page() override { return page_; }
+    std::string Finish() override { return ""; }
+
+   private:
+    DisplayList& page_;
+  };
+
   template <typename T>
   static T Pop(std::deque<T>& queue, T otherwise) {
     if (queue.empty()) return otherwise;

@@ -217,7 +217,9 @@ TEST_F(DesignPageTest, GetNetShowsTheFileInTheCaption) {
 }  // namespace
 }  // namespace kalvex
 
+#include "analysis/tabulate.h"
 #include "ui/analysis_page.h"
+#include "ui/tabulate_page.h"
 #include "ui/overlay_setup_dialog.h"
 #include "ui/sweep_setup_dialog.h"
 
@@ -351,6 +353,24 @@ TEST_F(AnalysisPageTest, OnlyTheTuningValuesAndTheirStepsArePaleGreen) {
   EXPECT_FALSE(page->tuning->freqSteps[0]->styleSheet().contains(pale));
   page->tuning->optTuneSizeNormal->click();
   EXPECT_TRUE(page->tuning->optTuneSizeFine->styleSheet().contains("rgb(232, 248, 255)"));
+}
+
+TEST_F(AnalysisPageTest, TabulatePageListsTheRowBuildersRowsAndWritesThemToAFile) {
+  session.SweepStart = 13e6;
+  session.SweepStop = 15e6;
+  session.SweepPoints = 5;
+  Session copy = session;
+  const std::vector<std::string> rows = TabulateSweep(copy);
+  TabulatePage table(session, dialogs);
+  EXPECT_EQ(table.windowTitle(), "Kalvex 2.12 Tabulated output ");
+  ASSERT_EQ(table.lstTabulatedOutput->count(), 5);
+  for (int k = 0; k < 5; ++k) EXPECT_EQ(table.lstTabulatedOutput->item(k)->text().toStdString(), rows[k]);
+  EXPECT_EQ(session.Frequency, 14e6);
+  dialogs.fileNames.push_back("sweep");
+  table.cmdFile->click();
+  EXPECT_EQ(dialogs.chooserTitles.back(), "Write Kalvex data file");
+  EXPECT_TRUE(std::filesystem::exists("sweep.DAT"));
+  EXPECT_EQ(session.FileName, "sweep");
 }
 
 }  // namespace

@@ -1,0 +1,38 @@
+#include "ui/qt_print_job.h"
+
+#include <cmath>
+
+namespace kalvex {
+
+std::unique_ptr<PrintJob> QtPrintJob::Start(std::unique_ptr<QPrinter> printer, PageSize page,
+                                            std::string& error) {
+  std::unique_ptr<QtPrintJob> job(new QtPrintJob(std::move(printer)));
+  if (!job->painter_.begin(job->printer_.get())) {
+    error = "The printer could not be started.";
+    return nullptr;
+  }
+  const QRectF area = job->printer_->pageRect(QPrinter::DevicePixel);
+  const double sx = area.width() / page.width;
+  const double sy = area.height() / page.height;
+  job->painter_.scale(sx, sy);
+  QPrinter* device = job->printer_.get();
+  const double unitsPerWidth = page.width * job->printer_->resolution() / 600 / area.width();
+  job->canvas_ = std::make_unique<PainterCanvas>(
+      job->painter_, QSizeF(page.width, page.height), std::sqrt(sx * sy),
+      [device] { device->newPage(); }, unitsPerWidth);
+  return job;
+}
+
+QtPrintJob::~QtPrintJob() {
+  if (!painter_.isActive()) return;
+  canvas_.reset();
+  printer_->abort();
+  painter_.end();
+}
+
+std::string QtPrintJob::Finish() {
+  canvas_.reset();
+  return painter_.end() ? "" : "The printer did not take the document.";
+}
+
+}  // namespace kalvex

@@ -1,0 +1,55 @@
+#include "ui/tabulate_page.h"
+
+#include <QFontDatabase>
+
+#include "analysis/tabulate.h"
+#include "files/sweep_data_file.h"
+#include "print/print_table.h"
+#include "ui/controls.h"
+
+namespace kalvex {
+
+TabulatePage::TabulatePage(Session& session, Dialogs& dialogs, QWidget* parent)
+    : QDialog(parent),
+      lblTitle(new QLabel("Tabulated Data", this)),
+      lblHeading0(new QLabel(kTabulateHeading, this)),
+      lstTabulatedOutput(new QListWidget(this)),
+      cmdExit(Button(this, "Return", "Return to the Analyze page")),
+      cmdPrint(Button(this, "To printer", "Send the tabulated dat to the printer")),
+      cmdFile(Button(this, "To file", "Send the tabulated data to a file of your choice")),
+      session_(session),
+      dialogs_(dialogs) {
+  setWindowTitle(Q("Kalvex " + session_.Version + " Tabulated output " + session_.FileName));
+  setModal(true);
+  setFixedSize(Twips(12000), Twips(7800));
+  const QFont fixedPitch = QFontDatabase::systemFont(QFontDatabase::FixedFont);
+  lblHeading0->setFont(fixedPitch);
+  lstTabulatedOutput->setFont(fixedPitch);
+  QFont title = lblTitle->font();
+  title.setPointSizeF(title.pointSizeF() * 1.5);
+  lblTitle->setFont(title);
+  lblTitle->adjustSize();
+  lblTitle->move(Twips(1), Twips(60));
+  lblHeading0->adjustSize();
+  lblHeading0->move(Twips(1700), Twips(890));
+  lstTabulatedOutput->setGeometry(Twips(1700), Twips(1200), Twips(8500), Twips(5000));
+  cmdExit->setGeometry(Twips(1940), Twips(6900), Twips(1335), Twips(300));
+  cmdPrint->setGeometry(Twips(3440), Twips(6900), Twips(1335), Twips(300));
+  cmdFile->setGeometry(Twips(4940), Twips(6900), Twips(1335), Twips(300));
+
+  for (const std::string& row : TabulateSweep(session_)) lstTabulatedOutput->addItem(Q(row));
+
+  connect(cmdExit, &QPushButton::clicked, this, &QDialog::accept);
+  connect(cmdPrint, &QPushButton::clicked, this, [this] { PrintTable(session_, dialogs_); });
+  connect(cmdFile, &QPushButton::clicked, this, &TabulatePage::WriteToFile);
+}
+
+void TabulatePage::WriteToFile() {
+  const std::string chosen =
+      dialogs_.ChooseSaveFile("Write Kalvex data file", kSweepDataFilter, session_.FileName);
+  if (chosen.empty()) return;
+  session_.FileName = chosen;
+  WriteSweepData(session_, dialogs_, chosen);
+}
+
+}  // namespace kalvex

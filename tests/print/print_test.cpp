@@ -1,0 +1,230 @@
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cmath>
+
+#include "print/paper.h"
+#include "print/print_chart.h"
+#include "print/print_schematic.h"
+#include "print/print_table.h"
+#include "support/drawing_queries.h"
+#include "support/fake_dialogs.h"
+#include "support/five_stage_network.h"
+
+namespace kalvex {
+namespace {
+
+using Kind = DrawCommand::Kind;
+constexpr Colour kSeparator = RGB(170, 170, 255);
+
+// The line width in force at each line of a colour on the chart, below the
+// schematic, in drawing order.
+std::vector<double> WidthsOfLinesIn(const DisplayList& list, Colour colour) {
+  std::vector<double> widths;
+  double width = 1;
+  for (const DrawCommand& c : list.Commands()) {
+    if (c.kind == Kind::LineWidth) width = c.value;
+    if (c.kind == Kind::Line && c.colour == colour && c.a.y > 3500) widths.push_back(width);
+  }
+  return widths;
+}
+
+// The text colour in force when `text` is printed.
+Colour ColourOfText(const DisplayList& list, const std::string& text) {
+  Colour colour = 0;
+  for (const DrawCommand& c : list.Commands()) {
+    if (c.kind == Kind::TextColour) colour = c.colour;
+    if (c.kind == Kind::Text && c.text.starts_with(text)) return colour;
+  }
+  ADD_FAILURE() << "no text " << text;
+  return 0;
+}
+
+class PrintTest : public ::testing::Test {
+ protected:
+  void SetUp() override {
+    InitialiseSession(session);
+    session.LoadSource = 1;
+    session.ChartRadius = 3000;
+    session.ArcsMode = 2;
+  }
+  Session session;
+  DisplayList list;
+  testing::FakeDialogs dialogs;
+};
+
+struct PaperGridCase {
+  int16_t type;
+  Colour first, second;  // the grids in drawing order; 0: none
+  double firstWidth, secondWidth;
+  Colour axis;           // the real axis (width 6) and the 120-chord rim (width 8)
+  Colour legend;         // the caption's text colour: the last grid's labels'
+};
+
+class PaperGrids : public PrintTest, public ::testing::WithParamInterface<PaperGridCase> {};
+
+TEST_P(PaperGrids, PrintInTheirPaperColoursAndWidths) {
+  const PaperGridCase& c = GetParam();
+  session.GridType = c.type;
+  DrawChartPage(session, list, "now");
+  for (const auto& [colour, width] : {std::pair{c.first, c.firstWidth}, {c.second, c.secondWidth}}) {
+    if (colour == 0) continue;
+    const std::vector<double> widths = WidthsOfLinesIn(list, colour);
+    EXPECT_GT(std::count(widths.begin(), widths.end(), width), 100) << c.type;
+    for (const double w : widths) {
+      EXPECT_TRUE(w == width || (colour == c.axis && (w == 6 || w == 8))) << c.type << " " << w;
+    }
+  }
+  const std::vector<double> axis = WidthsOfLinesIn(list, c.axis);
+  EXPECT_EQ(std::count(axis.begin(), axis.end(), 6.0), 1) << c.type;
+  EXPECT_EQ(std::count(axis.begin(), axis.end(), 8.0), 120) << c.type;
+  EXPECT_EQ(ColourOfText(list, "Chart normalized to 50 ohms"), c.legend);
+}
+
+constexpr Colour kRed = RGB(255, 17, 17);
+constexpr Colour kGreen = RGB(17, 136, 17);
+INSTANTIATE_TEST_SUITE_P(
+    SixTypes, PaperGrids,
+    ::testing::Values(PaperGridCase{1, kRed, 0, 3, 0, kRed, kRed},
+                      PaperGridCase{2, RGB(153, 255, 153), kRed, 1, 3, 0, kRed},
+                      PaperGridCase{3, kGreen, kRed, 3, 3, 0, kRed},
+                      PaperGridCase{4, RGB(255, 204, 204), kGreen, 1, 3, 0, kGreen},
+                      PaperGridCase{5, kGreen, 0, 3, 0, kGreen, kGreen},
+                      PaperGridCase{6, 0, 0, 0, 0, kRed, 0}));
+
+TEST_F(PrintTest, EmptyNetworkPrintsFiveSeparatorsAtOnePlaceAndTheGeneratorAfterTheLoad) {
+  PrintSchematic(session, list);
+  const std::vector<DrawCommand> separators = testing::LinesIn(list, kSeparator);
+  ASSERT_EQ(separators.size(), 5u);
+  for (const DrawCommand& line : separators) EXPECT_EQ(line.a.x, separators[0].a.x);
+  // Load: the shunt resistor and its two trailing leads of 300 x 1.2; the
+  // generator's lead follows at once.
+  EXPECT_NEAR(separators[0].a.x, 1500 + 2 * 360, 1e-3);
+  EXPECT_NEAR(testing::RailEnd(list, 1000), 1500 + 3 * 360 + 1.2 * 680, 1e-3);
+  const auto texts = testing::OfKind(list, Kind::Text);
+  const auto frequency = std::find_if(texts.begin(), texts.end(), [](const DrawCommand& c) {
+    return c.text == "Frequency:  1 MHz" || c.text == "Frequency:  1 M";
+  });
+  ASSERT_NE(frequency, texts.end());
+  EXPECT_EQ(frequency->a.x, 1500);
+  EXPECT_EQ(frequency->a.y, 3000);
+}
+
+TEST_F(PrintTest, ShuntResistorStageHasTwoLeadsBeforeIt) {
+  session.ElementType[1] = ShuntResistor;
+  session.Value[1][1] = 100;
+  PrintSchematic(session, list);
+  const std::vector<DrawCommand> separators = testing::LinesIn(list, kSeparator);
+  // Two leads, the resistor and its two trailing leads: 4 x 360 between the
+  // first two separators, the resistor's zigzag 720 right of the first.
+  EXPECT_NEAR(separators[1].a.x - separators[0].a.x, 4 * 360, 1e-3);
+  const double stageStart = separators[0].a.x;
+  const auto zigzag = std::find_if(list.Commands().begin(), list.Commands().end(),
+                                   [stageStart](const DrawCommand& c) {
+                                     return c.kind == Kind::Line && c.a.x > stageStart &&
+                                            std::fabs(c.a.y - (1000 + 1.2 * 320)) < 1e-3;
+                                   });
+  ASSERT_NE(zigzag, list.Commands().end());
+  EXPECT_NEAR(zigzag->a.x, separators[0].a.x + 2 * 360, 1e-3);
+}
+
+struct LoadTextCase {
+  double x;
+  const char* text;
+  double offset;  // left of the cursor after the load symbols
+};
+
+TEST_F(PrintTest, LoadTextStandsLeftOfTheLoadCell) {
+  for (const LoadTextCase c : {LoadTextCase{-25, "50  -j25 ", 1600}, LoadTextCase{0, "50 ", 800}}) {
+    list.Reset();
+    session.Value[0][2] = c.x;
+    PrintSchematic(session, list);
+    const double cellEnd = testing::LinesIn(list, kSeparator)[0].a.x;
+    const auto texts = testing::OfKind(list, Kind::Text);
+    ASSERT_FALSE(texts.empty());
+    EXPECT_EQ(texts[0].text, c.text);
+    EXPECT_NEAR(texts[0].a.x, cellEnd - c.offset, 1e-3) << c.x;
+    EXPECT_DOUBLE_EQ(texts[0].a.y, 1000 + 1400);
+  }
+}
+
+TEST_F(PrintTest, ChartPageLeavesTheWindowsStripAndValuesAlone) {
+  session = testing::FiveStageNetwork();
+  session.ChartRadius = 3000;
+  session.ArcsMode = 2;
+  session.SweepShown = 1;
+  session.PartRightEdge = {1, 2, 3, 4, 5, 6};
+  const auto values = session.Value;
+  const double frequency = session.Frequency;
+  DrawChartPage(session, list, "now");
+  EXPECT_EQ(session.PartRightEdge, (decltype(session.PartRightEdge){1, 2, 3, 4, 5, 6}));
+  EXPECT_EQ(session.Value, values);
+  EXPECT_EQ(session.Frequency, frequency);
+  // The sweep's markers and legends, and the point's double circle at radius 12 and 24.
+  const auto texts = testing::Texts(list);
+  EXPECT_NE(std::find(texts.begin(), texts.end(), "S"), texts.end());
+  EXPECT_NE(std::find(texts.begin(), texts.end(), "'F'= 1.1 MHz"), texts.end());
+}
+
+struct TablePagesCase {
+  int points;
+  int pages;
+  const char* caution;
+};
+
+TEST(PrintTable, PagesAndCaution) {
+  for (const TablePagesCase c :
+       {TablePagesCase{40, 1, ""}, TablePagesCase{41, 2, "1"}, TablePagesCase{85, 3, "2"},
+        TablePagesCase{120, 3, "3"}}) {
+    Session session;
+    InitialiseSession(session);
+    session.LoadSource = 1;
+    session.SweepPoints = static_cast<int16_t>(c.points);
+    for (int k = 0; k < c.points; ++k) session.SweepRho[k] = 0.5;
+    testing::FakeDialogs dialogs;
+    dialogs.answers.push_back(MessageAnswer::Yes);
+    PrintTable(session, dialogs);
+    EXPECT_EQ(testing::OfKind(dialogs.printed, Kind::NewPage).size() + 1,
+              static_cast<std::size_t>(c.pages))
+        << c.points;
+    const std::string expected =
+        *c.caution == 0 ? ""
+                        : "We have " + std::to_string(c.points) +
+                              " lines of data and so will use over " + c.caution +
+                              " sheets of paper. \r\nAre you sure you want to continue and print "
+                              "out the data?";
+    EXPECT_EQ(TableCautionText(c.points), expected);
+    EXPECT_EQ(dialogs.messages.empty(), *c.caution == 0) << c.points;
+  }
+}
+
+TEST(PrintTable, NoToTheCautionPrintsNothing) {
+  Session session;
+  InitialiseSession(session);
+  session.LoadSource = 1;
+  session.SweepPoints = 41;
+  testing::FakeDialogs dialogs;
+  dialogs.answers.push_back(MessageAnswer::No);
+  PrintTable(session, dialogs);
+  EXPECT_TRUE(dialogs.printed.Commands().empty());
+  EXPECT_EQ(dialogs.messages[0].title, "Caution");
+  EXPECT_EQ(dialogs.messages[0].buttons, MessageButtons::YesNo);
+}
+
+TEST(Printing, ACancelledDialogEndsTheChartSilentlyAndTheTableWithPrinterError) {
+  Session session;
+  InitialiseSession(session);
+  testing::FakeDialogs dialogs;
+  dialogs.printerError = "Printing was cancelled.";
+  PrintChart(session, dialogs);
+  EXPECT_TRUE(dialogs.messages.empty());
+  EXPECT_EQ(dialogs.printedPage.width, kChartPaper.width);
+  PrintTable(session, dialogs);
+  ASSERT_EQ(dialogs.messages.size(), 1u);
+  EXPECT_EQ(dialogs.messages[0].title, "Printer Error");
+  EXPECT_EQ(dialogs.messages[0].text, "Printing was cancelled.");
+  EXPECT_TRUE(dialogs.printed.Commands().empty());
+}
+
+}  // namespace
+}  // namespace kalvex
