@@ -9,6 +9,6 @@ int main(int argc, char** argv) {
   kalvex::Session session;
   kalvex::QtDialogs dialogs;
   // Pages delete themselves when they close, so the first one is on the heap too.
-  (new kalvex::WelcomePage(session, dialogs))->show();
+  (new kalvex::WelcomePage(session, dialogs))->showMaximized();
   return application.exec();
 }

@@ -4,6 +4,7 @@
 
 #include "analysis/sweep.h"
 #include "model/format.h"
+#include "model/reflection.h"
 #include "model/trim.h"
 
 namespace kalvex {
@@ -26,7 +27,7 @@ std::string TabulateRow(Session& session, int index) {
   AppendColumn(row, Signed(Trimmed(FormatGeneral(session.SweepX[index]))), 28);
   AppendColumn(row, Trimmed(FormatGeneral(rho)), 37);
   AppendColumn(row, Signed(Trimmed(FormatGeneral(session.SweepAngle[index]))), 47);
-  AppendColumn(row, Trimmed(FormatGeneral(20 * std::log10(1 / rho))), 56);
+  AppendColumn(row, Trimmed(FormatGeneral(ReturnLossDb(rho))), 56);
   AppendColumn(row, Trimmed(FormatGeneral(session.SweepVSWR[index])), 66);
   return row;
 }

@@ -5,19 +5,10 @@
 
 #include "files/text_file.h"
 #include "model/format.h"
+#include "model/reflection.h"
 #include "model/sweep_indexes.h"
 
 namespace kalvex {
-namespace {
-
-// A perfect match has no finite return loss; it is written as that of a
-// reflection of 1e-9 (180 dB), the floor the Tabulate page uses as well.
-constexpr double kSmallestRho = 1e-9;
-
-double ReturnLoss(double rho) { return 20 * std::log10(1 / std::max(rho, kSmallestRho)); }
-
-}  // namespace
-
 std::string SweepDataText(const Session& session, const std::string& chosenName,
                           const std::string& dateTime) {
   std::string text;
@@ -32,7 +23,7 @@ std::string SweepDataText(const Session& session, const std::string& chosenName,
   for (int k = indexes.first; k <= indexes.last; ++k) {
     line(FileNumber(session.SweepFreq[k]) + FileNumber(session.SweepR[k]) +
          FileNumber(session.SweepX[k]) + FileNumber(session.SweepRho[k]) +
-         FileNumber(session.SweepAngle[k]) + FileNumber(ReturnLoss(session.SweepRho[k])) +
+         FileNumber(session.SweepAngle[k]) + FileNumber(ReturnLossDb(session.SweepRho[k])) +
          FileNumber(session.SweepVSWR[k]));
   }
   line("");

@@ -39,12 +39,24 @@ int SmallFormatDecimals(float x) {
   return 6;
 }
 
+// The scaled number with its multiplier; a number so large or small that its
+// text takes an exponent is written unscaled, since the parser reads no
+// multiplier after an exponent.
+std::string WithMultiplier(std::string scaledText, double value, const char* suffix,
+                           bool printStyle) {
+  if (scaledText.find('E') == std::string::npos) return scaledText + suffix;
+  const float unscaled = static_cast<float>(value);
+  return (printStyle ? PrintNumberText(unscaled, kSingleDigits)
+                     : PlainNumberText(unscaled, kSingleDigits)) +
+         " ";
+}
+
 std::string FormatByMagnitude(double value, std::span<const Scale> table) {
   const Scale* scale = PickScale(std::fabs(value), table);
   if (scale == nullptr) return "";
   const float x = static_cast<float>(value / scale->divisor);
   const float rounded = RoundToDecimals(x, SmallFormatDecimals(x));
-  return PlainNumberText(rounded, kSingleDigits) + scale->suffix;
+  return WithMultiplier(PlainNumberText(rounded, kSingleDigits), value, scale->suffix, false);
 }
 
 constexpr Scale kSIScales[] = {
@@ -88,7 +100,7 @@ std::string FormatSI(double value) {
   const float rounded = RoundToDecimals(x, decimals);
   // A value too small to show at five decimals reads as zero, not "0 m".
   if (rounded == 0) return "0.0 ";
-  return PrintNumberText(rounded, kSingleDigits) + scale.suffix;
+  return WithMultiplier(PrintNumberText(rounded, kSingleDigits), value, scale.suffix, true);
 }
 
 std::string FormatGeneral(double value) {
@@ -103,7 +115,8 @@ std::string FormatGeneral(double value) {
   const float x = static_cast<float>(value / picked->scale.divisor);
   if (!(std::fabs(x) > kGeneralZeroBelow)) return "0 ";
   const float rounded = RoundToDecimals(x, picked->decimals);
-  return PlainNumberText(rounded, kSingleDigits) + picked->scale.suffix;
+  return WithMultiplier(PlainNumberText(rounded, kSingleDigits), value, picked->scale.suffix,
+                        false);
 }
 
 std::string FormatSmallSI(double value) { return FormatByMagnitude(value, kSmallSIScales); }

@@ -28,4 +28,6 @@ double VSWROf(double rho) {
   return std::fabs((1 + rho) / (1 - rho));
 }
 
+double ReturnLossDb(double rho) { return 20 * std::log10(1 / (rho == 0 ? 1e-9 : rho)); }
+
 }  // namespace kalvex

@@ -21,6 +21,11 @@ struct PlottedPoint {
 };
 PlottedPoint PlotImpedance(double inputR, double inputX, double systemZ);
 
+// The return loss in dB of a reflection magnitude, 20 log10(1 / rho); a rho of
+// exactly 0 (which a calculated point never reaches: its reactance is at least
+// 1e-12) is taken as 1e-9, 180 dB.
+double ReturnLossDb(double rho);
+
 // The standing-wave ratio of a reflection magnitude: 1,000,000 for exactly 1.
 double VSWROf(double rho);
 

@@ -31,8 +31,11 @@ void InitialiseSession(Session& session) {
   SetNetworkDefaults(session);
   session.DefaultCapacitorQ = 1000;
   session.DefaultInductorQ = 200;
-  // A sweep around the 1 MHz working frequency, so that a network written on a
-  // first run passes the sweep checks of the file reader.
+  // The overlays' sizes the Analysis page would give them, and a sweep around
+  // the 1 MHz working frequency, so that a network written on a first run
+  // passes the checks of the file reader.
+  session.QCircle = 2;
+  session.VSWRCircle = 2;
   session.SweepStart = 900'000;
   session.SweepStop = 1'100'000;
   session.SweepPoints = 21;

@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include "model/format.h"
+#include "model/reflection.h"
 #include "model/sweep_indexes.h"
 #include "print/paper.h"
 
@@ -77,7 +78,7 @@ void DrawTablePages(const Session& session, Canvas& canvas, const std::string& d
         Signed(FormatGeneral(session.SweepX[k])),
         FormatGeneral(session.SweepRho[k]),
         Signed(FormatGeneral(session.SweepAngle[k])),
-        FormatGeneral(20 * std::log10(1 / session.SweepRho[k])),
+        FormatGeneral(ReturnLossDb(session.SweepRho[k])),
         FormatGeneral(session.SweepVSWR[k])};
     for (std::size_t c = 0; c < row.size(); ++c) cursor.At(kColumnX[c], row[c]);
     cursor.EndLine();

@@ -64,7 +64,6 @@ AnalysisPage::AnalysisPage(Session& session, Dialogs& dialogs)
       session_(session),
       dialogs_(dialogs) {
   setWindowTitle(QString::fromStdString(AnalysisCaption(session_)));
-  resize(1200, 900);
   Place(cmdDesign, 500, 5500, 1400, 300);
   Place(cmdIn, 500, 5850, 675, 300);
   Place(cmdOut, 1225, 5850, 675, 300);
@@ -143,7 +142,9 @@ AnalysisPage::AnalysisPage(Session& session, Dialogs& dialogs)
   connect(cmdDesign, &QPushButton::clicked, this, &AnalysisPage::GoToDesignPage);
   connect(cmdExit, &QPushButton::clicked, this,
           [this] { ExitDialog(session_, dialogs_, this).exec(); });
-  connect(txtAspect, &QLineEdit::textChanged, this, &AnalysisPage::AspectEntered);
+  // A typed factor counts once the user presses Enter or leaves the box, so
+  // that ".75" can be typed; a text the program sets counts at once.
+  connect(txtAspect, &QLineEdit::editingFinished, this, [this] { AspectEntered(txtAspect->text()); });
   connect(UpDown1Up, &QToolButton::clicked, this, [this] { StepAspect(1); });
   connect(UpDown1Down, &QToolButton::clicked, this, [this] { StepAspect(-1); });
 
@@ -153,8 +154,15 @@ AnalysisPage::AnalysisPage(Session& session, Dialogs& dialogs)
   LoadAnalysisView(session_);
   const AspectTexts texts = AspectBoxTexts(session_.ChartAspect);
   txtAspectEntry->setText(QString::fromStdString(texts.percent));
-  txtAspect->setText(QString::fromStdString(texts.factor));
+  SetAspectText(QString::fromStdString(texts.factor));
+  FollowLayoutWithTab();
   Redraw();
+}
+
+void AnalysisPage::SetAspectText(const QString& text) {
+  if (txtAspect->text() == text) return;
+  txtAspect->setText(text);
+  AspectEntered(text);
 }
 
 // Every change ends here: the strip and the whole chart drawn again, and the
@@ -211,7 +219,7 @@ void AnalysisPage::StepAspect(int percent) {
   const double current = FieldNumber(txtAspectEntry->text().toStdString()).value;
   const double stepped = std::clamp(current + percent, 50.0, 150.0);
   txtAspectEntry->setText(QString::number(static_cast<int>(stepped)));
-  txtAspect->setText(
+  SetAspectText(
       QString::fromStdString(AspectPercentStepped(session_, txtAspectEntry->text().toStdString())));
   WriteDefaults(session_);
   Redraw();

@@ -69,6 +69,7 @@ class AnalysisPage : public Page {
   void OpenSweepSetup();
   void ShowZoomButtons(ZoomButtons buttons);
   void AspectEntered(const QString& text);
+  void SetAspectText(const QString& text);
   void StepAspect(int percent);
   void ShowReadout(double x, double y);
   void HideReadout();

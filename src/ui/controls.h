@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QLineEdit>
 #include <QPushButton>
 #include <QString>
 #include <string>
@@ -24,6 +25,16 @@ inline void SetBackground(QWidget* control, Colour colour) {
                              .arg((colour >> 8) & 0xFF)
                              .arg((colour >> 16) & 0xFF)
                              .arg(frame));
+}
+
+// Writes a box as the program does: its change handler runs and re-reads it
+// even when the text stays the same, so the value always matches the text.
+inline void WriteBox(QLineEdit* box, const std::string& text) {
+  if (box->text() == Q(text)) {
+    emit box->textChanged(box->text());
+  } else {
+    box->setText(Q(text));
+  }
 }
 
 // Sizes in the dialogs are given in twips, a fifteenth of a pixel.

@@ -47,7 +47,6 @@ DesignPage::DesignPage(Session& session, Dialogs& dialogs)
             [this, i](const QString& text) { editor_.controls.value[i].text = text.toStdString(); });
   }
   lblRemove->setWordWrap(true);
-  resize(1220, 920);
   PlaceControls();
 
   // Each box is live in the session on every change, typed or written here.
@@ -62,14 +61,23 @@ DesignPage::DesignPage(Session& session, Dialogs& dialogs)
     session_.DefaultInductorQ = static_cast<float>(ParseValue(t.toStdString()));
   });
 
+  // The keyboard leaves the value boxes before they hide, so that it does not
+  // fall into the system impedance box with its text selected.
   connect(cmdAccept, &QPushButton::clicked, this, [this] {
+    setFocus();
     editor_.Accept();
     ShowEditor();
   });
   connect(cmdDontAccept, &QPushButton::clicked, this, [this] {
+    setFocus();
     editor_.DontAccept();
     ShowEditor();
   });
+  for (QLineEdit* box : txtValue) {
+    connect(box, &QLineEdit::returnPressed, this, [this] {
+      if (cmdAccept->isVisible()) cmdAccept->click();
+    });
+  }
   connect(cmdCompact, &QPushButton::clicked, this, [this] {
     editor_.Compact();
     ReopenDesignPage();
@@ -80,6 +88,7 @@ DesignPage::DesignPage(Session& session, Dialogs& dialogs)
   connect(cmdSetup, &QPushButton::clicked, this, &DesignPage::OpenOptions);
   connect(cmdExit, &QPushButton::clicked, this,
           [this] { ExitDialog(session_, dialogs_, this).exec(); });
+  FollowLayoutWithTab();
   OpenDesignPage();
 }
 
@@ -114,10 +123,10 @@ void DesignPage::PlaceControls() {
 void DesignPage::OpenDesignPage() {
   setWindowTitle(Q(DesignCaption(session_)));
   const DesignValueTexts texts = PrepareDesignValues(session_);
-  txtCapacitorQ->setText(Q(texts.capacitorQ));
-  txtInductorQ->setText(Q(texts.inductorQ));
-  txtSystemZ->setText(Q(texts.systemZ));
-  txtFrequency->setText(Q(texts.frequency));
+  WriteBox(txtCapacitorQ, texts.capacitorQ);
+  WriteBox(txtInductorQ, texts.inductorQ);
+  WriteBox(txtSystemZ, texts.systemZ);
+  WriteBox(txtFrequency, texts.frequency);
   editor_.Open();
   ShowEditor();
 }
@@ -157,9 +166,8 @@ void DesignPage::Analyze() {
   std::string systemZ = txtSystemZ->text().toStdString();
   std::string frequency = txtFrequency->text().toStdString();
   LimitDesignValues(session_, dialogs_, systemZ, frequency);
-  // Rewriting a box re-reads it, as any change does.
-  if (txtSystemZ->text() != Q(systemZ)) txtSystemZ->setText(Q(systemZ));
-  if (txtFrequency->text() != Q(frequency)) txtFrequency->setText(Q(frequency));
+  WriteBox(txtSystemZ, systemZ);
+  WriteBox(txtFrequency, frequency);
   SwitchTo(new AnalysisPage(session_, dialogs_));
 }
 

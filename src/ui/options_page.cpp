@@ -26,7 +26,6 @@ OptionsPage::OptionsPage(Session& session, Dialogs& dialogs)
       session_(session),
       dialogs_(dialogs) {
   setWindowTitle(QString::fromStdString("Kalvex " + session_.Version + " - Options setup page"));
-  resize(1200, 900);
   Drawing().Clear(kPageBackground);
   Place(Label1, 200, 100, 9000, 300);
   Place(Frame1, 4000, 500, 2400, 2100);
@@ -52,6 +51,7 @@ OptionsPage::OptionsPage(Session& session, Dialogs& dialogs)
   Option5->setChecked(true);
   txtVelocityFactor->setText(QString::fromStdString(OpenOptions(session_)));
   connect(cmdExit, &QPushButton::clicked, this, &OptionsPage::Return);
+  FollowLayoutWithTab();
 }
 
 void OptionsPage::Return() {

@@ -1,6 +1,9 @@
 #include "ui/page.h"
 
 #include <QCloseEvent>
+#include <QGuiApplication>
+#include <QScreen>
+#include <algorithm>
 #include <QMouseEvent>
 #include <QPainter>
 #include <cmath>
@@ -21,6 +24,35 @@ int ButtonNumber(Qt::MouseButtons buttons) {
 Page::Page(QSizeF logicalSize, QWidget* parent) : QWidget(parent), logicalSize_(logicalSize) {
   // The page paints its whole surface from the display list.
   setAttribute(Qt::WA_OpaquePaintEvent);
+  // A click on the drawing takes the keyboard away from the boxes.
+  setFocusPolicy(Qt::ClickFocus);
+  // A page is sized to the screen, as its logical extents come from it.
+  if (const QScreen* screen = QGuiApplication::primaryScreen()) {
+    resize(screen->availableGeometry().size());
+  }
+}
+
+void Page::FollowLayoutWithTab() {
+  std::vector<QWidget*> controls;
+  for (const Placement& placement : placements_) {
+    if (!placement.control.isNull() && placement.control->focusPolicy() & Qt::TabFocus) {
+      controls.push_back(placement.control);
+    }
+  }
+  std::stable_sort(controls.begin(), controls.end(), [this](QWidget* a, QWidget* b) {
+    const QRectF& pa = PlaceOf(a);
+    const QRectF& pb = PlaceOf(b);
+    return pa.top() != pb.top() ? pa.top() < pb.top() : pa.left() < pb.left();
+  });
+  for (std::size_t i = 1; i < controls.size(); ++i) setTabOrder(controls[i - 1], controls[i]);
+}
+
+const QRectF& Page::PlaceOf(QWidget* control) const {
+  for (const Placement& placement : placements_) {
+    if (placement.control == control) return placement.place;
+  }
+  static const QRectF kNowhere;
+  return kNowhere;
 }
 
 QPointF Page::ToPage(QPointF widgetPoint) const {
@@ -42,9 +74,11 @@ void Page::ApplyPlacement(const Placement& placement) {
                                  static_cast<int>(std::lround(p.y() * sy)),
                                  static_cast<int>(std::lround(p.width() * sx)),
                                  static_cast<int>(std::lround(p.height() * sy)));
+  // Glyphs keep their proportions: the font follows the smaller of the two
+  // scales, so text fits its place however the window is proportioned.
   QFont font = placement.control->font();
-  font.setPixelSize(
-      std::max(6, static_cast<int>(std::lround(PageFontSize(logicalSize_.height()) * sy))));
+  font.setPixelSize(std::max(
+      6, static_cast<int>(std::lround(PageFontSize(logicalSize_.height()) * std::min(sx, sy)))));
   placement.control->setFont(font);
 }
 
@@ -85,7 +119,13 @@ void Page::CloseByProgram() {
 
 void Page::SwitchTo(Page* next) {
   next->setAttribute(Qt::WA_DeleteOnClose);
-  next->show();
+  // The next page takes this one's place and size, so the window stays put.
+  if (isMaximized()) {
+    next->showMaximized();
+  } else {
+    next->setGeometry(geometry());
+    next->show();
+  }
   setAttribute(Qt::WA_DeleteOnClose);
   CloseByProgram();
 }

@@ -23,6 +23,10 @@ class Page : public QWidget {
   // Puts `control` at a place given in page units and keeps it there.
   void Place(QWidget* control, double left, double top, double width, double height);
 
+  // Tab then visits the placed controls row by row, left to right, as the
+  // page lays them out. Called once a page has placed its controls.
+  void FollowLayoutWithTab();
+
   // The page's drawing surface; call update() after drawing into it.
   DisplayList& Drawing() { return drawing_; }
 
@@ -56,6 +60,7 @@ class Page : public QWidget {
     QRectF place;
   };
   void ApplyPlacement(const Placement& placement);
+  const QRectF& PlaceOf(QWidget* control) const;
 
   QSizeF logicalSize_;
   DisplayList drawing_;

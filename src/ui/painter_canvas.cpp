@@ -145,8 +145,18 @@ void PainterCanvas::FillEllipse(Point centre, double radiusX, double radiusY, Co
 void PainterCanvas::Text(Point at, const std::string& text) {
   FlushLines();
   painter_.setPen(textColour_);
+  // The text stands where the page puts it, but its glyphs are never
+  // stretched: they take the smaller of the page's two scales in both
+  // directions.
+  const QTransform page = painter_.transform();
+  const QPointF corner = page.map(QPointF(at.x, at.y));
+  const double glyphScale = std::min(std::fabs(page.m11()), std::fabs(page.m22()));
+  painter_.save();
+  painter_.setTransform(QTransform::fromScale(glyphScale, glyphScale) *
+                        QTransform::fromTranslate(corner.x(), corner.y()));
   const QFontMetricsF metrics(painter_.font());
-  painter_.drawText(QPointF(at.x, at.y + metrics.ascent()), QString::fromStdString(text));
+  painter_.drawText(QPointF(0, metrics.ascent()), QString::fromStdString(text));
+  painter_.restore();
 }
 
 void PainterCanvas::SetLineWidth(double width) { lineWidth_ = width; }

@@ -114,6 +114,10 @@ TuningControls::TuningControls(Page& page, Session& session, Dialogs& dialogs,
       redraw_();
     });
   }
+  // Enter in a box presses the box's own button.
+  connect(txtZ1, &QLineEdit::returnPressed, cmdZ1, &QPushButton::click);
+  connect(txtZ2, &QLineEdit::returnPressed, cmdZ2, &QPushButton::click);
+  connect(txtFreq, &QLineEdit::returnPressed, cmdFreq, &QPushButton::click);
   connect(cmdZ1, &QPushButton::clicked, this, &TuningControls::EnteredTop);
   connect(cmdZ2, &QPushButton::clicked, this, &TuningControls::EnteredBottom);
   connect(cmdFreq, &QPushButton::clicked, this, [this] {

@@ -14,7 +14,6 @@ WelcomePage::WelcomePage(Session& session, Dialogs& dialogs)
       lblVersion(new QLabel(this)),
       session_(session),
       dialogs_(dialogs) {
-  resize(1200, 900);
   StartSession(session_);
   session_.CoilArcRadius = CoilArcRadiusFor(width(), height());
   setWindowTitle(QString::fromStdString(WelcomeCaption(session_)));
@@ -32,6 +31,8 @@ void WelcomePage::Start() {
   SwitchTo(new DesignPage(session_, dialogs_));
 }
 
-void WelcomePage::OnUserClose() { SaveSessionAndEnd(session_, dialogs_); }
+// Closing the welcome page is no way out of a session: nothing was worked on,
+// and a last-session file that failed to read stays for the next start.
+void WelcomePage::OnUserClose() { EndProgram(); }
 
 }  // namespace kalvex

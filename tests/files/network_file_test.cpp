@@ -119,6 +119,21 @@ TEST_F(NetworkFileTest, RoundTripRestoresTheSession) {
   EXPECT_EQ(read.SweepPoints, written.SweepPoints);
 }
 
+// A first run in an empty folder: what the program writes with its start
+// values reads back.
+TEST_F(NetworkFileTest, FirstRunNetworkReadsBack) {
+  Session first;
+  InitialiseSession(first);
+  first.ElementType[1] = SeriesCapacitor;
+  first.Value[1] = {0, 1e-10, 1000};
+  ASSERT_TRUE(WriteNetworkFile(first, dialogs, PathOf("first")));
+  ASSERT_TRUE(ReadNetworkFile(read, dialogs, PathOf("first.SSF")));
+  EXPECT_TRUE(dialogs.messages.empty());
+  EXPECT_EQ(read.ElementType, first.ElementType);
+  EXPECT_EQ(read.Value, first.Value);
+  EXPECT_EQ(read.SweepPoints, first.SweepPoints);
+}
+
 TEST_F(NetworkFileTest, CommentAndEmptyLinesAreSkippedAnywhere) {
   std::vector<std::string> lines = WrittenLines();
   lines.insert(lines.begin() + 12, "* a note between the values: 99");

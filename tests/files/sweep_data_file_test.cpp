@@ -62,11 +62,16 @@ TEST_F(SweepDataFileTest, LoadDataSweepsWriteTheirIndexesFromOne) {
   EXPECT_TRUE(lines[7].starts_with(" 8000000 "));
 }
 
-TEST_F(SweepDataFileTest, PerfectMatchGetsAFiniteReturnLoss) {
-  session.SweepPoints = 1;
+// Only a Rho of exactly 0 gets the 180 dB floor; a calculated match (Rho
+// 5e-13, its reactance taken as 1e-12) has its own return loss.
+TEST_F(SweepDataFileTest, ReturnLossHasAFloorOnlyForNoReflectionAtAll) {
+  session.SweepPoints = 2;
   Fill(0, 1e6, 50, 0, 0, 0, 1);
+  Fill(1, 2e6, 50, 0, 5e-13, 90, 1);
   const std::vector<std::string> lines = SplitLines(SweepDataText(session, "-", "now"));
+  ASSERT_EQ(lines.size(), 9u);
   EXPECT_EQ(lines[6], " 1000000  50  0  0  0  180  1 ");
+  EXPECT_EQ(lines[7], " 2000000  50  0  5E-13  90  246.02059991328  1 ");
 }
 
 TEST_F(SweepDataFileTest, CancelledChooserWritesNothing) {

@@ -43,7 +43,20 @@ INSTANTIATE_TEST_SUITE_P(
                       FormatRow{150, " 150 ", "150 ", "150 "},
                       FormatRow{2e-9, "0.0 ", "0 ", "2 n"},
                       FormatRow{3e-12, "0.0 ", "0 ", "3 p"},
-                      FormatRow{1e-15, "0.0 ", "0 ", ""}));
+                      FormatRow{1e-15, "0.0 ", "0 ", ""},
+                      // Where the scaled number would need an exponent, the
+                      // text is unscaled so that it reads back.
+                      FormatRow{1e-8, " 1E-08 ", "0 ", "10 n"},
+                      FormatRow{1e20, " 1E+20 ", "1E+20 ", "1E+20 "}));
+
+TEST(FormatTexts, ReadBackToTheirValueAtTheEndsOfTheRange) {
+  for (const double value : {1e-8, 3e-7, 1e15, 1e20, 2.5e30}) {
+    for (const std::string& text : {FormatSI(value), FormatGeneral(value), FormatSmallSI(value)}) {
+      if (text == "0.0 " || text == "0 ") continue;
+      EXPECT_NEAR(ParseValueUnlimited(text), value, 1e-6 * value) << text;
+    }
+  }
+}
 
 struct UnitRow {
   double value;

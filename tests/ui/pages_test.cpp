@@ -13,6 +13,7 @@
 #include "support/fake_dialogs.h"
 #include "support/temp_dir.h"
 #include "ui/design_page.h"
+#include "ui/page_renderer.h"
 #include "ui/exit_dialog.h"
 #include "ui/welcome_page.h"
 
@@ -103,15 +104,15 @@ TEST_F(PagesInFolder, WelcomePageStartsTheSession) {
   EXPECT_EQ(welcome.lblVersion->text(), "Version 2.12 from Brenlow Software");
   EXPECT_EQ(welcome.cmdStart->text(), "Start");
   EXPECT_EQ(welcome.cmdStart->toolTip(), "Start the program");
-  EXPECT_FLOAT_EQ(session.CoilArcRadius, 80);
+  EXPECT_FLOAT_EQ(session.CoilArcRadius, 60.0f * welcome.width() / welcome.height());
   EXPECT_EQ(session.ElementType[1], SeriesCapacitor);
   EXPECT_FLOAT_EQ(session.ChartAspect, 1.1f);
   EXPECT_FALSE(welcome.Drawing().Commands().empty());
 
-  std::filesystem::remove(kLastSessionFileName);
+  WriteFile(kLastSessionFileName, "a last session that did not read");
   welcome.show();
-  welcome.close();  // the close box is a way out too
-  EXPECT_TRUE(std::filesystem::exists(kLastSessionFileName));
+  welcome.close();  // closing the welcome page keeps the file as it was
+  EXPECT_EQ(ReadFile(kLastSessionFileName), "a last session that did not read");
 }
 
 TEST_F(PagesInFolder, ExitDialogOnAnEmptyNetwork) {
@@ -142,6 +143,33 @@ TEST_F(PagesInFolder, RenderWritesAnImageOfTheAskedSize) {
   EXPECT_EQ(RunCli({"render", "--page", "design", "-o", "x.bmp"}, out, err), kExitFailed);
   EXPECT_EQ(RunCli({"render", "--page", "design", "--size", "big", "-o", "x.png"}, out, err),
             kExitUsage);
+}
+
+// The box around the dark pixels of an image.
+QRect InkBox(const QImage& image) {
+  QRect box;
+  for (int y = 0; y < image.height(); ++y) {
+    for (int x = 0; x < image.width(); ++x) {
+      if (qGray(image.pixel(x, y)) < 128) box |= QRect(x, y, 1, 1);
+    }
+  }
+  return box;
+}
+
+// However the image is proportioned, the caption's glyphs are not stretched.
+TEST_F(PagesInFolder, TextKeepsItsProportionsInAWideImage) {
+  DisplayList drawing;
+  drawing.SetFont(14, false);
+  drawing.Text({1000, 1000}, "Chart normalized to 50 ohms");
+  double ratios[2];
+  int k = 0;
+  for (const QSize size : {QSize(1200, 900), QSize(2400, 900)}) {
+    ASSERT_EQ(RenderToFile(drawing, kAnalysisPage, size.width(), size.height(), "t.png"), "");
+    const QRect box = InkBox(QImage("t.png"));
+    ASSERT_FALSE(box.isEmpty());
+    ratios[k++] = static_cast<double>(box.height()) / box.width();
+  }
+  EXPECT_NEAR(ratios[1], ratios[0], 0.05 * ratios[0]);
 }
 
 }  // namespace
@@ -180,12 +208,22 @@ TEST_F(DesignPageTest, BuildsAStageFromTheLibrary) {
   EXPECT_TRUE(page->txtValue[1]->isVisible());
   page->txtValue[0]->setText("47p");
   page->txtValue[1]->setText("500");
-  page->cmdAccept->click();
+  page->txtValue[1]->setFocus();
+  QTest::keyClick(page->txtValue[1], Qt::Key_Return);  // Enter presses Accept
   EXPECT_EQ(session.ElementType[2], SeriesCapacitor);
   EXPECT_DOUBLE_EQ(session.Value[2][1], 47e-12);
   EXPECT_EQ(session.Value[2][2], 500);
   EXPECT_TRUE(page->cmdAnalyze->isEnabled());
   EXPECT_FALSE(page->txtValue[0]->isVisible());
+  EXPECT_FALSE(page->txtSystemZ->hasFocus());  // a keystroke now cannot replace it
+}
+
+// A box the program writes is read again even when its text stays the same.
+TEST_F(DesignPageTest, ReopeningTakesTheFrequencyAsTheBoxShowsIt) {
+  page->txtFrequency->setText("14123456");
+  page->ReopenDesignPage();
+  EXPECT_EQ(page->txtFrequency->text(), " 14.123 M");
+  EXPECT_EQ(session.Frequency, 14'123'000);
 }
 
 TEST_F(DesignPageTest, GetNetShowsTheFileInTheCaption) {
@@ -260,6 +298,19 @@ TEST_F(AnalysisPageTest, LoadsWithItsViewAndTuningState) {
   EXPECT_FALSE(page->tuning->txtZ1->isVisible());
   EXPECT_TRUE(page->lblClickPart->isVisible());
   EXPECT_EQ(page->tuning->txtFreq->text(), " 14 M");
+}
+
+TEST_F(AnalysisPageTest, AspectIsTakenWhenTypingEnds) {
+  page->txtAspect->setFocus();
+  page->txtAspect->clear();
+  QTest::keyClicks(page->txtAspect, ".75");
+  EXPECT_EQ(page->txtAspect->text(), ".75");
+  session.ChartAspect = 1;  // nothing is taken while typing
+  QTest::keyClick(page->txtAspect, Qt::Key_Return);
+  EXPECT_FLOAT_EQ(session.ChartAspect, 0.75f);
+  page->tuning->txtFreq->setText("7M");
+  QTest::keyClick(page->tuning->txtFreq, Qt::Key_Return);  // Enter presses "Freq enter"
+  EXPECT_EQ(session.Frequency, 7e6);
 }
 
 TEST_F(AnalysisPageTest, StripClickSelectsAndStepsTunePart) {
