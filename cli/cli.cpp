@@ -26,7 +26,7 @@ constexpr std::array kCommands = {
             "      suffix; 1200x900 pixels unless --size; the chart at grid type, zoom factor\n"
             "      (1..8) and aspect (0.5..1.5), with the Q arcs, the VSWR circle and the sweep\n"
             "      of FILE's settings, over the points of a load-data file with --load",
-            RunRenderCommand},
+            nullptr},
     Command{"print",
             "print FILE [--table] [--start HZ] [--stop HZ] [--points N] [--load LOADFILE]\n"
             "            [--grid 1..6] [--zoom N] [--q-arcs] [--vswr-circle] [--sweep] -o OUT",
@@ -34,7 +34,7 @@ constexpr std::array kCommands = {
             "      type, zoom and overlays as for render), or with --table the tabulated sweep\n"
             "      (sweep options as for sweep), every page, to a PDF, or the first page to\n"
             "      an SVG or PNG file, chosen by OUT's suffix",
-            RunPrintCommand},
+            nullptr},
 };
 
 void PrintHelp(std::ostream& out) {
@@ -54,7 +54,8 @@ int UsageError(const Command& command, const std::string& problem, std::ostream&
   return kExitUsage;
 }
 
-int RunCli(const std::vector<std::string>& args, std::ostream& out, std::ostream& err) {
+int RunCli(const std::vector<std::string>& args, std::ostream& out, std::ostream& err,
+           const DrawingCommands& drawing) {
   if (args.empty()) {
     PrintHelp(err);
     return kExitUsage;
@@ -65,7 +66,10 @@ int RunCli(const std::vector<std::string>& args, std::ostream& out, std::ostream
   }
   for (const Command& command : kCommands) {
     if (args.front() == command.name) {
-      return command.run(command, {args.begin() + 1, args.end()}, out, err);
+      const CommandRun run = command.run != nullptr                ? command.run
+                             : std::string_view(command.name) == "render" ? drawing.render
+                                                                          : drawing.print;
+      return run(command, {args.begin() + 1, args.end()}, out, err);
     }
   }
   err << "kalvex-cli: unknown command " << args.front() << "\n\n";

@@ -11,7 +11,22 @@ inline constexpr int kExitOk = 0;
 inline constexpr int kExitFailed = 1;  // a file could not be read or written
 inline constexpr int kExitUsage = 2;
 
+struct Command;
+using CommandRun = int (*)(const Command& self, const std::vector<std::string>& words,
+                           std::ostream& out, std::ostream& err);
+
+// The commands that draw (render, print) need Qt, which the others never
+// load: each program says how it runs them. The desktop's drawing code runs
+// them in this process (kDrawHere, in the drawing library); kalvex-cli hands
+// them to kalvex-cli-draw, so that its other commands start at once.
+struct DrawingCommands {
+  CommandRun render;
+  CommandRun print;
+};
+extern const DrawingCommands kDrawHere;
+
 // Runs one kalvex-cli command; `args` excludes the program name.
-int RunCli(const std::vector<std::string>& args, std::ostream& out, std::ostream& err);
+int RunCli(const std::vector<std::string>& args, std::ostream& out, std::ostream& err,
+           const DrawingCommands& drawing = kDrawHere);
 
 }  // namespace kalvex

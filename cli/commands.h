@@ -4,19 +4,16 @@
 #include <string>
 #include <vector>
 
+#include "cli.h"
+
 namespace kalvex {
 
-struct Command;
-
 // Runs a command on its words after the command name; returns the exit code.
-using CommandRun = int (*)(const Command& self, const std::vector<std::string>& words,
-                           std::ostream& out, std::ostream& err);
-
 struct Command {
   const char* name;
   const char* usage;    // "impedance FILE [--freq HZ]"
   const char* summary;  // one line for --help
-  CommandRun run;
+  CommandRun run;       // none for the drawing commands: DrawingCommands runs them
 };
 
 int RunImpedanceCommand(const Command& self, const std::vector<std::string>& words, std::ostream& out,

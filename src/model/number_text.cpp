@@ -1,19 +1,21 @@
 #include "model/number_text.h"
 
-#include <cstdio>
+#include <charconv>
 
 namespace kalvex {
 
 std::string PlainNumberText(double value, int significantDigits) {
   if (value == 0) value = 0;  // turns -0 into 0
   char buffer[48];
-  // %g drops trailing zeros and switches to exponent form outside 1E-5..1E+digits;
-  // snprintf in the C locale that a program starts with always writes ".".
-  std::snprintf(buffer, sizeof buffer, "%.*g", significantDigits, value);
-  std::string text = buffer;
+  // The general form drops trailing zeros and switches to exponent form
+  // outside 1E-5..1E+digits, as printf's %g does; to_chars never consults the
+  // locale, so the point is always ".".
+  const auto end = std::to_chars(buffer, buffer + sizeof buffer, value,
+                                 std::chars_format::general, significantDigits)
+                       .ptr;
+  std::string text(buffer, end);
   for (char& c : text) {
     if (c == 'e') c = 'E';
-    if (c == ',') c = '.';
   }
   return text;
 }
