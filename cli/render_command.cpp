@@ -22,6 +22,9 @@
 namespace kalvex {
 namespace {
 
+// An image of more would take gigabytes of memory to draw.
+constexpr int kLargestImage = 16384;
+
 struct PixelSize {
   int width = 0;
   int height = 0;
@@ -33,6 +36,7 @@ std::optional<PixelSize> SizeOf(const std::string& text) {
   if (!std::regex_match(text, match, pattern)) return std::nullopt;
   const PixelSize size{std::stoi(match[1]), std::stoi(match[2])};
   if (size.width < 16 || size.height < 16) return std::nullopt;
+  if (size.width > kLargestImage || size.height > kLargestImage) return std::nullopt;
   return size;
 }
 
@@ -58,7 +62,7 @@ int RunRenderCommand(const Command& command, const std::vector<std::string>& wor
   const auto output = arguments->Option("-o");
   if (!output) return UsageError(command, "-o OUT is needed", err);
   const auto size = SizeOf(arguments->Option("--size").value_or("1200x900"));
-  if (!size) return UsageError(command, "--size takes WxH in pixels, such as 1200x900", err);
+  if (!size) return UsageError(command, "--size takes WxH in pixels from 16x16 to 16384x16384, such as 1200x900", err);
 
   Session session;
   StartSession(session);

@@ -7,6 +7,7 @@
 #include "session_options.h"
 #include "files/network_file.h"
 #include "files/sweep_data_file.h"
+#include "files/safe_write.h"
 #include "files/text_file.h"
 
 namespace kalvex {
@@ -49,8 +50,8 @@ int RunSweepCommand(const Command& command, const std::vector<std::string>& word
     out << text;
     return kExitOk;
   }
-  if (!WriteTextFileAtomically(*output, text)) {
-    err << "kalvex-cli sweep: cannot write " << *output << "\n";
+  if (const std::string failure = WriteFileSafely(*output, text); !failure.empty()) {
+    err << "kalvex-cli sweep: " << failure << "\n";
     return kExitFailed;
   }
   return kExitOk;

@@ -8,6 +8,7 @@
 #include <string>
 #include <string_view>
 
+#include "files/safe_write.h"
 #include "files/text_file.h"
 #include "model/number_text.h"
 #include "model/trim.h"
@@ -64,10 +65,12 @@ void ReadDefaults(Session& session, const std::filesystem::path& path) {
 }
 
 bool WriteDefaults(const Session& session, const std::filesystem::path& path) {
-  return WriteTextFileAtomically(
-      path, PlainNumberText(session.ChartAspect, kSingleDigits) + kLineEnd +
-                PlainNumberText(session.DefaultCapacitorQ, kSingleDigits) + kLineEnd +
-                PlainNumberText(session.DefaultInductorQ, kSingleDigits) + kLineEnd);
+  return WriteFileSafely(path, PlainNumberText(session.ChartAspect, kSingleDigits) + kLineEnd +
+                                  PlainNumberText(session.DefaultCapacitorQ, kSingleDigits) +
+                                  kLineEnd +
+                                  PlainNumberText(session.DefaultInductorQ, kSingleDigits) +
+                                  kLineEnd)
+      .empty();
 }
 
 }  // namespace kalvex

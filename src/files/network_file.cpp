@@ -5,6 +5,7 @@
 #include <optional>
 
 #include "files/field_reader.h"
+#include "files/safe_write.h"
 #include "files/text_file.h"
 #include "model/format.h"
 
@@ -151,8 +152,9 @@ std::string NetworkFileName(const std::string& chosenName) {
 bool WriteNetworkFile(const Session& session, Dialogs& dialogs, const std::string& chosenName) {
   const std::string name = NetworkFileName(chosenName);
   if (name.empty()) return false;
-  return WriteTextFileAtomically(
-      name, SessionFileText(session, "Kalvex network file", dialogs.LocalDateTime()));
+  return WriteFileSafely(name,
+                         SessionFileText(session, "Kalvex network file", dialogs.LocalDateTime()))
+      .empty();
 }
 
 bool ReadNetworkFile(Session& session, Dialogs& dialogs, const std::string& chosenName) {
@@ -173,8 +175,9 @@ bool ReadNetworkFile(Session& session, Dialogs& dialogs, const std::string& chos
 
 void WriteLastSession(const Session& session, Dialogs& dialogs,
                       const std::filesystem::path& path) {
-  if (WriteTextFileAtomically(
-          path, SessionFileText(session, "Kalvex last-session file", dialogs.LocalDateTime()))) {
+  if (WriteFileSafely(path, SessionFileText(session, "Kalvex last-session file",
+                                            dialogs.LocalDateTime()))
+          .empty()) {
     return;
   }
   dialogs.Beep();

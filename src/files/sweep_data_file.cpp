@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "files/safe_write.h"
 #include "files/text_file.h"
 #include "model/format.h"
 #include "model/reflection.h"
@@ -33,8 +34,8 @@ std::string SweepDataText(const Session& session, const std::string& chosenName,
 bool WriteSweepData(const Session& session, Dialogs& dialogs, const std::string& chosenName) {
   const std::string name = WithFileType(chosenName, ".DAT");
   if (name.empty()) return false;
-  return WriteTextFileAtomically(name,
-                                 SweepDataText(session, chosenName, dialogs.LocalDateTime()));
+  return WriteFileSafely(name, SweepDataText(session, chosenName, dialogs.LocalDateTime()))
+      .empty();
 }
 
 }  // namespace kalvex

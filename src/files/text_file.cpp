@@ -9,6 +9,7 @@ namespace kalvex {
 std::optional<std::string> ReadTextFile(const std::filesystem::path& path) {
   std::error_code error;
   if (!std::filesystem::is_regular_file(path, error)) return std::nullopt;
+  if (std::filesystem::file_size(path, error) > kLargestReadFile || error) return std::nullopt;
   std::ifstream in(path, std::ios::binary);
   if (!in) return std::nullopt;
   std::string contents{std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
@@ -21,30 +22,6 @@ std::string WithFileType(const std::string& chosenName, const std::string& type)
   const std::size_t componentStart = chosenName.find_last_of("\\/") + 1;  // npos + 1 == 0
   const std::size_t dot = chosenName.find('.', componentStart);
   return chosenName.substr(0, dot) + type;
-}
-
-bool WriteTextFileAtomically(const std::filesystem::path& path, const std::string& contents) {
-  std::filesystem::path temporary = path;
-  temporary += ".tmp";
-  {
-    std::ofstream out(temporary, std::ios::binary | std::ios::trunc);
-    if (!out) return false;
-    out.write(contents.data(), static_cast<std::streamsize>(contents.size()));
-    out.close();
-    if (!out) {
-      std::error_code ignored;
-      std::filesystem::remove(temporary, ignored);
-      return false;
-    }
-  }
-  std::error_code error;
-  std::filesystem::rename(temporary, path, error);
-  if (error) {
-    std::error_code ignored;
-    std::filesystem::remove(temporary, ignored);
-    return false;
-  }
-  return true;
 }
 
 }  // namespace kalvex

@@ -1,16 +1,18 @@
 #include "ui/page_renderer.h"
 
+#include <QBuffer>
 #include <QFileInfo>
 #include <QGuiApplication>
 #include <QImage>
 #include <QPageSize>
 #include <QPainter>
 #include <QPdfWriter>
-#include <QSaveFile>
 #include <QSvgGenerator>
 #include <cmath>
 #include <functional>
+#include <optional>
 
+#include "files/safe_write.h"
 #include "ui/painter_canvas.h"
 
 namespace kalvex {
@@ -43,60 +45,57 @@ void EnsureGuiApplication() {
   static QGuiApplication application(argc, argv);
 }
 
-QString Render(const DisplayList& drawing, Target target, QSize size, const QString& path) {
-  const QString suffix = QFileInfo(path).suffix().toLower();
+// The file's bytes, drawn in memory: nothing touches the disk until the
+// whole file is there.
+std::optional<QByteArray> Render(const DisplayList& drawing, Target target, QSize size,
+                                 const QString& suffix) {
+  QBuffer bytes;
+  bytes.open(QIODevice::WriteOnly);
+  QPainter painter;
   if (suffix == "png") {
     QImage image(size, QImage::Format_ARGB32);
     image.fill(Qt::white);
-    QPainter painter(&image);
+    if (!painter.begin(&image)) return std::nullopt;
     Paint(drawing, painter, target, size);
     painter.end();
-    QSaveFile file(path);
-    if (!file.open(QIODevice::WriteOnly) || !image.save(&file, "PNG") || !file.commit()) {
-      return "cannot write " + path;
-    }
-    return {};
+    if (!image.save(&bytes, "PNG")) return std::nullopt;
+  } else if (suffix == "svg") {
+    QSvgGenerator svg;
+    svg.setOutputDevice(&bytes);
+    svg.setSize(size);
+    svg.setViewBox(QRect(QPoint(0, 0), size));
+    svg.setTitle("Kalvex");
+    if (!painter.begin(&svg)) return std::nullopt;
+    Paint(drawing, painter, target, size);
+    painter.end();
+  } else {
+    QPdfWriter pdf(&bytes);
+    pdf.setResolution(72);
+    pdf.setPageSize(QPageSize(QSizeF(size), QPageSize::Point));
+    pdf.setPageMargins(QMarginsF(0, 0, 0, 0));
+    pdf.setTitle("Kalvex");
+    target.newPage = [&pdf] { pdf.newPage(); };
+    if (!painter.begin(&pdf)) return std::nullopt;
+    Paint(drawing, painter, target, size);
+    painter.end();
   }
-  if (suffix == "svg" || suffix == "pdf") {
-    // Both writers open the file themselves: they write beside it, then rename.
-    const QString temporary = path + ".tmp";
-    bool painted = false;
-    if (suffix == "svg") {
-      QSvgGenerator svg;
-      svg.setFileName(temporary);
-      svg.setSize(size);
-      svg.setViewBox(QRect(QPoint(0, 0), size));
-      svg.setTitle("Kalvex");
-      QPainter painter;
-      if ((painted = painter.begin(&svg))) Paint(drawing, painter, target, size);
-    } else {
-      QPdfWriter pdf(temporary);
-      pdf.setResolution(72);
-      pdf.setPageSize(QPageSize(QSizeF(size), QPageSize::Point));
-      pdf.setPageMargins(QMarginsF(0, 0, 0, 0));
-      pdf.setTitle("Kalvex");
-      QPainter painter;
-      target.newPage = [&pdf] { pdf.newPage(); };
-      if ((painted = painter.begin(&pdf))) Paint(drawing, painter, target, size);
-    }
-    if (!painted || (QFile::exists(path) && !QFile::remove(path)) ||
-        !QFile::rename(temporary, path)) {
-      QFile::remove(temporary);
-      return "cannot write " + path;
-    }
-    return {};
-  }
-  return "the output must end in .png, .svg or .pdf: " + path;
+  return bytes.data();
 }
 
 }  // namespace
 
 std::string RenderToFile(const DisplayList& drawing, PageSize page, int width, int height,
                          const std::string& path, double unitsPerWidth) {
+  const QString suffix = QFileInfo(QString::fromStdString(path)).suffix().toLower();
+  if (suffix != "png" && suffix != "svg" && suffix != "pdf") {
+    return "the output must end in .png, .svg or .pdf: " + path;
+  }
   EnsureGuiApplication();
-  return Render(drawing, {QSizeF(page.width, page.height), unitsPerWidth, {}},
-                QSize(width, height), QString::fromStdString(path))
-      .toStdString();
+  const std::optional<QByteArray> bytes =
+      Render(drawing, {QSizeF(page.width, page.height), unitsPerWidth, {}}, QSize(width, height),
+             suffix);
+  if (!bytes) return "cannot draw " + path;
+  return WriteFileSafely(path, std::string_view(bytes->constData(), bytes->size()));
 }
 
 }  // namespace kalvex

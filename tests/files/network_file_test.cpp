@@ -270,7 +270,7 @@ TEST_F(NetworkFileTest, FailedLastSessionWriteBeepsAndSaysSo) {
 
 TEST_F(NetworkFileTest, FailedWriteKeepsThePreviousFileWhole) {
   WriteFile("net.SSF", "previous contents");
-  std::filesystem::create_directory(PathOf("net.SSF.tmp"));  // the temporary cannot be made
+  std::filesystem::permissions(PathOf("net.SSF"), std::filesystem::perms::owner_read);
   EXPECT_FALSE(WriteNetworkFile(written, dialogs, PathOf("net")));
   EXPECT_EQ(ReadFile("net.SSF"), "previous contents");
   EXPECT_TRUE(dialogs.messages.empty());

@@ -1,0 +1,166 @@
+#include <gtest/gtest.h>
+#include <signal.h>
+#include <sys/resource.h>
+#include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <random>
+#include <sstream>
+
+#include "cli.h"
+#include "files/safe_write.h"
+#include "support/temp_dir.h"
+
+namespace kalvex {
+namespace {
+
+namespace fs = std::filesystem;
+
+class SafeWriteTest : public testing::TempDirTest {
+ protected:
+  // The names in the folder, so that a test sees any temporary file left.
+  std::vector<std::string> Entries() const {
+    std::vector<std::string> names;
+    for (const auto& entry : fs::directory_iterator(PathOf(""))) {
+      names.push_back(entry.path().filename().string());
+    }
+    std::sort(names.begin(), names.end());
+    return names;
+  }
+  // Writes `name` through the text writer or, for ".pdf", through kalvex-cli
+  // render; returns whether it succeeded.
+  bool Write(const std::string& name) {
+    if (!name.ends_with(".pdf")) return WriteFileSafely(PathOf(name), "new contents").empty();
+    std::ostringstream out, err;
+    return RunCli({"render", "--page", "welcome", "--size", "200x150", "-o", PathOf(name)}, out,
+                  err) == kExitOk;
+  }
+};
+
+struct Destination {
+  const char* name;
+  bool written;
+};
+
+// Regular files and links are replaced whole (a link stays a link), a FIFO is
+// written to, a folder, a read-only file and a missing folder are refused.
+TEST_F(SafeWriteTest, RespectsEveryKindOfDestination) {
+  for (const char* suffix : {".txt", ".pdf"}) {
+    const std::string regular = std::string("regular") + suffix;
+    const std::string target = std::string("target") + suffix;
+    const std::string link = std::string("link") + suffix;
+    const std::string locked = std::string("locked") + suffix;
+    WriteFile(regular, "old");
+    ::chmod(PathOf(regular).c_str(), 0640);
+    WriteFile(target, "old");
+    fs::create_symlink(target, PathOf(link));
+    WriteFile(locked, "old");
+    fs::permissions(PathOf(locked), fs::perms::owner_read);
+    fs::create_directory(PathOf(std::string("folder") + suffix));
+
+    EXPECT_TRUE(Write(regular)) << suffix;
+    EXPECT_NE(ReadFile(regular), "old");
+    EXPECT_EQ(fs::status(PathOf(regular)).permissions() & fs::perms::all,
+              fs::perms::owner_read | fs::perms::owner_write | fs::perms::group_read);
+    EXPECT_TRUE(Write(link)) << suffix;
+    EXPECT_TRUE(fs::is_symlink(PathOf(link)));
+    EXPECT_NE(ReadFile(target), "old");
+    EXPECT_FALSE(Write(locked)) << suffix;
+    EXPECT_EQ(ReadFile(locked), "old");
+    EXPECT_FALSE(Write(std::string("folder") + suffix));
+    EXPECT_FALSE(Write(std::string("missing/file") + suffix));
+  }
+  EXPECT_EQ(Entries(), (std::vector<std::string>{"folder.pdf", "folder.txt", "link.pdf",
+                                                 "link.txt", "locked.pdf", "locked.txt",
+                                                 "regular.pdf", "regular.txt", "target.pdf",
+                                                 "target.txt"}));
+}
+
+TEST_F(SafeWriteTest, WritesAFifoDirectly) {
+  const std::string fifo = PathOf("fifo");
+  ASSERT_EQ(::mkfifo(fifo.c_str(), 0600), 0);
+  const pid_t reader = ::fork();
+  if (reader == 0) {
+    std::ifstream in(fifo);
+    const std::string got{std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
+    ::_exit(got == "through the pipe" ? 0 : 1);
+  }
+  EXPECT_EQ(WriteFileSafely(fifo, "through the pipe"), "");
+  int status = 0;
+  ::waitpid(reader, &status, 0);
+  EXPECT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) == 0);
+  EXPECT_EQ(fs::status(fifo).type(), fs::file_type::fifo);
+}
+
+// A writer stopped by the file-size limit keeps the old file and leaves no
+// temporary file, for text, SVG and PDF alike.
+TEST_F(SafeWriteTest, AFailedWriteKeepsTheOldFile) {
+  for (const char* name : {"big.txt", "chart.svg", "chart.pdf"}) {
+    WriteFile(name, "old");
+    const pid_t child = ::fork();
+    if (child == 0) {
+      ::signal(SIGXFSZ, SIG_IGN);
+      const rlimit limit{1000, 1000};
+      ::setrlimit(RLIMIT_FSIZE, &limit);
+      std::ostringstream out, err;
+      const bool ok =
+          std::string(name).ends_with(".txt")
+              ? WriteFileSafely(PathOf(name), std::string(100'000, 'x')).empty()
+              : RunCli({"render", "--page", "analysis", "-o", PathOf(name)}, out, err) == kExitOk;
+      ::_exit(ok ? 0 : 1);
+    }
+    int status = 0;
+    ::waitpid(child, &status, 0);
+    EXPECT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) == 1) << name;
+    EXPECT_EQ(ReadFile(name), "old") << name;
+  }
+  EXPECT_EQ(Entries(), (std::vector<std::string>{"big.txt", "chart.pdf", "chart.svg"}));
+}
+
+// Killed at any moment, a writer leaves the old file or the whole new one.
+TEST_F(SafeWriteTest, AKilledWriterLeavesTheOldFileOrTheNewOne) {
+  const std::string old = "old file\r\n";
+  std::string large;
+  for (int row = 0; large.size() < 8'000'000; ++row) {
+    large += " " + std::to_string(row) + "  50.1  -12.25  .33  -45.5  9.54  2.01 \r\n";
+  }
+  std::mt19937 random(7);
+  for (int attempt = 0; attempt < 60; ++attempt) {
+    WriteFile("sweep.DAT", old);
+    const pid_t writer = ::fork();
+    if (writer == 0) ::_exit(WriteFileSafely(PathOf("sweep.DAT"), large).empty() ? 0 : 1);
+    ::usleep(std::uniform_int_distribution<int>(0, 30'000)(random));
+    ::kill(writer, SIGKILL);
+    ::waitpid(writer, nullptr, 0);
+    const std::string now = ReadFile("sweep.DAT");
+    ASSERT_TRUE(now == old || now == large) << "attempt " << attempt << ": " << now.size();
+  }
+}
+
+// Two writers of one file at once: the result is always one writer's whole
+// output, and neither reports a failure.
+TEST_F(SafeWriteTest, TwoWritersNeverMix) {
+  const std::string first(200'000, 'a');
+  const std::string second(300'000, 'b');
+  for (int round = 0; round < 20; ++round) {
+    pid_t writers[2];
+    for (int w = 0; w < 2; ++w) {
+      writers[w] = ::fork();
+      if (writers[w] == 0) {
+        ::_exit(WriteFileSafely(PathOf("shared.txt"), w == 0 ? first : second).empty() ? 0 : 1);
+      }
+    }
+    for (const pid_t writer : writers) {
+      int status = 0;
+      ::waitpid(writer, &status, 0);
+      EXPECT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) == 0);
+    }
+    const std::string result = ReadFile("shared.txt");
+    ASSERT_TRUE(result == first || result == second) << "round " << round;
+  }
+  EXPECT_EQ(Entries(), std::vector<std::string>{"shared.txt"});
+}
+
+}  // namespace
+}  // namespace kalvex
