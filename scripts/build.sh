@@ -4,9 +4,10 @@
 kalvex_packages=(cmake ninja-build g++ qt6-base-dev qt6-svg-dev fonts-dejavu-core
                  libgtest-dev libbenchmark-dev)
 
+# Installs the build's packages, and any more named as arguments.
 kalvex_install_missing() {
   local missing=()
-  for package in "${kalvex_packages[@]}"; do
+  for package in "${kalvex_packages[@]}" "$@"; do
     dpkg-query -W -f='${Status}' "$package" 2>/dev/null | grep -q "install ok installed" ||
       missing+=("$package")
   done

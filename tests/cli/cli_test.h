@@ -8,6 +8,8 @@
 #include "files/network_file.h"
 #include "support/fake_dialogs.h"
 #include "support/temp_dir.h"
+#include "support/test_name.h"
+
 
 namespace kalvex::testing {
 
