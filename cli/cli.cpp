@@ -12,10 +12,13 @@ constexpr std::array kCommands = {
             "input resistance and reactance (ohms) of a network file, at its frequency or HZ",
             RunImpedanceCommand},
     Command{"sweep",
-            "sweep FILE [--start HZ] [--stop HZ] [--points N] [--load LOADFILE] [--table] [-o OUT]",
+            "sweep FILE [--start HZ] [--stop HZ] [--points N] [--load LOADFILE] [--table]\n"
+            "            [--touchstone] [-o OUT]",
             "frequency sweep of a network file as the Tabulate page computes it: the sweep-data\n"
             "      file layout, or with --table the Tabulate page's heading and rows; over the\n"
-            "      points of a load-data file (.RJX) with --load; to OUT or standard output",
+            "      points of a load-data file (.RJX, or a one-port Touchstone .s1p) with --load;\n"
+            "      with --touchstone the input reflection as a one-port Touchstone file; to OUT\n"
+            "      or standard output",
             RunSweepCommand},
     Command{"render",
             "render [FILE] --page welcome|design|analysis [--grid 1..6] [--zoom N] [--aspect A]\n"

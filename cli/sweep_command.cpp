@@ -9,6 +9,7 @@
 #include "files/sweep_data_file.h"
 #include "files/safe_write.h"
 #include "files/text_file.h"
+#include "files/touchstone.h"
 
 namespace kalvex {
 namespace {
@@ -25,7 +26,7 @@ int RunSweepCommand(const Command& command, const std::vector<std::string>& word
              std::ostream& err) {
   std::string problem;
   const auto arguments = SplitArguments(
-      words, {"--start", "--stop", "--points", "--load", "-o"}, {"--table"}, problem);
+      words, {"--start", "--stop", "--points", "--load", "-o"}, {"--table", "--touchstone"}, problem);
   if (!arguments) return UsageError(command, problem, err);
   if (arguments->positional.size() != 1) return UsageError(command, "one FILE is needed", err);
   Session session;
@@ -41,6 +42,9 @@ int RunSweepCommand(const Command& command, const std::vector<std::string>& word
   std::string text;
   if (arguments->Option("--table")) {
     text = TableText(session);
+  } else if (arguments->Option("--touchstone")) {
+    RunSweepPoints(session, SweepUse::Table);
+    text = TouchstoneText(session, dialogs.LocalDateTime());
   } else {
     RunSweepPoints(session, SweepUse::Table);
     text = SweepDataText(session, output.value_or("-"), dialogs.LocalDateTime());

@@ -5,6 +5,7 @@
 
 #include "files/line_reader.h"
 #include "files/text_file.h"
+#include "files/touchstone.h"
 #include "model/format.h"
 #include "model/trim.h"
 
@@ -42,6 +43,10 @@ void NextField(std::string& line, std::string& field) {
 
 void ParseLoadFile(Session& session, Dialogs& dialogs, const std::string& name) {
   if (name.empty()) return;
+  if (IsTouchstoneName(name)) {
+    ReadTouchstone(session, dialogs, name);
+    return;
+  }
   session.SavedSweepPoints = session.SweepPoints;
   session.SweepPoints = 0;
 

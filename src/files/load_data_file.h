@@ -8,14 +8,15 @@
 namespace kalvex {
 
 inline constexpr const char* kLoadDataTitle = "Get frequencies and load data";
-inline constexpr const char* kLoadDataFilter = "Kalvex load data files (*.RJX)|*.RJX";
+inline constexpr const char* kLoadDataFilter =
+    "Kalvex load data files (*.RJX)|*.RJX|Touchstone one-port files (*.s1p *.S1P)|*.s1p;*.S1P";
 
 // Takes the next comma-separated field off the front of `line`: commas before
 // it are skipped, and `line` keeps the text after the commas that follow it.
 // When nothing but commas is left, `line` becomes "" and `field` is unchanged.
 void NextField(std::string& line, std::string& field);
 
-// Reads a load-data file into LoadFreq, LoadR and LoadX from index 1 on, at
+// Reads a load-data file (or a one-port Touchstone file, see ReadTouchstone) into LoadFreq, LoadR and LoadX from index 1 on, at
 // most 1000 points, leaving their count in SweepPoints (its earlier value goes
 // to SavedSweepPoints). A file that cannot be opened, that ends with blank or
 // comment lines, or that holds more than 1000 points gives "Parser error" and

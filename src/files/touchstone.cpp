@@ -1,0 +1,236 @@
+#include "files/touchstone.h"
+
+#include <algorithm>
+#include <charconv>
+#include <cmath>
+#include <complex>
+#include <numbers>
+#include <optional>
+#include <sstream>
+#include <vector>
+
+#include "files/line_reader.h"
+#include "files/text_file.h"
+#include "model/sweep_indexes.h"
+#include "model/trim.h"
+
+namespace kalvex {
+namespace {
+
+using Complex = std::complex<double>;
+constexpr int kMaxLoadPoints = kLoadPointCount - 1;
+constexpr double kDegree = std::numbers::pi / 180;
+
+enum class Parameter { S, Z, Y };
+enum class Format { MA, DB, RI };
+
+struct Options {
+  double hertzPerUnit = 1e9;
+  Parameter parameter = Parameter::S;
+  Format format = Format::MA;
+  double reference = 50;
+  bool version2 = false;
+};
+
+struct DataPoint {
+  double frequency;
+  Complex impedance;
+};
+
+std::string Lower(std::string_view text) {
+  std::string lower(text);
+  for (char& c : lower) c = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
+  return lower;
+}
+
+std::vector<std::string> Words(std::string_view line) {
+  std::vector<std::string> words;
+  std::istringstream in{std::string(line)};
+  for (std::string word; in >> word;) words.push_back(word);
+  return words;
+}
+
+std::optional<double> Number(const std::string& word) {
+  double value = 0;
+  const char* end = word.data() + word.size();
+  const auto [stop, error] = std::from_chars(word.data(), end, value);
+  if (error != std::errc() || stop != end || !std::isfinite(value)) return std::nullopt;
+  return value;
+}
+
+// The option line's words after "#"; false when one is not understood.
+bool ReadOptions(const std::vector<std::string>& words, Options& options) {
+  for (std::size_t k = 1; k < words.size(); ++k) {
+    const std::string word = Lower(words[k]);
+    if (word == "hz") options.hertzPerUnit = 1;
+    else if (word == "khz") options.hertzPerUnit = 1e3;
+    else if (word == "mhz") options.hertzPerUnit = 1e6;
+    else if (word == "ghz") options.hertzPerUnit = 1e9;
+    else if (word == "s") options.parameter = Parameter::S;
+    else if (word == "z") options.parameter = Parameter::Z;
+    else if (word == "y") options.parameter = Parameter::Y;
+    else if (word == "ma") options.format = Format::MA;
+    else if (word == "db") options.format = Format::DB;
+    else if (word == "ri") options.format = Format::RI;
+    else if (word == "r" && k + 1 < words.size() && Number(words[k + 1]).value_or(0) > 0) {
+      options.reference = *Number(words[++k]);
+    } else {
+      return false;
+    }
+  }
+  return true;
+}
+
+// The load R + jX of one data point's parameter.
+Complex ImpedanceOf(const Options& options, double a, double b) {
+  Complex value;
+  switch (options.format) {
+    case Format::RI: value = {a, b}; break;
+    case Format::MA: value = std::polar(a, b * kDegree); break;
+    case Format::DB: value = std::polar(std::pow(10.0, a / 20), b * kDegree); break;
+  }
+  const double r = options.reference;
+  switch (options.parameter) {
+    case Parameter::S: return r * (1.0 + value) / (1.0 - value);
+    // Version 1 gives Z and Y normalised to the reference; version 2 in ohms and siemens.
+    case Parameter::Z: return options.version2 ? value : value * r;
+    case Parameter::Y: return options.version2 ? 1.0 / value : r / value;
+  }
+  return value;
+}
+
+// The file's type number N of ".sNp", or 0 for any other type.
+int PortsOfName(const std::string& name) {
+  const std::size_t dot = name.find_last_of('.');
+  if (dot == std::string::npos) return 0;
+  const std::string type = Lower(std::string_view(name).substr(dot + 1));
+  if (type.size() < 3 || type.front() != 's' || type.back() != 'p') return 0;
+  int ports = 0;
+  const auto [end, error] = std::from_chars(type.data() + 1, type.data() + type.size() - 1, ports);
+  return error == std::errc() && end == type.data() + type.size() - 1 ? ports : 0;
+}
+
+enum class Outcome { Complete, ParserError, Refused };
+
+struct Reading {
+  std::vector<DataPoint> points;
+  Outcome outcome = Outcome::Complete;
+  std::string refusal;
+};
+
+Reading ReadPoints(const std::string& name, const std::string& contents) {
+  Reading reading;
+  auto refuse = [&reading](std::string why) {
+    reading.outcome = Outcome::Refused;
+    reading.refusal = std::move(why);
+    reading.points.clear();
+    return reading;
+  };
+  Options options;
+  LineReader lines(contents);
+  while (const auto raw = lines.Next()) {
+    std::string_view line = raw->substr(0, raw->find('!'));
+    line = Trim(line, " \t");
+    if (line.empty()) continue;
+    const std::vector<std::string> words = Words(line);
+    if (line.front() == '#') {
+      if (!ReadOptions(words, options)) return refuse("The Touchstone option line of " + name + " is not understood: " + std::string(line));
+      continue;
+    }
+    if (line.front() == '[') {
+      const std::string keyword = Lower(line.substr(0, line.find(']') + 1));
+      const std::string value = words.empty() ? "" : words.back();
+      options.version2 = true;
+      if (keyword == "[number of ports]" && value != "1") {
+        return refuse(name + " is a " + value + "-port Touchstone file; load data comes from a one-port file (.s1p).");
+      }
+      if (keyword == "[reference]" && Number(value).value_or(0) > 0) options.reference = *Number(value);
+      if (keyword == "[end]") break;
+      continue;
+    }
+    if (words.size() != 3) {
+      if (words.size() > 3 && words.size() % 2 == 1) {
+        return refuse(name + " holds more than one port; load data comes from a one-port file (.s1p).");
+      }
+      reading.outcome = Outcome::ParserError;
+      break;
+    }
+    const auto frequency = Number(words[0]);
+    const auto a = Number(words[1]);
+    const auto b = Number(words[2]);
+    if (!frequency || !a || !b) {
+      reading.outcome = Outcome::ParserError;
+      break;
+    }
+    if (std::ssize(reading.points) == kMaxLoadPoints) {
+      reading.outcome = Outcome::ParserError;
+      break;
+    }
+    reading.points.push_back({*frequency * options.hertzPerUnit, ImpedanceOf(options, *a, *b)});
+  }
+  if (reading.points.empty() && reading.outcome == Outcome::Complete) {
+    return refuse(name + " holds no data points.");
+  }
+  return reading;
+}
+
+// Full precision, shortest round-tripping text.
+std::string Exact(double value) {
+  char buffer[32];
+  return std::string(buffer, std::to_chars(buffer, buffer + sizeof buffer, value).ptr);
+}
+
+}  // namespace
+
+bool IsTouchstoneName(const std::string& name) { return PortsOfName(name) > 0; }
+
+void ReadTouchstone(Session& session, Dialogs& dialogs, const std::string& name) {
+  session.SavedSweepPoints = session.SweepPoints;
+  session.SweepPoints = 0;
+  const int ports = PortsOfName(name);
+  if (ports != 1) {
+    dialogs.Message(name + " is a " + std::to_string(ports) +
+                    "-port Touchstone file; load data comes from a one-port file (.s1p).");
+    return;
+  }
+  const std::optional<std::string> contents = ReadTextFile(name);
+  if (!contents) {
+    dialogs.Message("Parser error");
+    session.FileName.clear();
+    return;
+  }
+  Reading reading = ReadPoints(name, *contents);
+  if (reading.outcome == Outcome::Refused) {
+    dialogs.Message(reading.refusal);
+    return;
+  }
+  std::stable_sort(reading.points.begin(), reading.points.end(),
+                   [](const DataPoint& a, const DataPoint& b) { return a.frequency < b.frequency; });
+  for (const DataPoint& point : reading.points) {
+    const int n = ++session.SweepPoints;
+    session.LoadFreq[n] = point.frequency;
+    session.LoadR[n] = point.impedance.real();
+    session.LoadX[n] = point.impedance.imag();
+  }
+  if (reading.outcome == Outcome::ParserError) {
+    dialogs.Message("Parser error");
+    session.FileName.clear();
+  }
+}
+
+std::string TouchstoneText(const Session& session, const std::string& dateTime) {
+  std::string text = "! Kalvex " + session.Version + ", " + dateTime + "\n";
+  text += "! input reflection of the network, sweep of " + std::to_string(session.SweepPoints) +
+          " points\n";
+  text += "# Hz S RI R " + Exact(session.SystemZ) + "\n";
+  const SweepIndexes indexes = SweepIndexesOf(session);
+  for (int k = indexes.first; k <= indexes.last; ++k) {
+    const Complex z = Complex(session.SweepR[k], session.SweepX[k]) / session.SystemZ;
+    const Complex gamma = (z - 1.0) / (z + 1.0);
+    text += Exact(session.SweepFreq[k]) + " " + Exact(gamma.real()) + " " + Exact(gamma.imag()) +
+            "\n";
+  }
+  return text;
+}
+
+}  // namespace kalvex

@@ -1,0 +1,126 @@
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <complex>
+#include <fstream>
+
+#include "analysis/sweep.h"
+#include "files/load_data_file.h"
+#include "files/touchstone.h"
+#include "support/fake_dialogs.h"
+#include "support/five_stage_network.h"
+#include "support/temp_dir.h"
+#include "support/test_name.h"
+
+namespace kalvex {
+namespace {
+
+using Complex = std::complex<double>;
+
+struct TouchstoneCase {
+  const char* name;
+  const char* file;      // the file's name: its type says Touchstone
+  const char* contents;
+  std::vector<double> frequencies;
+  std::vector<Complex> loads;  // R + jX in ohms, worked out by hand
+  const char* message;         // nullptr: none
+};
+
+class TouchstoneFiles : public testing::TempDirTest,
+                        public ::testing::WithParamInterface<TouchstoneCase> {};
+
+TEST_P(TouchstoneFiles, GiveTheLoadsInOhms) {
+  const TouchstoneCase& c = GetParam();
+  WriteFile(c.file, c.contents);
+  Session session;
+  InitialiseSession(session);
+  testing::FakeDialogs dialogs;
+  ParseLoadFile(session, dialogs, PathOf(c.file));
+  EXPECT_EQ(dialogs.messages.size(), c.message == nullptr ? 0u : 1u) << c.name;
+  if (c.message != nullptr && !dialogs.messages.empty()) {
+    EXPECT_NE(dialogs.messages[0].text.find(c.message), std::string::npos)
+        << dialogs.messages[0].text;
+  }
+  ASSERT_EQ(session.SweepPoints, std::ssize(c.loads)) << c.name;
+  for (std::size_t k = 0; k < c.loads.size(); ++k) {
+    EXPECT_DOUBLE_EQ(session.LoadFreq[k + 1], c.frequencies[k]) << c.name;
+    EXPECT_NEAR(session.LoadR[k + 1], c.loads[k].real(), 1e-9 * std::abs(c.loads[k])) << c.name;
+    EXPECT_NEAR(session.LoadX[k + 1], c.loads[k].imag(), 1e-9 * std::abs(c.loads[k])) << c.name;
+  }
+}
+
+// Γ = 0.2 + j0.4 at 50 ohms is 50 (1 + Γ) / (1 − Γ) = 50 + j50 ohms.
+// In magnitude and angle 0.4472135955 at 63.4349488229 degrees, -6.98970004336 dB.
+
+INSTANTIATE_TEST_SUITE_P(
+    Variants, TouchstoneFiles,
+    ::testing::Values(
+        TouchstoneCase{"real imaginary in MHz", "ant.s1p", "# MHz S RI R 50\n14 0.2 0.4\n",
+                       {14e6}, {{50, 50}}, nullptr},
+        TouchstoneCase{"defaults GHz S MA R 50", "ant.S1P",
+                       "! measured\n#\n1.5 0.4472135955 63.4349488229\n", {1.5e9}, {{50, 50}}, nullptr},
+        TouchstoneCase{"dB and angle, tabs, comments, blanks before #", "ant.s1p",
+                       "   # kHz S DB R 50 ! option line\n14000\t-6.98970004336\t63.4349488229\n",
+                       {14e6}, {{50, 50}}, nullptr},
+        TouchstoneCase{"unsorted, 75 ohms", "ant.s1p",
+                       "# Hz S RI R 75\n2000 0 0\n1000 0.2 0.4\n", {1000, 2000},
+                       {{75, 75}, {75, 0}}, nullptr},
+        TouchstoneCase{"Z normalised in version 1", "ant.s1p", "# MHz Z RI R 50\n7 0.5 -1\n",
+                       {7e6}, {{25, -50}}, nullptr},
+        TouchstoneCase{"Y normalised in version 1", "ant.s1p", "# MHz Y RI R 50\n7 1 1\n",
+                       {7e6}, {{25, -25}}, nullptr},
+        TouchstoneCase{"version 2 keywords, Z in ohms", "ant.s1p",
+                       "[Version] 2.0\n# MHz Z RI R 50\n[Number of Ports] 1\n"
+                       "[Number of Frequencies] 1\n[Network Data]\n7 25 -50\n[End]\n",
+                       {7e6}, {{25, -50}}, nullptr},
+        TouchstoneCase{"a bad line keeps the points before", "ant.s1p",
+                       "# MHz S RI R 50\n14 0.2 0.4\n15 oops 0\n", {14e6}, {{50, 50}},
+                       "Parser error"},
+        TouchstoneCase{"bad option line", "ant.s1p", "# MHz Q RI R 50\n14 0.2 0.4\n", {}, {},
+                       "option line"},
+        TouchstoneCase{"two-port by its type", "amp.s2p", "# MHz S RI R 50\n", {}, {},
+                       "2-port"},
+        TouchstoneCase{"two-port by its data", "amp.s1p",
+                       "# MHz S RI R 50\n14 0.1 0 0.9 0 0.9 0 0.1 0\n", {}, {}, "one-port"},
+        TouchstoneCase{"no data", "empty.s1p", "! nothing here\n# MHz S RI R 50\n", {}, {},
+                       "no data"}),
+    [](const auto& info) { return testing::TestName(info.param.name); });
+
+TEST(Touchstone, ThousandPointsFitAndMoreDoNot) {
+  std::string contents = "# Hz S RI R 50\n";
+  for (int k = 1; k <= 1001; ++k) contents += std::to_string(k) + " 0 0\n";
+  const std::string path = (std::filesystem::temp_directory_path() / "kalvex-many.s1p").string();
+  std::ofstream(path) << contents;
+  Session session;
+  InitialiseSession(session);
+  testing::FakeDialogs dialogs;
+  ParseLoadFile(session, dialogs, path);
+  std::filesystem::remove(path);
+  EXPECT_EQ(session.SweepPoints, 1000);
+  EXPECT_EQ(dialogs.MessageTexts(), std::vector<std::string>{"Parser error"});
+}
+
+// What the sweep writes as Touchstone reads back to the same impedances.
+TEST(Touchstone, SweepWrittenReadsBack) {
+  Session session = testing::FiveStageNetwork();
+  session.SweepStart = 13e6;
+  session.SweepStop = 15e6;
+  session.SweepPoints = 9;
+  RunSweepPoints(session, SweepUse::Table);
+  const std::string path = (std::filesystem::temp_directory_path() / "kalvex-round.s1p").string();
+  std::ofstream(path) << TouchstoneText(session, "now");
+  Session read;
+  InitialiseSession(read);
+  testing::FakeDialogs dialogs;
+  ParseLoadFile(read, dialogs, path);
+  std::filesystem::remove(path);
+  ASSERT_EQ(read.SweepPoints, 9);
+  for (int k = 0; k < 9; ++k) {
+    EXPECT_EQ(read.LoadFreq[k + 1], session.SweepFreq[k]);
+    EXPECT_NEAR(read.LoadR[k + 1], session.SweepR[k], 1e-9 * std::abs(session.SweepR[k]));
+    EXPECT_NEAR(read.LoadX[k + 1], session.SweepX[k], 1e-9 * std::abs(session.SweepX[k]));
+  }
+}
+
+}  // namespace
+}  // namespace kalvex
