@@ -20,6 +20,11 @@ constexpr std::array kCommands = {
             "      with --touchstone the input reflection as a one-port Touchstone file; to OUT\n"
             "      or standard output",
             RunSweepCommand},
+    Command{"spice", "spice FILE [-o OUT]",
+            "the network of FILE as a SPICE deck for ngspice or LTspice: V(in) is the input\n"
+            "      impedance, over an AC sweep of the file's sweep settings; to OUT or standard\n"
+            "      output",
+            RunSpiceCommand},
     Command{"render",
             "render [FILE] --page welcome|design|analysis [--grid 1..6] [--zoom N] [--aspect A]\n"
             "             [--q-arcs] [--vswr-circle] [--sweep] [--load LOADFILE] [--size WxH] -o OUT",

@@ -20,6 +20,8 @@ int RunImpedanceCommand(const Command& self, const std::vector<std::string>& wor
                  std::ostream& err);
 int RunSweepCommand(const Command& self, const std::vector<std::string>& words, std::ostream& out,
              std::ostream& err);
+int RunSpiceCommand(const Command& self, const std::vector<std::string>& words, std::ostream& out,
+                    std::ostream& err);
 int RunPrintCommand(const Command& self, const std::vector<std::string>& words, std::ostream& out,
                     std::ostream& err);
 int RunRenderCommand(const Command& self, const std::vector<std::string>& words, std::ostream& out,

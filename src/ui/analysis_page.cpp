@@ -12,6 +12,8 @@
 #include "ui/controls.h"
 #include "ui/design_page.h"
 #include "ui/exit_dialog.h"
+#include "ui/keys.h"
+#include "ui/page_renderer.h"
 #include "ui/overlay_setup_dialog.h"
 #include "ui/sweep_setup_dialog.h"
 #include "ui/tabulate_page.h"
@@ -140,6 +142,12 @@ AnalysisPage::AnalysisPage(Session& session, Dialogs& dialogs)
           [this] { TabulatePage(session_, dialogs_, this).exec(); });
   connect(cmdPrint, &QPushButton::clicked, this, [this] { PrintChart(session_, dialogs_); });
   connect(cmdDesign, &QPushButton::clicked, this, &AnalysisPage::GoToDesignPage);
+  BindKeys(this, dialogs_,
+           {{QKeySequence(Qt::CTRL | Qt::Key_P), "Print", [this] { cmdPrint->click(); }},
+            {QKeySequence(Qt::CTRL | Qt::Key_E), "Export the chart as PNG, SVG or PDF",
+             [this] { ExportImage(); }},
+            {QKeySequence(Qt::Key_Plus), "Zoom in", [this] { cmdIn->click(); }},
+            {QKeySequence(Qt::Key_Minus), "Zoom out", [this] { cmdOut->click(); }}});
   connect(cmdExit, &QPushButton::clicked, this,
           [this] { ExitDialog(session_, dialogs_, this).exec(); });
   // A typed factor counts once the user presses Enter or leaves the box, so
@@ -257,6 +265,17 @@ void AnalysisPage::ShowReadout(double x, double y) {
 void AnalysisPage::HideReadout() {
   for (QLabel* label : readoutCaptions) label->hide();
   for (QLabel* label : readoutValues) label->hide();
+}
+
+// The page's drawing as it stands, through the renderer kalvex-cli render
+// uses, at the window's size.
+void AnalysisPage::ExportImage() {
+  const std::string chosen = dialogs_.ChooseSaveFile(
+      "Export chart image",
+      "PNG images (*.png)|*.png|SVG drawings (*.svg)|*.svg|PDF documents (*.pdf)|*.pdf", "");
+  if (chosen.empty()) return;
+  const std::string failure = RenderToFile(Drawing(), kAnalysisPage, width(), height(), chosen);
+  if (!failure.empty()) dialogs_.Message(failure);
 }
 
 void AnalysisPage::GoToDesignPage() {

@@ -74,6 +74,7 @@ class AnalysisPage : public Page {
   void ShowReadout(double x, double y);
   void HideReadout();
   void GoToDesignPage();
+  void ExportImage();
 
   Session& session_;
   Dialogs& dialogs_;

@@ -2,11 +2,14 @@
 
 #include "design/design_values.h"
 #include "design/welcome_pictures.h"
+#include "files/load_data_file.h"
 #include "files/network_file.h"
+#include "files/spice_deck.h"
 #include "model/format.h"
 #include "ui/analysis_page.h"
 #include "ui/controls.h"
 #include "ui/exit_dialog.h"
+#include "ui/keys.h"
 #include "ui/options_page.h"
 
 namespace kalvex {
@@ -86,6 +89,20 @@ DesignPage::DesignPage(Session& session, Dialogs& dialogs)
   connect(cmdSave, &QPushButton::clicked, this, &DesignPage::SaveNetwork);
   connect(cmdGetNet, &QPushButton::clicked, this, &DesignPage::GetNetwork);
   connect(cmdSetup, &QPushButton::clicked, this, &DesignPage::OpenOptions);
+  connect(cmdGetLoad, &QPushButton::clicked, this, [this] {
+    GetLoadData(session_, dialogs_);
+    OpenDesignPage();
+  });
+  connect(cmdSpice, &QPushButton::clicked, this, [this] { WriteSpiceDeck(session_, dialogs_); });
+  BindKeys(this, dialogs_,
+           {{QKeySequence(Qt::CTRL | Qt::Key_O), "Get net", [this] { cmdGetNet->click(); }},
+            {QKeySequence(Qt::CTRL | Qt::Key_S), "Save net", [this] { cmdSave->click(); }},
+            {QKeySequence(Qt::CTRL | Qt::Key_L), "Get freq/load: a load-data or Touchstone file",
+             [this] { cmdGetLoad->click(); }},
+            {QKeySequence(Qt::CTRL | Qt::Key_Comma), "Setup: line length unit and velocity factor",
+             [this] { cmdSetup->click(); }},
+            {QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_E), "Write LTspice: the network as a SPICE deck",
+             [this] { cmdSpice->click(); }}});
   connect(cmdExit, &QPushButton::clicked, this,
           [this] { ExitDialog(session_, dialogs_, this).exec(); });
   FollowLayoutWithTab();

@@ -39,9 +39,12 @@ QMessageBox::Icon IconOf(MessageIcon icon) {
 }  // namespace
 
 QString QtFileFilter(const std::string& filter) {
-  const QString text = QString::fromStdString(filter);
-  const qsizetype bar = text.indexOf('|');
-  return bar < 0 ? text : text.left(bar);
+  // "Name (patterns)|patterns|Name (patterns)|patterns": the names, the first
+  // one selected.
+  const QStringList parts = QString::fromStdString(filter).split('|');
+  QStringList names;
+  for (qsizetype k = 0; k < parts.size(); k += 2) names << parts[k];
+  return names.join(";;");
 }
 
 MessageAnswer QtDialogs::Message(const std::string& text, const std::string& title,

@@ -22,7 +22,8 @@ class QtDialogs : public Dialogs {
   std::string LocalDateTime() override;
 };
 
-// "Kalvex files (*.SSF)|*.SSF" as a Qt chooser filter: "Kalvex files (*.SSF)".
+// "Kalvex files (*.SSF)|*.SSF" as a Qt chooser filter: "Kalvex files (*.SSF)";
+// several filters are joined by ";;".
 QString QtFileFilter(const std::string& filter);
 
 }  // namespace kalvex

@@ -424,5 +424,36 @@ TEST_F(AnalysisPageTest, TabulatePageListsTheRowBuildersRowsAndWritesThemToAFile
   EXPECT_EQ(session.FileName, "sweep");
 }
 
+// The keys do what the buttons do, the hidden ones included.
+TEST_F(DesignPageTest, KeysReachTheHiddenCommands) {
+  QApplication::setActiveWindow(page.get());
+  WriteFile("band.RJX", "14M, 40, -5\r\n14.1M, 45, 0\r\n14.2M, 50, 5\r\n");
+  dialogs.fileNames.push_back("band.RJX");
+  QTest::keyClick(page.get(), Qt::Key_L, Qt::ControlModifier);
+  EXPECT_EQ(dialogs.chooserTitles.back(), "Get frequencies and load data");
+  EXPECT_EQ(session.LoadSource, 2);
+  EXPECT_EQ(session.Frequency, 14.1e6);
+  EXPECT_EQ(page->txtFrequency->text(), " 14.1 M");  // the page drawn again
+  dialogs.fileNames.push_back("deck");
+  QTest::keyClick(page.get(), Qt::Key_E, Qt::ControlModifier | Qt::ShiftModifier);
+  EXPECT_TRUE(ReadFile("deck.cir").ends_with(".end\n"));
+  dialogs.fileNames.push_back("saved");
+  QTest::keyClick(page.get(), Qt::Key_S, Qt::ControlModifier);
+  EXPECT_TRUE(std::filesystem::exists("saved.SSF"));
+  QTest::keyClick(page.get(), Qt::Key_F1);
+  EXPECT_EQ(dialogs.messages.back().title, "Kalvex keys");
+  EXPECT_NE(dialogs.messages.back().text.find("Write LTspice"), std::string::npos);
+}
+
+TEST_F(AnalysisPageTest, KeysZoomAndExportTheChart) {
+  QApplication::setActiveWindow(page.get());
+  QTest::keyClick(page.get(), Qt::Key_Plus);
+  EXPECT_FLOAT_EQ(session.ChartZoom, std::sqrt(2.0f));
+  EXPECT_TRUE(page->cmdOut->isEnabled());
+  dialogs.fileNames.push_back("chart.png");
+  QTest::keyClick(page.get(), Qt::Key_E, Qt::ControlModifier);
+  EXPECT_EQ(QImage("chart.png").size(), page->size());
+}
+
 }  // namespace
 }  // namespace kalvex

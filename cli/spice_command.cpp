@@ -1,0 +1,35 @@
+#include "cli.h"
+#include "cli_options.h"
+#include "commands.h"
+#include "console_dialogs.h"
+#include "files/network_file.h"
+#include "files/safe_write.h"
+#include "files/spice_deck.h"
+
+namespace kalvex {
+
+int RunSpiceCommand(const Command& command, const std::vector<std::string>& words,
+                    std::ostream& out, std::ostream& err) {
+  std::string problem;
+  const auto arguments = SplitArguments(words, {"-o"}, {}, problem);
+  if (!arguments) return UsageError(command, problem, err);
+  if (arguments->positional.size() != 1) return UsageError(command, "one FILE is needed", err);
+  Session session;
+  InitialiseSession(session);
+  ConsoleDialogs dialogs(err);
+  if (!ReadNetworkFile(session, dialogs, arguments->positional.front())) return kExitFailed;
+  session.FileName = arguments->positional.front();
+  const std::string deck = SpiceDeckText(session);
+  const auto output = arguments->Option("-o");
+  if (!output) {
+    out << deck;
+    return kExitOk;
+  }
+  if (const std::string failure = WriteFileSafely(*output, deck); !failure.empty()) {
+    err << "kalvex-cli spice: " << failure << "\n";
+    return kExitFailed;
+  }
+  return kExitOk;
+}
+
+}  // namespace kalvex

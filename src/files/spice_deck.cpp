@@ -1,0 +1,190 @@
+#include "files/spice_deck.h"
+
+#include <charconv>
+#include <cmath>
+#include <numbers>
+#include <vector>
+
+#include "files/safe_write.h"
+#include "files/text_file.h"
+#include "model/format.h"
+
+namespace kalvex {
+namespace {
+
+// SPICE reads "1M" as a thousandth: numbers go out in exponent form only.
+std::string Num(double value) {
+  char buffer[32];
+  return std::string(buffer, std::to_chars(buffer, buffer + sizeof buffer, value,
+                                           std::chars_format::general, 12)
+                                 .ptr);
+}
+
+class Deck {
+ public:
+  explicit Deck(double frequency) : omega_(2 * std::numbers::pi * frequency) {}
+
+  void Line(const std::string& line) { text_ += line + "\n"; }
+  void Comment(const std::string& line) { Line("* " + line); }
+  std::string NewNode() {
+    nodes_.push_back("n" + std::to_string(nodes_.size() + 1));
+    return nodes_.back();
+  }
+
+  // A capacitor or an inductor with its loss resistor |X| / Q at the working
+  // frequency, from `a` to `b`; a Q of 0 is an ideal part.
+  void Part(const std::string& name, bool capacitor, double value, double q,
+            const std::string& a, const std::string& b) {
+    const double x = capacitor ? 1 / (omega_ * value) : omega_ * value;
+    const std::string middle = q > 0 ? NewNode() : b;
+    const std::string letter = capacitor ? "C" : "L";
+    Line(letter + name + " " + a + " " + middle + " " + Num(value));
+    if (q > 0) Line("R" + letter + name + " " + middle + " " + b + " " + Num(std::fabs(x / q)));
+  }
+
+  // A lossless line of `degrees` at `reference` Hz: its delay gives that length there.
+  void Transmission(const std::string& name, const std::string& a1, const std::string& a2,
+                    const std::string& b1, const std::string& b2, double degrees,
+                    double reference, double z0) {
+    Line("T" + name + " " + a1 + " " + a2 + " " + b1 + " " + b2 + " Z0=" + Num(z0) +
+         " TD=" + Num(degrees / 360 / reference));
+  }
+
+  const std::vector<std::string>& Nodes() const { return nodes_; }
+  const std::string& Text() const { return text_; }
+  double Omega() const { return omega_; }
+
+ private:
+  double omega_;
+  std::vector<std::string> nodes_;
+  std::string text_;
+};
+
+const char* const kPartNames[] = {"",
+                                  "series capacitor",
+                                  "shunt capacitor",
+                                  "series inductor",
+                                  "shunt inductor",
+                                  "line section",
+                                  "series shorted stub",
+                                  "series open stub",
+                                  "shunt shorted stub",
+                                  "shunt open stub",
+                                  "shunt series LC",
+                                  "series parallel LC",
+                                  "series resistor",
+                                  "shunt resistor"};
+
+// One stage from node `in`; returns the node it leaves the signal on.
+std::string Stage(Deck& deck, int s, int16_t type, const std::array<double, kSlotCount>& v,
+                  double frequency, const std::string& in) {
+  const std::string name = std::to_string(s);
+  deck.Comment("Stage " + name + ": " + kPartNames[type]);
+  // A line or stub whose length is given without a reference frequency keeps
+  // that length at the working frequency.
+  const double reference = v[2] > 0 ? v[2] : frequency;
+  switch (type) {
+    case SeriesCapacitor: case SeriesInductor: {
+      const std::string out = deck.NewNode();
+      deck.Part(name, type == SeriesCapacitor, v[1], v[2], in, out);
+      return out;
+    }
+    case ShuntCapacitor: case ShuntInductor:
+      deck.Part(name, type == ShuntCapacitor, v[1], v[2], in, "0");
+      return in;
+    case SeriesLine: {
+      const std::string out = deck.NewNode();
+      deck.Transmission(name, in, "0", out, "0", v[1], reference, v[3]);
+      return out;
+    }
+    case SeriesShortedStub: case SeriesOpenStub: {
+      // The stub's input stands in the line, between `in` and `out`, floating.
+      const std::string out = deck.NewNode();
+      const std::string end = deck.NewNode();
+      deck.Transmission(name, in, out, end, type == SeriesShortedStub ? end : deck.NewNode(),
+                        v[1], reference, v[3]);
+      return out;
+    }
+    case ShuntShortedStub: case ShuntOpenStub:
+      deck.Transmission(name, in, "0", type == ShuntShortedStub ? "0" : deck.NewNode(), "0", v[1],
+                        reference, v[3]);
+      return in;
+    case ShuntSeriesLC: {
+      const std::string middle = deck.NewNode();
+      deck.Part(name, false, v[1], v[2], in, middle);
+      deck.Part(name, true, v[3], v[4], middle, "0");
+      return in;
+    }
+    case SeriesParallelLC: {
+      const std::string out = deck.NewNode();
+      deck.Part(name, false, v[1], v[2], in, out);
+      deck.Part(name, true, v[3], v[4], in, out);
+      return out;
+    }
+    case SeriesResistor: {
+      const std::string out = deck.NewNode();
+      deck.Line("R" + name + " " + in + " " + out + " " + Num(v[1]));
+      return out;
+    }
+    case ShuntResistor:
+      deck.Line("R" + name + " " + in + " 0 " + Num(v[1]));
+      return in;
+    default: return in;
+  }
+}
+
+}  // namespace
+
+std::string SpiceDeckText(const Session& session) {
+  const double f = session.Frequency;
+  Deck deck(f);
+  const std::string name = session.FileName.empty() ? "(not saved)" : session.FileName;
+  deck.Line("Kalvex network " + name + " at " + Num(f) + " Hz");
+  deck.Comment("Written by Kalvex " + session.Version + ". Working frequency " + Num(f) + " Hz.");
+  deck.Comment("I1 drives the generator end with 1 A, so V(in) is the input impedance in ohms.");
+
+  const double r = session.Value[0][1];
+  const double x = session.Value[0][2];
+  deck.Comment("Load " + Num(r) + (x < 0 ? " - j" : " + j") + Num(std::fabs(x)) +
+               " ohms: its resistance, and the part with its reactance at the working frequency.");
+  std::string node = deck.NewNode();
+  if (x == 0) {
+    deck.Line("RLOAD " + node + " 0 " + Num(r));
+  } else {
+    const std::string middle = deck.NewNode();
+    deck.Line("RLOAD " + node + " " + middle + " " + Num(r));
+    deck.Line(x > 0 ? "LLOAD " + middle + " 0 " + Num(x / deck.Omega())
+                    : "CLOAD " + middle + " 0 " + Num(1 / (deck.Omega() * -x)));
+  }
+  for (int s = 1; s <= kLastStage; ++s) {
+    const int16_t type = session.ElementType[s];
+    if (type >= SeriesCapacitor && type <= ShuntResistor) {
+      node = Stage(deck, s, type, session.Value[s], f, node);
+    }
+  }
+
+  std::string text = deck.Text();
+  text += "I1 0 in AC 1\n";
+  text += "VIN in " + node + " 0\n";
+  text += "* Every node is tied to ground by 1e12 ohms, so that none floats for the DC\n"
+          "* operating point; at these frequencies they change nothing.\n";
+  for (const std::string& n : deck.Nodes()) text += "RDC" + n + " " + n + " 0 1e12\n";
+  const int points = std::max<int>(session.SweepPoints, 1);
+  text += ".ac lin " + std::to_string(points) + " " + Num(session.SweepStart) + " " +
+          Num(session.SweepStop) + "\n";
+  text += ".print ac vr(in) vi(in)\n";
+  text += ".end\n";
+  return text;
+}
+
+bool WriteSpiceDeck(const Session& session, Dialogs& dialogs) {
+  const std::string name = WithFileType(
+      dialogs.ChooseSaveFile(kSpiceDeckTitle, kSpiceDeckFilter, session.FileName), ".cir");
+  if (name.empty()) return false;
+  const std::string failure = WriteFileSafely(name, SpiceDeckText(session));
+  if (failure.empty()) return true;
+  dialogs.Message(failure);
+  return false;
+}
+
+}  // namespace kalvex

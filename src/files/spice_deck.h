@@ -1,0 +1,26 @@
+#pragma once
+
+#include <string>
+
+#include "model/session.h"
+#include "platform/dialogs.h"
+
+namespace kalvex {
+
+inline constexpr const char* kSpiceDeckTitle = "Write LTspice deck";
+inline constexpr const char* kSpiceDeckFilter = "SPICE decks (*.cir)|*.cir";
+
+// The network as a SPICE deck that ngspice and LTspice both run: the load as
+// its resistance and the inductor or capacitor with its reactance at the
+// working frequency, each part with its Q loss as a series resistor |X| / Q at
+// the working frequency, lines and stubs as lossless T elements, the
+// generator end driven by "I1 0 in AC 1" so that V(in) is the input impedance,
+// and an AC sweep over the sweep settings. Numbers are plain exponent forms.
+std::string SpiceDeckText(const Session& session);
+
+// "Write LTspice": the save chooser, then the deck under the chosen name with
+// its type made ".cir"; a failure says "cannot write …". Returns true when
+// written.
+bool WriteSpiceDeck(const Session& session, Dialogs& dialogs);
+
+}  // namespace kalvex

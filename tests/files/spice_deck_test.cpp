@@ -1,0 +1,106 @@
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <complex>
+#include <cstdio>
+#include <fstream>
+#include <sstream>
+
+#include "files/spice_deck.h"
+#include "model/calculate.h"
+#include "support/temp_dir.h"
+#include "support/test_name.h"
+
+namespace kalvex {
+namespace {
+
+struct DeckCase {
+  const char* name;
+  int16_t type;
+  std::array<double, 5> values;  // Value(s, 1..4)
+};
+
+class SpiceDecks : public testing::TempDirTest, public ::testing::WithParamInterface<DeckCase> {
+ protected:
+  // V(in) at the one frequency of the deck's sweep, as ngspice computes it.
+  std::optional<std::complex<double>> RunNgspice(const std::string& deck) {
+    WriteFile("deck.cir", deck);
+    const std::string command = "ngspice -b '" + PathOf("deck.cir") + "' 2>&1";
+    FILE* pipe = ::popen(command.c_str(), "r");
+    if (pipe == nullptr) return std::nullopt;
+    std::string output;
+    char buffer[4096];
+    while (std::fgets(buffer, sizeof buffer, pipe) != nullptr) output += buffer;
+    ::pclose(pipe);
+    std::istringstream lines(output);
+    for (std::string line; std::getline(lines, line);) {
+      int index = 0;
+      double frequency = 0, re = 0, im = 0;
+      if (std::sscanf(line.c_str(), "%d %lf %lf %lf", &index, &frequency, &re, &im) == 4) {
+        return std::complex<double>(re, im);
+      }
+    }
+    ADD_FAILURE() << output;
+    return std::nullopt;
+  }
+};
+
+// Each part type between a reactive load and a series inductor, run by
+// ngspice at the working frequency: V(in) is the input impedance the
+// calculation gives.
+TEST_P(SpiceDecks, NgspiceFindsTheCalculatedInputImpedance) {
+  if (std::system("ngspice --version >/dev/null 2>&1") != 0) {
+    GTEST_SKIP() << "ngspice is not installed: the deck is not run";
+  }
+  Session session;
+  InitialiseSession(session);
+  session.LoadSource = 1;
+  session.Frequency = 10e6;
+  session.Value[0][1] = 30;
+  session.Value[0][2] = -20;
+  session.ElementType[2] = GetParam().type;
+  for (int k = 1; k <= 4; ++k) session.Value[2][k] = GetParam().values[k];
+  session.ElementType[4] = SeriesInductor;
+  session.Value[4] = {0, 0.3e-6, 200};
+  session.SweepStart = session.SweepStop = 10e6;
+  session.SweepPoints = 1;
+  CalculateNetwork(session, 0);
+  const std::complex<double> expected(session.InputR, session.InputX);
+  const auto simulated = RunNgspice(SpiceDeckText(session));
+  ASSERT_TRUE(simulated.has_value());
+  // ngspice prints seven significant digits.
+  EXPECT_LT(std::abs(*simulated - expected), 1e-6 * std::abs(expected))
+      << GetParam().name << ": " << *simulated << " against " << expected;
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    AllThirteen, SpiceDecks,
+    ::testing::Values(DeckCase{"series C", SeriesCapacitor, {0, 220e-12, 500}},
+                      DeckCase{"shunt C", ShuntCapacitor, {0, 220e-12, 500}},
+                      DeckCase{"series L", SeriesInductor, {0, 2e-6, 150}},
+                      DeckCase{"shunt L", ShuntInductor, {0, 2e-6, 150}},
+                      DeckCase{"line", SeriesLine, {0, 40, 5e6, 75}},
+                      DeckCase{"series shorted stub", SeriesShortedStub, {0, 40, 5e6, 75}},
+                      DeckCase{"series open stub", SeriesOpenStub, {0, 40, 5e6, 75}},
+                      DeckCase{"shunt shorted stub", ShuntShortedStub, {0, 40, 5e6, 75}},
+                      DeckCase{"shunt open stub", ShuntOpenStub, {0, 40, 5e6, 75}},
+                      DeckCase{"shunt series LC", ShuntSeriesLC, {0, 1e-6, 100, 300e-12, 800}},
+                      DeckCase{"series parallel LC", SeriesParallelLC, {0, 1e-6, 100, 300e-12, 800}},
+                      DeckCase{"series R", SeriesResistor, {0, 15}},
+                      DeckCase{"shunt R", ShuntResistor, {0, 15}}),
+    [](const auto& info) { return testing::TestName(info.param.name); });
+
+TEST(SpiceDeck, WritesPlainExponentsAndTheSweep) {
+  Session session;
+  InitialiseSession(session);
+  session.ElementType[1] = SeriesInductor;
+  session.Value[1] = {0, 1.2e-6, 0};
+  const std::string deck = SpiceDeckText(session);
+  EXPECT_NE(deck.find("L1 n1 n2 1.2e-06\n"), std::string::npos) << deck;
+  EXPECT_NE(deck.find("I1 0 in AC 1\n"), std::string::npos);
+  EXPECT_NE(deck.find(".ac lin 21 900000 1100000\n"), std::string::npos);
+  EXPECT_TRUE(deck.ends_with(".end\n"));
+}
+
+}  // namespace
+}  // namespace kalvex
