@@ -1,9 +1,11 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <numbers>
 
 #include "analysis/redraw.h"
 #include "chart/chart_view.h"
+#include "chart/grids.h"
 #include "chart/network_path.h"
 #include "chart/readout.h"
 #include "model/calculate.h"
@@ -42,72 +44,92 @@ class RedrawTest : public ::testing::Test {
 struct GridCase {
   int16_t type;
   bool impedance, admittance;
-  Colour outline;
+  Colour admittanceColour, impedanceColour;
 };
+
+constexpr Colour kStrongRed = RGB(255, 17, 17);
+constexpr Colour kStrongGreen = RGB(17, 136, 17);
+constexpr Colour kKept = RGB(1, 2, 3);  // a colour the type leaves as it was
 
 class GridTypes : public RedrawTest, public ::testing::WithParamInterface<GridCase> {};
 
 TEST_P(GridTypes, DrawTheirGridsInTheirColours) {
-  session.GridType = GetParam().type;
+  const GridCase& c = GetParam();
+  session.GridType = c.type;
+  session.AdmittanceGridColour = session.ImpedanceGridColour = kKept;
   RedrawChart(session, list);
-  EXPECT_EQ(Label("+5", session.ImpedanceGridColour) != nullptr, GetParam().impedance);
-  EXPECT_EQ(Label("-.5", session.AdmittanceGridColour) != nullptr, GetParam().admittance);
-  EXPECT_EQ(HasLinesIn(RGB(255, 170, 170)), GetParam().impedance);  // the fine lines
-  // The real axis is the first line in the outline colour.
-  const auto outline = testing::LinesIn(list, GetParam().outline);
-  ASSERT_FALSE(outline.empty());
-  EXPECT_TRUE(std::find(testing::Texts(list).begin(), testing::Texts(list).end(),
-                        "Chart normalized to 50 ohms") != testing::Texts(list).end());
+  EXPECT_EQ(session.AdmittanceGridColour, c.admittanceColour);
+  EXPECT_EQ(session.ImpedanceGridColour, c.impedanceColour);
+  EXPECT_EQ(Label("+5", c.impedanceColour) != nullptr, c.impedance);
+  EXPECT_EQ(Label("-.5", c.admittanceColour) != nullptr, c.admittance);
+  EXPECT_EQ(HasLinesIn(RGB(255, 170, 170)), c.impedance);  // the fine lines
 }
 
-INSTANTIATE_TEST_SUITE_P(SixTypes, GridTypes,
-                         ::testing::Values(GridCase{1, true, false, RGB(255, 17, 17)},
-                                           GridCase{2, true, true, RGB(255, 17, 17)},
-                                           GridCase{3, true, true, RGB(17, 136, 17)},
-                                           GridCase{4, true, true, RGB(17, 136, 17)},
-                                           GridCase{5, false, true, RGB(17, 136, 17)},
-                                           GridCase{6, false, false, RGB(255, 17, 17)}));
+INSTANTIATE_TEST_SUITE_P(
+    SixTypes, GridTypes,
+    ::testing::Values(GridCase{1, true, false, kKept, kStrongRed},
+                      GridCase{2, true, true, RGB(102, 255, 102), kStrongRed},
+                      GridCase{3, true, true, kStrongGreen, kStrongRed},
+                      GridCase{4, true, true, kStrongGreen, RGB(255, 153, 153)},
+                      GridCase{5, false, true, kStrongGreen, kKept},
+                      GridCase{6, false, false, kStrongRed, kKept}));
 
-TEST_F(RedrawTest, GridColoursFollowTheType) {
-  const Colour expected[][2] = {{0, RGB(255, 17, 17)},
-                                {RGB(102, 255, 102), RGB(255, 17, 17)},
-                                {RGB(17, 136, 17), RGB(255, 17, 17)},
-                                {RGB(17, 136, 17), RGB(255, 153, 153)},
-                                {RGB(17, 136, 17), RGB(255, 153, 153)},  // impedance kept
-                                {RGB(255, 17, 17), RGB(255, 153, 153)}};
-  for (int type = 1; type <= 6; ++type) {
-    session.GridType = static_cast<int16_t>(type);
-    RedrawChart(session, list);
-    EXPECT_EQ(session.AdmittanceGridColour, expected[type - 1][0]) << type;
-    EXPECT_EQ(session.ImpedanceGridColour, expected[type - 1][1]) << type;
-  }
-  int16_t visited[7] = {};
-  session.GridType = 1;
-  for (int click = 0; click < 7; ++click) {
-    StepGridType(session);
-    ++visited[session.GridType];
-  }
+TEST_F(RedrawTest, GridTypeStepsRoundFromSixToOne) {
+  session.GridType = 6;
+  StepGridType(session);
+  EXPECT_EQ(session.GridType, 1);
+  StepGridType(session);
   EXPECT_EQ(session.GridType, 2);
-  for (int type = 1; type <= 6; ++type) EXPECT_GE(visited[type], 1);
 }
 
+// The impedance grid's fine lines, counted from their formulas: 19 circles of
+// 180 chords (r = 0, .1 .. .9, 1, 1.2 .. 1.8, 2, 3, 4, 5) and 36 arcs (±x for
+// the same values but 0) from where they leave the unit circle, a0 = 90 +
+// 2 arctan(1/x) in single precision, to 270 in steps of 2.
+TEST_F(RedrawTest, FineImpedanceLinesFollowTheirFormulas) {
+  const ChartView view = ChartView::Of(session);
+  DrawImpedanceGrid(list, view, kStrongRed);
+  std::vector<double> xs;
+  for (float x = 0.1f; x < 1; x += 0.1f) xs.push_back(x);
+  for (float x = 1; x < 2; x += 0.2f) xs.push_back(x);
+  for (const double x : {2, 3, 4, 5}) xs.push_back(x);
+  std::size_t arcChords = 0;
+  for (const double x : xs) {
+    const float a0 = static_cast<float>(90 + 2 * std::atan(1 / x) * 180 / std::numbers::pi);
+    arcChords += 2 * static_cast<std::size_t>(std::floor((270 - a0) / 2));
+  }
+  const auto fine = testing::LinesIn(list, RGB(255, 170, 170));
+  EXPECT_EQ(fine.size(), 19 * 180 + arcChords);
+  for (const DrawCommand& line : fine) {
+    const Gamma g = view.PageToGamma(line.a);
+    EXPECT_LE(std::hypot(g.u, g.v), 1 + 1e-6);  // no fine line outside the chart
+  }
+}
+
+// Labels stand at their formulas in two different views.
 TEST_F(RedrawTest, LabelsStandAtTheirFormulas) {
-  session.GridType = 3;
-  session.ChartAspect = 0.5f;
-  ZoomIn(session);
-  RedrawChart(session, list);
-  const double r = session.ChartRadius;
-  const DrawCommand* plus5 = Label("+5", RGB(255, 17, 17));
-  ASSERT_NE(plus5, nullptr);
-  EXPECT_NEAR(plus5->a.x, 8000 + 0.5 * 0.92 * r + 15, 1e-6);
-  EXPECT_NEAR(plus5->a.y, 5000 - 0.39 * r - 210, 1e-6);
-  const DrawCommand* minusHalf = Label("-.5", RGB(255, 17, 17));
-  ASSERT_NE(minusHalf, nullptr);
-  EXPECT_NEAR(minusHalf->a.x, 8000 - 0.5 * (0.62 * r + 180), 1e-6);
-  const DrawCommand* admittanceTwo = Label("+2", RGB(17, 136, 17));
-  ASSERT_NE(admittanceTwo, nullptr);
-  EXPECT_NEAR(admittanceTwo->a.x, 8000 - 0.5 * (0.62 * r - 60), 1e-6);
-  EXPECT_NEAR(admittanceTwo->a.y, 5000 + 0.82 * r + 30, 1e-6);
+  for (const ChartView view : {ChartView{8000, 5000, 3000 * std::sqrt(2.0), 0.5},
+                               ChartView{6500, 5200, 3000, 1.25}}) {
+    list.Reset();
+    DrawImpedanceGrid(list, view, kStrongRed);
+    DrawAdmittanceGrid(list, view, kStrongGreen);
+    const double xc = view.centreX, yc = view.centreY, a = view.aspect, r = view.radius;
+    struct Expected {
+      const char* text;
+      Colour colour;
+      double x, y;
+    };
+    for (const Expected e : {Expected{"+5", kStrongRed, xc + a * 0.92 * r + 15, yc - 0.39 * r - 210},
+                             Expected{"-.5", kStrongRed, xc - a * (0.62 * r + 180), yc + 0.82 * r - 90},
+                             Expected{"+1", kStrongRed, xc - 180, yc - 0.999 * r - 240},
+                             Expected{"+2", kStrongGreen, xc - a * (0.62 * r - 60), yc + 0.82 * r + 30},
+                             Expected{"0", kStrongGreen, xc + a * 1.02 * r, yc - 120}}) {
+      const DrawCommand* label = Label(e.text, e.colour);
+      ASSERT_NE(label, nullptr) << e.text;
+      EXPECT_NEAR(label->a.x, e.x, 1e-6) << e.text;
+      EXPECT_NEAR(label->a.y, e.y, 1e-6) << e.text;
+    }
+  }
 }
 
 TEST_F(RedrawTest, CaptionShowsTheSystemImpedance) {
@@ -116,34 +138,19 @@ TEST_F(RedrawTest, CaptionShowsTheSystemImpedance) {
   EXPECT_EQ(ChartCaption(0.5), "Chart normalized to .5 ohms");
 }
 
-TEST_F(RedrawTest, PathRunsFromTheLoadToTheInputImpedance) {
+TEST_F(RedrawTest, PathIsPaintedInTheStageColoursFromADot) {
   const Session network = testing::FiveStageNetwork();
   session.ElementType = network.ElementType;
   session.Value = network.Value;
-  session.Frequency = network.Frequency;
-  const auto before = session.Value;
   DrawNetworkArcs(session, list);
-  EXPECT_EQ(session.Value, before);
-  EXPECT_EQ(session.ArcColour, 0);
-
-  const ChartView view = ChartView::Of(session);
-  const auto dots = testing::OfKind(list, Kind::Ellipse);
-  ASSERT_EQ(dots.size(), 1u);  // the first point
-  // Every stage starts neutral, a thousandth away from no effect at all.
-  const Point load = view.GammaToPage(ImpedanceToGamma(36, -20, 50));
-  EXPECT_NEAR(dots[0].a.x, load.x, 5);
-  EXPECT_NEAR(dots[0].a.y, load.y, 5);
-
+  ASSERT_EQ(testing::OfKind(list, Kind::Ellipse).size(), 1u);  // the first point
   const auto lines = testing::OfKind(list, Kind::Line);
   ASSERT_EQ(lines.size(), 4999u);
-  Session full = session;
-  CalculateNetwork(full, 1);
-  const Point input = view.GammaToPage(ImpedanceToGamma(full.InputR, full.InputX, 50));
-  // The last step is t = 0.9999907, a hair short of the full value.
-  EXPECT_NEAR(lines.back().b.x, input.x, 1.0);
-  EXPECT_NEAR(lines.back().b.y, input.y, 1.0);
-  EXPECT_EQ(lines.front().colour, StageArcColour(1));
-  EXPECT_EQ(lines.back().colour, StageArcColour(5));
+  for (int stage = 1; stage <= 5; ++stage) {
+    EXPECT_EQ(lines[1000 * stage - 2].colour, StageArcColour(stage)) << stage;
+  }
+  EXPECT_EQ(StageArcColour(4), RGB(238, 153, 17));
+  EXPECT_EQ(session.ArcColour, 0);
 }
 
 TEST_F(RedrawTest, SeriesInductorClimbsTheUnitResistanceCircle) {
@@ -211,12 +218,27 @@ INSTANTIATE_TEST_SUITE_P(
         ReadoutCase{0, 0.5, " 0.5 @ 90 \u00b0", " 3:1   ", " 6.0206dB", " 30 ", " 40 ",
                     " 0.012 ", " -0.016 "}));
 
-TEST_F(RedrawTest, ReadoutOnTheCircleStaysFinite) {
-  const Readout readout = ReadoutAt(session, 8000 - 0.75 * 3000, 5000);  // Γ = −1
-  EXPECT_TRUE(readout.inside);
-  EXPECT_EQ(readout.rho, " 1 @ 180 \u00b0");
-  EXPECT_EQ(readout.vswr, " >1000:1   ");
-  EXPECT_EQ(readout.returnLoss, " 0dB");
+TEST_F(RedrawTest, ReadoutBoundaries) {
+  const Readout rim = ReadoutAt(session, 8000 - 0.75 * 3000, 5000);  // Γ = −1 exactly
+  EXPECT_TRUE(rim.inside);
+  EXPECT_EQ(rim.rho, " 1 @ 180 \u00b0");
+  EXPECT_EQ(rim.vswr, " >1000:1   ");
+  EXPECT_EQ(rim.returnLoss, " 0dB");
+  // VSWR 999 shows its number, 1000 the limit; return loss 120 dB its number.
+  const auto at = [this](double rho) {
+    return ReadoutAt(session, 8000 + 0.75 * 3000 * rho, 5000);
+  };
+  EXPECT_EQ(at(998.0 / 1000).vswr, " 999:1   ");
+  EXPECT_EQ(at(999.0 / 1001).vswr, " >1000:1   ");
+  EXPECT_EQ(at(1.01e-6).returnLoss, " 119.91dB");
+  EXPECT_EQ(at(0.99e-6).returnLoss, ">120dB");
+  EXPECT_FALSE(at(1.01).inside);
+}
+
+TEST(Reflection, VSWROfAReflectionAboveOne) {
+  EXPECT_DOUBLE_EQ(VSWROf(2), 3);  // |(1 + 2) / (1 − 2)|
+  EXPECT_DOUBLE_EQ(VSWROf(0.5), 3);
+  EXPECT_EQ(VSWROf(1), 1e6);
 }
 
 }  // namespace

@@ -58,56 +58,39 @@ INSTANTIATE_TEST_SUITE_P(Gallery, SymbolWidths,
                                                     {-1, 760, 600, 1000, 600, 1060, 740, 840, 920,
                                                      920, 400, 840, 880, 400})));
 
-struct MemberCase {
-  const char* name;
-  SymbolFamily family;
-  void (*draw)(SymbolPen&);
-  double width;  // unscaled
-};
-
-class OtherMembers : public ::testing::TestWithParam<MemberCase> {};
-
-TEST_P(OtherMembers, AdvanceByTheirWidth) {
-  DisplayList list;
-  SymbolPen pen(list, GetParam().family, kRv, kS);
-  pen.DrawElementSymbol(-1);  // not a type: draws nothing
-  EXPECT_TRUE(list.Commands().empty());
-  GetParam().draw(pen);
-  const double scale = GetParam().family == SymbolFamily::Strip ? kS : 1;
-  EXPECT_NEAR(pen.ListX, GetParam().width * scale, 1e-9) << GetParam().name;
+// Which symbol a type gets: a shorted stub's far end returns to the rail
+// where an open one stops, and the shunt forms reach down to the ground rail
+// from the signal rail where the series forms do not.
+TEST(Symbols, EachTypeDrawsItsOwnForm) {
+  for (const SymbolFamily family : {SymbolFamily::Design, SymbolFamily::Strip}) {
+    auto lines = [family](int type) {
+      DisplayList list;
+      SymbolPen pen(list, family, kRv, kS);
+      pen.ListY = 500;
+      pen.DrawElementSymbol(type);
+      return testing::OfKind(list, Kind::Line);
+    };
+    EXPECT_GT(lines(SeriesShortedStub).size(), lines(SeriesOpenStub).size());
+    EXPECT_GT(lines(ShuntShortedStub).size(), lines(ShuntOpenStub).size());
+    const double ground = 500 + 1040 * (family == SymbolFamily::Strip ? kS : 1);
+    auto reachesGround = [&](int type) {
+      for (const DrawCommand& line : lines(type)) {
+        if (std::fabs(line.a.x - line.b.x) < 1e-6 &&
+            std::fabs(std::max(line.a.y, line.b.y) - ground) < 1e-3 &&
+            std::fabs(line.a.y - line.b.y) > 50) {
+          return true;
+        }
+      }
+      return false;
+    };
+    for (const int shunt : {ShuntCapacitor, ShuntInductor, ShuntSeriesLC, ShuntResistor}) {
+      EXPECT_TRUE(reachesGround(shunt)) << shunt;
+    }
+    for (const int series : {SeriesCapacitor, SeriesInductor, SeriesParallelLC, SeriesResistor}) {
+      EXPECT_FALSE(reachesGround(series)) << series;
+    }
+  }
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Family, OtherMembers,
-    ::testing::Values(
-        MemberCase{"design lead", SymbolFamily::Design, [](SymbolPen& p) { p.DrawLead(); }, 160},
-        MemberCase{"strip lead", SymbolFamily::Strip, [](SymbolPen& p) { p.DrawLead(); }, 300},
-        MemberCase{"gallery lead", SymbolFamily::Gallery, [](SymbolPen& p) { p.DrawLead(); }, 100},
-        MemberCase{"design separator", SymbolFamily::Design,
-                   [](SymbolPen& p) { p.DrawStageSeparator(); }, 320},
-        MemberCase{"strip separator", SymbolFamily::Strip,
-                   [](SymbolPen& p) { p.DrawStageSeparator(); }, 0},
-        MemberCase{"library separator", SymbolFamily::Design,
-                   [](SymbolPen& p) { p.DrawLibrarySeparator(); }, 120},
-        MemberCase{"design generator", SymbolFamily::Design,
-                   [](SymbolPen& p) { p.DrawGenerator(50); }, 0},
-        MemberCase{"strip generator", SymbolFamily::Strip,
-                   [](SymbolPen& p) { p.DrawGenerator(50); }, 300},
-        MemberCase{"design resistive load", SymbolFamily::Design,
-                   [](SymbolPen& p) { p.DrawLoadSymbol(0); }, 480},
-        MemberCase{"design inductive load", SymbolFamily::Design,
-                   [](SymbolPen& p) { p.DrawLoadSymbol(5); }, 1060},
-        MemberCase{"design capacitive load", SymbolFamily::Design,
-                   [](SymbolPen& p) { p.DrawLoadSymbol(-5); }, 1000},
-        MemberCase{"strip resistive load", SymbolFamily::Strip,
-                   [](SymbolPen& p) { p.DrawLoadSymbol(0); }, 600},
-        MemberCase{"strip inductive load", SymbolFamily::Strip,
-                   [](SymbolPen& p) { p.DrawLoadSymbol(5); }, 2100},
-        MemberCase{"strip capacitive load", SymbolFamily::Strip,
-                   [](SymbolPen& p) { p.DrawLoadSymbol(-5); }, 1560},
-        MemberCase{"padded shunt resistor", SymbolFamily::Design,
-                   [](SymbolPen& p) { p.DrawPaddedShuntResistor(); }, 640}),
-    [](const auto& info) { return testing::TestName(info.param.name); });
 
 TEST(Symbols, HighlightedDesignSymbolsGetTheirBackdropFirst) {
   DisplayList list;

@@ -75,31 +75,23 @@ class LoadDataFileTest : public testing::TempDirTest {
   FakeDialogs dialogs;
 };
 
-TEST_F(LoadDataFileTest, ReadsTheDocumentedExample) {
+TEST_F(LoadDataFileTest, ReadsTheDocumentedExampleAndTakesTheMiddlePoint) {
   ASSERT_TRUE(Apply({"! antenna, 50 ohm bridge", "14.0M, 52.3, -12.5", "14.1M, 50.9, -4.2",
-                     "14.2M, 50.2, 3.8"}));
+                     "14.2M, 50.2, 3.8", "", "/ between", "   ! indented", "14.3M, 50, 9",
+                     "14.4M, 49, 12"}));
   EXPECT_TRUE(dialogs.messages.empty());
-  EXPECT_EQ(session.SweepPoints, 3);
+  EXPECT_EQ(session.SweepPoints, 5);
   EXPECT_EQ(session.SavedSweepPoints, 51);
-  EXPECT_EQ(session.LoadFreq[1], 14e6);
   EXPECT_EQ(session.LoadR[2], 50.9);
-  EXPECT_EQ(session.LoadX[3], 3.8);
+  EXPECT_EQ(session.LoadX[5], 12);
   EXPECT_EQ(session.LoadSource, 2);
   EXPECT_EQ(session.SweepStart, 14e6);
-  EXPECT_EQ(session.SweepStop, 14.2e6);
-  EXPECT_EQ(session.DataIndex, 2);
-  EXPECT_EQ(session.Frequency, 14.1e6);
-  EXPECT_EQ(session.Value[0][1], 50.9);
-  EXPECT_EQ(session.Value[0][2], -4.2);
-  EXPECT_EQ(session.FileName, "net.SSF");
-}
-
-TEST_F(LoadDataFileTest, FivePointsTakeTheLoadFromTheThird) {
-  ASSERT_TRUE(Apply(Points(5)));
+  EXPECT_EQ(session.SweepStop, 14.4e6);
   EXPECT_EQ(session.DataIndex, 3);
-  EXPECT_EQ(session.Frequency, 1'000'003);
-  EXPECT_EQ(session.Value[0][1], 3);
-  EXPECT_EQ(session.Value[0][2], -3);
+  EXPECT_EQ(session.Frequency, 14.2e6);
+  EXPECT_EQ(session.Value[0][1], 50.2);
+  EXPECT_EQ(session.Value[0][2], 3.8);
+  EXPECT_EQ(session.FileName, "net.SSF");
 }
 
 struct LineCase {
@@ -128,46 +120,35 @@ INSTANTIATE_TEST_SUITE_P(
                       LineCase{"14M;50;-3", 14e6, 14e6, 14e6},
                       LineCase{"3M, 75", 3e6, 75, 75}));
 
-TEST_F(LoadDataFileTest, CommentAndBlankLinesAreSkipped) {
-  ASSERT_TRUE(Apply({"", "! a", "* b", "' c", "/ d", "\\ e", "   ! indented", "5M,1,2", "   ",
-                     "/ between", "6M,3,4"}));
-  EXPECT_EQ(session.SweepPoints, 2);
-  EXPECT_EQ(session.LoadFreq[2], 6e6);
-}
+struct TableEnd {
+  const char* name;
+  std::vector<std::string> lines;
+  int points;  // what stays; 0: the sweep settings come back
+};
 
-TEST_F(LoadDataFileTest, TrailingCommentsKeepThePointsButSayParserError) {
-  ASSERT_TRUE(Apply({"5M,1,2", "6M,3,4", "! end of data", ""}));
-  EXPECT_EQ(dialogs.MessageTexts(), std::vector<std::string>{"Parser error"});
-  EXPECT_EQ(session.SweepPoints, 2);
-  EXPECT_EQ(session.LoadSource, 2);
-  EXPECT_EQ(session.FileName, "");
-}
-
-TEST_F(LoadDataFileTest, AThousandPointsFit) {
-  ASSERT_TRUE(Apply(Points(1000)));
-  EXPECT_TRUE(dialogs.messages.empty());
-  EXPECT_EQ(session.SweepPoints, 1000);
-  EXPECT_EQ(session.LoadFreq[1000], 1'001'000);
-  EXPECT_EQ(session.DataIndex, 501);
-}
-
-TEST_F(LoadDataFileTest, MoreThanAThousandKeepTheFirstThousand) {
-  ASSERT_TRUE(Apply(Points(1001)));
-  EXPECT_EQ(dialogs.MessageTexts(), std::vector<std::string>{"Parser error"});
-  EXPECT_EQ(session.SweepPoints, 1000);
-  EXPECT_EQ(session.LoadFreq[1000], 1'001'000);
-  EXPECT_EQ(session.SweepStop, 1'001'000);
-}
-
-TEST_F(LoadDataFileTest, OnlyCommentsRestoreTheSweepSettings) {
-  EXPECT_FALSE(Apply({"! nothing here", "", "* still nothing"}));
-  EXPECT_EQ(dialogs.MessageTexts(), std::vector<std::string>{"Parser error"});
-  ExpectSweepSettingsRestored();
-}
-
-TEST_F(LoadDataFileTest, MissingFileSaysParserErrorAndRestores) {
+// A file that ends with comments, holds more than 1000 points, holds nothing
+// or is missing says "Parser error"; the points read before it stay.
+TEST_F(LoadDataFileTest, ParserErrorKeepsThePointsReadBefore) {
+  std::vector<std::string> thousand = Points(1000);
+  for (const TableEnd& c :
+       {TableEnd{"trailing comment", {"5M,1,2", "6M,3,4", "! end of data", ""}, 2},
+        TableEnd{"1001 points", Points(1001), 1000}, TableEnd{"1000 points", thousand, 1000},
+        TableEnd{"only comments", {"! nothing here", "", "* still nothing"}, 0}}) {
+    SetUp();
+    dialogs = FakeDialogs();
+    EXPECT_EQ(Apply(c.lines), c.points > 0) << c.name;
+    EXPECT_EQ(dialogs.MessageTexts(),
+              testing::FakeDialogs::Only(c.lines == thousand ? nullptr : "Parser error"))
+        << c.name;
+    if (c.points == 0) {
+      ExpectSweepSettingsRestored();
+    } else {
+      EXPECT_EQ(session.SweepPoints, c.points) << c.name;
+      EXPECT_EQ(session.SweepStop, session.LoadFreq[c.points]) << c.name;
+      EXPECT_EQ(session.FileName, c.lines == thousand ? "net.SSF" : "") << c.name;
+    }
+  }
   EXPECT_FALSE(ApplyLoadDataFile(session, dialogs, PathOf("absent.RJX")));
-  EXPECT_EQ(dialogs.MessageTexts(), std::vector<std::string>{"Parser error"});
   ExpectSweepSettingsRestored();
 }
 
