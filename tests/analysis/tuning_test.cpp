@@ -47,13 +47,16 @@ TEST_F(StripTest, CellWidthsFollowTheParts) {
 }
 
 TEST_F(StripTest, ValuesAreShownAtTheWorkingFrequency) {
-  session.ElementType[1] = ShuntSeriesLC;
+  session.ElementType = {0, ShuntSeriesLC, SeriesCapacitor, SeriesParallelLC};
   session.Value[1] = {0, 1e-6, 100, 1e-9, 100};
+  session.Value[2] = {0, 1e-10, 1000};
+  session.Value[3] = {0, 1e-6, 100, 1e-10, 100};
   session.SelectedStage = 1;
   DrawNetworkListing(session, list);
   const auto texts = testing::Texts(list);
-  // 87.965 ohms of the coil less 11.368 of the capacitor, signed.
-  for (const char* expected : {"1 uH", "1000 pF", "+76.596 ", "LOAD"}) {
+  // The series LC: 87.965 ohms of the coil less 11.368 of the capacitor; the
+  // capacitor its own -113.68; the parallel LC 1 / (1/87.965 − 1/113.68).
+  for (const char* expected : {"1 uH", "1000 pF", "+76.596 ", "-113.68 ", "+388.84 ", "LOAD"}) {
     EXPECT_NE(std::find(texts.begin(), texts.end(), expected), texts.end()) << expected;
   }
   // The selected cell is framed in green.
@@ -235,6 +238,9 @@ TEST_F(TuningTest, FrequencyStepsRoundTripWithoutLimits) {
   EXPECT_DOUBLE_EQ(session.Frequency, 11e6);
   StepTestFrequency(session, "4k", StepDirection::Down, kLargeStep);
   EXPECT_LT(session.Frequency, 5000);  // stepping has no minimum
+  session.ChartZoom = 4;  // zoomed in, the steps shrink with the zoom
+  StepTestFrequency(session, "10M", StepDirection::Up, kLargeStep);
+  EXPECT_DOUBLE_EQ(session.Frequency, 10e6 * (1 + 0.1 / 4));
 }
 
 }  // namespace

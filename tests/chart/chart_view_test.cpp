@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include "chart/analysis_view.h"
 #include "chart/chart_view.h"
 
 namespace kalvex {
@@ -50,7 +51,10 @@ TEST_F(ZoomTest, InGoesBySquareRootOfTwoUpToEight) {
   EXPECT_EQ(session.ChartZoom, 8);
   EXPECT_EQ(session.ChartRadius, 24000);
   EXPECT_FALSE(buttons.inEnabled);
-  for (int click = 1; click <= 6; ++click) buttons = ZoomOut(session);
+  buttons = ZoomOut(session);  // one step out from 8: by √2 exactly
+  EXPECT_FLOAT_EQ(session.ChartZoom, 5.656854f);
+  EXPECT_TRUE(buttons.inEnabled);
+  for (int click = 2; click <= 6; ++click) buttons = ZoomOut(session);
   EXPECT_EQ(session.ChartZoom, 1);
   EXPECT_EQ(session.ChartRadius, 3000);
   EXPECT_FALSE(buttons.outEnabled);
@@ -71,6 +75,18 @@ TEST_F(ZoomTest, ResetRestoresCentreAndSizeButNotTheAspect) {
   EXPECT_EQ(session.ChartAspect, 1.2f);
   EXPECT_TRUE(buttons.inEnabled);
   EXPECT_FALSE(buttons.outEnabled);
+}
+
+// The Analysis page opens at the zoom of the last visit, centred at y 5000,
+// with the horizontal centre where the user left it, even at 0.
+TEST_F(ZoomTest, AnalysisPageOpensAtTheLastZoomAndHorizontalCentre) {
+  session.ChartZoom = 2.828427f;
+  session.ChartCentreX = 0;
+  session.ChartCentreY = 6100;
+  LoadAnalysisView(session);
+  EXPECT_FLOAT_EQ(session.ChartRadius, 3000 * 2.828427f);
+  EXPECT_EQ(session.ChartCentreY, 5000);
+  EXPECT_EQ(session.ChartCentreX, 0);
 }
 
 TEST_F(ZoomTest, DragMovesOnlyBelowTheStripBand) {

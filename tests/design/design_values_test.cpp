@@ -12,6 +12,8 @@ struct LimitCase {
   const char* frequency;
   double wantZ, wantF;
   std::vector<std::string> messages;
+  const char* zText = nullptr;  // the boxes' texts after a reset; nullptr: as typed
+  const char* fText = nullptr;
 };
 
 class DesignLimits : public ::testing::TestWithParam<LimitCase> {};
@@ -25,6 +27,8 @@ TEST_P(DesignLimits, ResetWithTheirMessagesInOrder) {
   EXPECT_EQ(session.SystemZ, GetParam().wantZ);
   EXPECT_EQ(session.Frequency, GetParam().wantF);
   EXPECT_EQ(dialogs.MessageTexts(), GetParam().messages);
+  EXPECT_EQ(z, GetParam().zText ? GetParam().zText : GetParam().systemZ);
+  EXPECT_EQ(f, GetParam().fText ? GetParam().fText : GetParam().frequency);
 }
 
 INSTANTIATE_TEST_SUITE_P(
@@ -33,13 +37,16 @@ INSTANTIATE_TEST_SUITE_P(
         LimitCase{"50", "14M", 50, 14e6, {}}, LimitCase{"75", "-2M", 75, 2e6, {}},
         LimitCase{"0", "5k", 1, 10000,
                   {"System impedance has been reset to the minimum allowed (1 ohm).",
-                   "Frequency has been reset to the minimum allowed (10kHz)."}},
+                   "Frequency has been reset to the minimum allowed (10kHz)."},
+                  "1 ", " 10 k"},
         LimitCase{"-300", "abc", 1, 10000,
                   {"System impedance has been reset to the minimum allowed (1 ohm).",
-                   "Frequency has been reset to the minimum allowed (10kHz)."}},
+                   "Frequency has been reset to the minimum allowed (10kHz)."},
+                  "1 ", " 10 k"},
         LimitCase{"20k", "20G", 10000, 1e10,
                   {"System impedance has been reset to the maximum allowed (10K).",
-                   "Frequency has been reset to the maximum allowed (10gHz)."}}));
+                   "Frequency has been reset to the maximum allowed (10gHz)."},
+                  "10 k", " 10 G"}));
 
 TEST(DesignValues, OpeningFillsMissingValues) {
   Session session;

@@ -85,6 +85,11 @@ TEST_F(NetworkEditorTest, SelectingTheLoadShowsItsValues) {
   editor.Accept();
   EXPECT_EQ(session.Value[0][1], 50);  // below 0.1 ohm
   EXPECT_EQ(session.Value[0][2], 7);
+  editor.MouseDown(editor.StageX[1] - 600, 1000);
+  Type({"-20", "-7"});  // a negative resistance counts by its size
+  editor.Accept();
+  EXPECT_EQ(session.Value[0][1], 20);
+  EXPECT_EQ(session.Value[0][2], -7);
   EXPECT_EQ(editor.EditStage, NetworkEditor::kNothing);
 }
 
@@ -208,11 +213,18 @@ TEST_F(NetworkEditorTest, InsertingShiftsTheLaterStagesRight) {
   EXPECT_EQ(session.Value[1][1], 10);
   EXPECT_FALSE(editor.controls.removeShown);
 
+  PickType(1, InsertPlaceholder);  // at stage one every part moves right
+  editor.Accept();
+  EXPECT_EQ(session.ElementType[1], InsertPlaceholder);
+  EXPECT_EQ(session.ElementType[2], SeriesResistor);
+  EXPECT_EQ(session.Value[2][1], 10);
+  EXPECT_EQ(session.ElementType[3], InsertPlaceholder);
+
   PickType(5, InsertPlaceholder);  // at stage five nothing moves; its part is lost
   editor.Accept();
   EXPECT_EQ(session.ElementType[5], InsertPlaceholder);
   EXPECT_EQ(session.Value[5][1], 0);
-  EXPECT_EQ(session.Value[4][1], 30);
+  EXPECT_EQ(session.Value[4][1], 20);
 }
 
 TEST_F(NetworkEditorTest, CompactClosesTheGaps) {
