@@ -46,9 +46,7 @@ TEST_F(SweepTest, ManualPointsAreEvenlySpacedFromStartToStop) {
   EXPECT_EQ(indexes.first, 0);
   EXPECT_EQ(indexes.last, 10);
   for (int k = 0; k <= 10; ++k) EXPECT_DOUBLE_EQ(session.SweepFreq[k], 1e6 + k * 1e5) << k;
-  EXPECT_EQ(session.SweepFreq[0], 1e6);
-  EXPECT_EQ(session.SweepFreq[5], 1.5e6);
-  EXPECT_EQ(session.SweepFreq[10], 2e6);
+  EXPECT_EQ(session.SweepFreq[10], 2e6);  // exactly on the stop
 }
 
 TEST_F(SweepTest, StoresWhatTheCalculationGives) {
@@ -71,22 +69,6 @@ TEST_F(SweepTest, StoresWhatTheCalculationGives) {
   EXPECT_DOUBLE_EQ(session.SweepVSWR[3], (1 + rho) / (1 - rho));
 }
 
-TEST_F(SweepTest, FrequencyAndPointCountEndAsTheyWere) {
-  for (const int16_t source : {int16_t{1}, int16_t{2}}) {
-    SetUp();
-    session.SweepStart = 13e6;
-    session.SweepStop = 15e6;
-    session.SweepPoints = 9;
-    if (source == 2) LoadTable(9);
-    session.Frequency = 14.123e6;
-    for (const SweepUse use : {SweepUse::Chart, SweepUse::Table}) {
-      RunSweepPoints(session, use);
-      EXPECT_EQ(session.Frequency, 14.123e6) << source;
-      EXPECT_EQ(session.SweepPoints, 9) << source;
-    }
-  }
-}
-
 TEST_F(SweepTest, LoadDataSweepFillsTheTableIndexes) {
   LoadTable(7);
   session.SweepFreq[0] = -1;
@@ -101,8 +83,7 @@ TEST_F(SweepTest, LoadDataSweepFillsTheTableIndexes) {
   // Point 4 is the network on that point's own load and frequency.
   Session single = session;
   single.LoadSource = 1;
-  single.Value[0][1] = session.LoadR[4];
-  single.Value[0][2] = session.LoadX[4];
+  single.Value[0] = {session.LoadR[4], session.LoadR[4], session.LoadX[4]};
   single.Frequency = session.LoadFreq[4];
   CalculateNetwork(single, 0);
   EXPECT_EQ(session.SweepR[4], single.InputR);

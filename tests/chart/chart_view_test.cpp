@@ -6,31 +6,6 @@
 namespace kalvex {
 namespace {
 
-TEST(ChartView, MappingRoundTripsAtEveryAspectAndZoom) {
-  for (const double aspect : {0.5, 0.75, 1.0, 1.5}) {
-    for (const double radius : {3000.0, 8485.28, 24000.0}) {
-      const ChartView view{7300, 5200, radius, aspect};
-      for (const Gamma g : {Gamma{0, 0}, Gamma{0.5, -0.25}, Gamma{-1, 0}, Gamma{0.3, 0.9}}) {
-        const Point p = view.GammaToPage(g);
-        const Gamma back = view.PageToGamma(p);
-        EXPECT_NEAR(back.u, g.u, 1e-12);
-        EXPECT_NEAR(back.v, g.v, 1e-12);
-      }
-      EXPECT_DOUBLE_EQ(view.GammaToPage({1, 0}).x, 7300 + aspect * radius);  // open circuit
-      EXPECT_DOUBLE_EQ(view.GammaToPage({0, 1}).y, 5200 - radius);            // +j above
-    }
-  }
-}
-
-TEST(ChartView, ImpedanceToGammaNormalisesToTheSystem) {
-  const Gamma g = ImpedanceToGamma(150, 0, 50);
-  EXPECT_DOUBLE_EQ(g.u, 0.5);
-  EXPECT_DOUBLE_EQ(g.v, 0);
-  const Gamma j = ImpedanceToGamma(50, 50, 50);  // 1 + j1
-  EXPECT_DOUBLE_EQ(j.u, 0.2);
-  EXPECT_DOUBLE_EQ(j.v, 0.4);
-}
-
 class ZoomTest : public ::testing::Test {
  protected:
   void SetUp() override {

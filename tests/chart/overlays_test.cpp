@@ -153,16 +153,5 @@ INSTANTIATE_TEST_SUITE_P(
                       SettingCase{Overlay::VSWRCircle, "20", true},
                       SettingCase{Overlay::VSWRCircle, "21", false}));
 
-TEST(OverlaySwitches, StepBetweenOffAndOn) {
-  Session session;
-  InitialiseSession(session);
-  EXPECT_TRUE(ToggleOverlay(session, Overlay::VSWRCircle));
-  EXPECT_FALSE(ToggleOverlay(session, Overlay::VSWRCircle));
-  EXPECT_FALSE(OverlayOn(session, Overlay::QArcs));
-  SwitchOnOverlay(session, Overlay::QArcs);
-  EXPECT_EQ(session.QArcsOn, 1);
-  EXPECT_EQ(session.VSWRCircleOn, 0);
-}
-
 }  // namespace
 }  // namespace kalvex

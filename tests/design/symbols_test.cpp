@@ -119,23 +119,6 @@ TEST(Symbols, HighlightedDesignSymbolsGetTheirBackdropFirst) {
   }
 }
 
-TEST(Symbols, StageSeparatorIsAThickLightBlueLine) {
-  DisplayList list;
-  SymbolPen pen(list, SymbolFamily::Design, kRv);
-  pen.ListX = 3000;
-  pen.ListY = 700;
-  pen.DrawStageSeparator();
-  const auto blue = testing::LinesIn(list, kSeparatorBlue);
-  ASSERT_EQ(blue.size(), 1u);
-  EXPECT_EQ(blue[0].a.x, 3160);
-  EXPECT_EQ(blue[0].a.y, 300);
-  EXPECT_EQ(blue[0].b.y, 2140);
-  const auto widths = testing::OfKind(list, Kind::LineWidth);
-  ASSERT_EQ(widths.size(), 2u);
-  EXPECT_EQ(widths[0].value, 3);
-  EXPECT_EQ(widths[1].value, 1);
-}
-
 TEST(Symbols, StripExceptionsHangCoilsAndWidenTubes) {
   DisplayList coil;
   SymbolPen pen(coil, SymbolFamily::Strip, kRv, kS);
