@@ -1,5 +1,8 @@
 #include "cli_options.h"
 
+#include "cli.h"
+#include "files/safe_write.h"
+
 #include <algorithm>
 #include <charconv>
 #include <cmath>
@@ -47,6 +50,19 @@ std::optional<double> CliNumber(const std::string& word) {
   const auto [stop, error] = std::from_chars(word.data(), end, value);
   if (error != std::errc() || stop != end || !std::isfinite(value)) return std::nullopt;
   return value;
+}
+
+int WriteOutput(const std::string& command, const std::string& text,
+                const std::optional<std::string>& output, std::ostream& out, std::ostream& err) {
+  if (!output) {
+    out << text;
+    return kExitOk;
+  }
+  if (const std::string failure = WriteFileSafely(*output, text); !failure.empty()) {
+    err << "kalvex-cli " << command << ": " << failure << "\n";
+    return kExitFailed;
+  }
+  return kExitOk;
 }
 
 }  // namespace kalvex

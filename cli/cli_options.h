@@ -1,6 +1,7 @@
 #pragma once
 
 #include <optional>
+#include <ostream>
 #include <string>
 #include <vector>
 
@@ -21,6 +22,11 @@ std::optional<CliArguments> SplitArguments(const std::vector<std::string>& words
                                            const std::vector<std::string>& valued,
                                            const std::vector<std::string>& flags,
                                            std::string& problem);
+
+// Writes a command's text to OUT (the one safe way) or, without -o, to `out`.
+// Returns the exit code, with "kalvex-cli COMMAND: cannot write ..." on failure.
+int WriteOutput(const std::string& command, const std::string& text,
+                const std::optional<std::string>& output, std::ostream& out, std::ostream& err);
 
 // A number given on the command line: the whole word must be a finite number.
 std::optional<double> CliNumber(const std::string& word);

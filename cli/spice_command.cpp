@@ -3,7 +3,6 @@
 #include "commands.h"
 #include "console_dialogs.h"
 #include "files/network_file.h"
-#include "files/safe_write.h"
 #include "files/spice_deck.h"
 
 namespace kalvex {
@@ -19,17 +18,7 @@ int RunSpiceCommand(const Command& command, const std::vector<std::string>& word
   ConsoleDialogs dialogs(err);
   if (!ReadNetworkFile(session, dialogs, arguments->positional.front())) return kExitFailed;
   session.FileName = arguments->positional.front();
-  const std::string deck = SpiceDeckText(session);
-  const auto output = arguments->Option("-o");
-  if (!output) {
-    out << deck;
-    return kExitOk;
-  }
-  if (const std::string failure = WriteFileSafely(*output, deck); !failure.empty()) {
-    err << "kalvex-cli spice: " << failure << "\n";
-    return kExitFailed;
-  }
-  return kExitOk;
+  return WriteOutput(command.name, SpiceDeckText(session), arguments->Option("-o"), out, err);
 }
 
 }  // namespace kalvex

@@ -7,7 +7,6 @@
 #include "session_options.h"
 #include "files/network_file.h"
 #include "files/sweep_data_file.h"
-#include "files/safe_write.h"
 #include "files/text_file.h"
 #include "files/touchstone.h"
 
@@ -50,15 +49,7 @@ int RunSweepCommand(const Command& command, const std::vector<std::string>& word
     text = SweepDataText(session, output.value_or("-"), dialogs.LocalDateTime());
   }
 
-  if (!output) {
-    out << text;
-    return kExitOk;
-  }
-  if (const std::string failure = WriteFileSafely(*output, text); !failure.empty()) {
-    err << "kalvex-cli sweep: " << failure << "\n";
-    return kExitFailed;
-  }
-  return kExitOk;
+  return WriteOutput(command.name, text, output, out, err);
 }
 
 }  // namespace kalvex

@@ -15,9 +15,7 @@
 namespace kalvex {
 namespace {
 
-constexpr Colour kStrongRed = RGB(255, 17, 17);
 constexpr Colour kPaleRed = RGB(255, 153, 153);
-constexpr Colour kStrongGreen = RGB(17, 136, 17);
 constexpr Colour kPaleGreen = RGB(102, 255, 102);
 
 enum class Grids { Impedance, AdmittanceThenImpedance, ImpedanceThenAdmittance, Admittance, None };

@@ -5,6 +5,13 @@
 
 namespace kalvex {
 
+// The strong colours of the grids, rims and labels, and of the overlays, that
+// the screen and the paper share.
+inline constexpr Colour kStrongRed = RGB(255, 17, 17);
+inline constexpr Colour kStrongGreen = RGB(17, 136, 17);
+inline constexpr Colour kQArcTeal = RGB(17, 187, 187);
+inline constexpr Colour kVSWRRed = RGB(136, 17, 17);
+
 // The two coordinate grids of the Smith chart, with their labels, at a view.
 // Every curve is a polyline through points a few degrees apart.
 

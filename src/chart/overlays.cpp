@@ -5,13 +5,12 @@
 #include <numbers>
 
 #include "chart/chart_view.h"
+#include "chart/grids.h"
 #include "model/number_text.h"
 
 namespace kalvex {
 namespace {
 
-constexpr Colour kQArcTeal = RGB(17, 187, 187);
-constexpr Colour kVSWRRed = RGB(136, 17, 17);
 constexpr double kDegree = std::numbers::pi / 180;
 
 }  // namespace

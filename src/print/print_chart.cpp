@@ -4,6 +4,7 @@
 #include <numbers>
 
 #include "analysis/sweep.h"
+#include "chart/grids.h"
 #include "chart/network_path.h"
 #include "chart/overlays.h"
 #include "model/calculate.h"
@@ -17,10 +18,6 @@
 namespace kalvex {
 namespace {
 
-constexpr Colour kStrongRed = RGB(255, 17, 17);
-constexpr Colour kStrongGreen = RGB(17, 136, 17);
-constexpr Colour kQArcTeal = RGB(17, 187, 187);
-constexpr Colour kVSWRRed = RGB(136, 17, 17);
 constexpr double kDegree = std::numbers::pi / 180;
 
 enum class PaperGrid { Impedance, Admittance };

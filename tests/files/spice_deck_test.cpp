@@ -9,18 +9,13 @@
 #include "files/spice_deck.h"
 #include "model/calculate.h"
 #include "support/temp_dir.h"
-#include "support/test_name.h"
+#include "support/thirteen_parts.h"
 
 namespace kalvex {
 namespace {
 
-struct DeckCase {
-  const char* name;
-  int16_t type;
-  std::array<double, 5> values;  // Value(s, 1..4)
-};
-
-class SpiceDecks : public testing::TempDirTest, public ::testing::WithParamInterface<DeckCase> {
+class SpiceDecks : public testing::TempDirTest,
+                   public ::testing::WithParamInterface<testing::Part> {
  protected:
   // V(in) at the one frequency of the deck's sweep, as ngspice computes it.
   std::optional<std::complex<double>> RunNgspice(const std::string& deck) {
@@ -45,23 +40,13 @@ class SpiceDecks : public testing::TempDirTest, public ::testing::WithParamInter
   }
 };
 
-// Each part type between a reactive load and a series inductor, run by
-// ngspice at the working frequency: V(in) is the input impedance the
-// calculation gives.
+// Each part type in its network, run by ngspice at the working frequency:
+// V(in) is the input impedance the calculation gives.
 TEST_P(SpiceDecks, NgspiceFindsTheCalculatedInputImpedance) {
   if (std::system("ngspice --version >/dev/null 2>&1") != 0) {
     GTEST_SKIP() << "ngspice is not installed: the deck is not run";
   }
-  Session session;
-  InitialiseSession(session);
-  session.LoadSource = 1;
-  session.Frequency = 10e6;
-  session.Value[0][1] = 30;
-  session.Value[0][2] = -20;
-  session.ElementType[2] = GetParam().type;
-  for (int k = 1; k <= 4; ++k) session.Value[2][k] = GetParam().values[k];
-  session.ElementType[4] = SeriesInductor;
-  session.Value[4] = {0, 0.3e-6, 200};
+  Session session = testing::NetworkAround(GetParam());
   session.SweepStart = session.SweepStop = 10e6;
   session.SweepPoints = 1;
   CalculateNetwork(session, 0);
@@ -73,22 +58,8 @@ TEST_P(SpiceDecks, NgspiceFindsTheCalculatedInputImpedance) {
       << GetParam().name << ": " << *simulated << " against " << expected;
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    AllThirteen, SpiceDecks,
-    ::testing::Values(DeckCase{"series C", SeriesCapacitor, {0, 220e-12, 500}},
-                      DeckCase{"shunt C", ShuntCapacitor, {0, 220e-12, 500}},
-                      DeckCase{"series L", SeriesInductor, {0, 2e-6, 150}},
-                      DeckCase{"shunt L", ShuntInductor, {0, 2e-6, 150}},
-                      DeckCase{"line", SeriesLine, {0, 40, 5e6, 75}},
-                      DeckCase{"series shorted stub", SeriesShortedStub, {0, 40, 5e6, 75}},
-                      DeckCase{"series open stub", SeriesOpenStub, {0, 40, 5e6, 75}},
-                      DeckCase{"shunt shorted stub", ShuntShortedStub, {0, 40, 5e6, 75}},
-                      DeckCase{"shunt open stub", ShuntOpenStub, {0, 40, 5e6, 75}},
-                      DeckCase{"shunt series LC", ShuntSeriesLC, {0, 1e-6, 100, 300e-12, 800}},
-                      DeckCase{"series parallel LC", SeriesParallelLC, {0, 1e-6, 100, 300e-12, 800}},
-                      DeckCase{"series R", SeriesResistor, {0, 15}},
-                      DeckCase{"shunt R", ShuntResistor, {0, 15}}),
-    [](const auto& info) { return testing::TestName(info.param.name); });
+INSTANTIATE_TEST_SUITE_P(AllThirteen, SpiceDecks, ::testing::ValuesIn(testing::ThirteenParts()),
+                         testing::PartName);
 
 TEST(SpiceDeck, WritesPlainExponentsAndTheSweep) {
   Session session;

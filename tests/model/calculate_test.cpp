@@ -8,6 +8,7 @@
 #include "model/calculate.h"
 #include "support/five_stage_network.h"
 #include "support/test_name.h"
+#include "support/thirteen_parts.h"
 
 namespace kalvex {
 namespace {
@@ -75,14 +76,6 @@ TEST_F(CalculateNetworkTest, LoadDataModeTakesLoadAndFrequencyFromThePoint) {
   EXPECT_NEAR(session.InputX, 5 + 2 * std::numbers::pi * 7e6 * 1e-6, 1e-9);
 }
 
-// Every element type against the textbook circuit formulas, worked out here
-// with complex numbers independently of the calculation.
-struct ElementCase {
-  const char* name;
-  Stage stage;
-  Complex (*expected)(Complex load, double omega);
-};
-
 constexpr double kF = 10e6;
 constexpr double kOmega = 2 * std::numbers::pi * kF;
 
@@ -101,22 +94,45 @@ Complex Line(Complex load, double z0, double degrees) {
   return z0 * (load + j * z0 * Tan(degrees)) / (z0 + j * load * Tan(degrees));
 }
 
+// Every element type by its textbook circuit formula, worked out here with
+// complex numbers independently of the calculation; lengths are given at
+// their reference frequency and scale to kF.
+Complex Expected(const testing::Part& part, Complex z) {
+  const auto& v = part.values;
+  const double degrees = v[1] * kF / v[2];
+  switch (part.type) {
+    case SeriesCapacitor: return z + Capacitor(v[1], v[2]);
+    case ShuntCapacitor: return Parallel(z, Capacitor(v[1], v[2]));
+    case SeriesInductor: return z + Inductor(v[1], v[2]);
+    case ShuntInductor: return Parallel(z, Inductor(v[1], v[2]));
+    case SeriesLine: return Line(z, v[3], degrees);
+    case SeriesShortedStub: return z + Complex(0, v[3] * Tan(degrees));
+    case SeriesOpenStub: return z + Complex(0, -v[3] / Tan(degrees));
+    case ShuntShortedStub: return Parallel(z, Complex(0, v[3] * Tan(degrees)));
+    case ShuntOpenStub: return Parallel(z, Complex(0, -v[3] / Tan(degrees)));
+    case ShuntSeriesLC: return Parallel(z, Inductor(v[1], v[2]) + Capacitor(v[3], v[4]));
+    case SeriesParallelLC: return z + Parallel(Inductor(v[1], v[2]), Capacitor(v[3], v[4]));
+    case SeriesResistor: return z + v[1];
+    default: return Parallel(z, v[1]);
+  }
+}
+
 class ElementTypes : public CalculateNetworkTest,
-                     public ::testing::WithParamInterface<ElementCase> {};
+                     public ::testing::WithParamInterface<testing::Part> {};
 
 // Each part in stage 1, 4 and 5, behind series resistors of 5 ohms in the
 // stages before it; lines and stubs also put the velocity factor back to 1.
 TEST_P(ElementTypes, MatchCircuitFormulasInEveryStage) {
-  const Stage part = GetParam().stage;
+  const testing::Part& part = GetParam();
   for (int position : {1, 4, kLastStage}) {
     SetUp();
     session.VelocityFactor = 0.66;
     std::vector<Stage> stages(position - 1, Stage{SeriesResistor, {5}});
-    stages.push_back(part);
+    stages.push_back({part.type, {part.values[1], part.values[2], part.values[3], part.values[4]}});
     const Complex load(30, -20);
     const Complex actual = Calculate(load, kF, stages);
-    const Complex expected = GetParam().expected(load + 5.0 * (position - 1), kOmega);
-    const std::string where = std::string(GetParam().name) + " in stage " + std::to_string(position);
+    const Complex expected = Expected(part, load + 5.0 * (position - 1));
+    const std::string where = std::string(part.name) + " in stage " + std::to_string(position);
     EXPECT_NEAR(actual.real(), expected.real(), 1e-9 * std::abs(expected)) << where;
     EXPECT_NEAR(actual.imag(), expected.imag(), 1e-9 * std::abs(expected)) << where;
     const bool lineOrStub = part.type >= SeriesLine && part.type <= ShuntOpenStub;
@@ -124,41 +140,8 @@ TEST_P(ElementTypes, MatchCircuitFormulasInEveryStage) {
   }
 }
 
-// The stubs' and lines' lengths are given at 5 MHz, so at 10 MHz they are doubled.
-INSTANTIATE_TEST_SUITE_P(
-    AllThirteen, ElementTypes,
-    ::testing::Values(
-        ElementCase{"series C", {SeriesCapacitor, {220e-12, 500}},
-                    [](Complex z, double) { return z + Capacitor(220e-12, 500); }},
-        ElementCase{"shunt C", {ShuntCapacitor, {220e-12, 500}},
-                    [](Complex z, double) { return Parallel(z, Capacitor(220e-12, 500)); }},
-        ElementCase{"series L", {SeriesInductor, {2e-6, 150}},
-                    [](Complex z, double) { return z + Inductor(2e-6, 150); }},
-        ElementCase{"shunt L", {ShuntInductor, {2e-6, 150}},
-                    [](Complex z, double) { return Parallel(z, Inductor(2e-6, 150)); }},
-        ElementCase{"line", {SeriesLine, {20, 5e6, 75}},
-                    [](Complex z, double) { return Line(z, 75, 40); }},
-        ElementCase{"series shorted stub", {SeriesShortedStub, {20, 5e6, 75}},
-                    [](Complex z, double) { return z + Complex(0, 75 * Tan(40)); }},
-        ElementCase{"series open stub", {SeriesOpenStub, {20, 5e6, 75}},
-                    [](Complex z, double) { return z + Complex(0, -75 / Tan(40)); }},
-        ElementCase{"shunt shorted stub", {ShuntShortedStub, {20, 5e6, 75}},
-                    [](Complex z, double) { return Parallel(z, Complex(0, 75 * Tan(40))); }},
-        ElementCase{"shunt open stub", {ShuntOpenStub, {20, 5e6, 75}},
-                    [](Complex z, double) { return Parallel(z, Complex(0, -75 / Tan(40))); }},
-        ElementCase{"shunt series LC", {ShuntSeriesLC, {1e-6, 100, 300e-12, 800}},
-                    [](Complex z, double) {
-                      return Parallel(z, Inductor(1e-6, 100) + Capacitor(300e-12, 800));
-                    }},
-        ElementCase{"series parallel LC", {SeriesParallelLC, {1e-6, 100, 300e-12, 800}},
-                    [](Complex z, double) {
-                      return z + Parallel(Inductor(1e-6, 100), Capacitor(300e-12, 800));
-                    }},
-        ElementCase{"series R", {SeriesResistor, {15}},
-                    [](Complex z, double) { return z + 15.0; }},
-        ElementCase{"shunt R", {ShuntResistor, {15}},
-                    [](Complex z, double) { return Parallel(z, 15.0); }}),
-    [](const auto& info) { return testing::TestName(info.param.name); });
+INSTANTIATE_TEST_SUITE_P(AllThirteen, ElementTypes, ::testing::ValuesIn(testing::ThirteenParts()),
+                         testing::PartName);
 
 // The five-stage network of the benchmarks, stage by stage with complex numbers.
 TEST_F(CalculateNetworkTest, FiveStageNetworkMatchesTheCircuitWorkedByHand) {

@@ -1,0 +1,59 @@
+#pragma once
+
+#include <array>
+#include <string>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+#include "model/session.h"
+#include "support/test_name.h"
+
+namespace kalvex::testing {
+
+// One part of each of the thirteen types with plausible values, Value(s, 1..4).
+struct Part {
+  const char* name;
+  int16_t type;
+  std::array<double, 5> values;  // slot 0 unused
+};
+
+inline const std::vector<Part>& ThirteenParts() {
+  static const std::vector<Part> parts = {
+      {"series C", SeriesCapacitor, {0, 220e-12, 500}},
+      {"shunt C", ShuntCapacitor, {0, 220e-12, 500}},
+      {"series L", SeriesInductor, {0, 2e-6, 150}},
+      {"shunt L", ShuntInductor, {0, 2e-6, 150}},
+      {"line", SeriesLine, {0, 40, 5e6, 75}},
+      {"series shorted stub", SeriesShortedStub, {0, 40, 5e6, 75}},
+      {"series open stub", SeriesOpenStub, {0, 40, 5e6, 75}},
+      {"shunt shorted stub", ShuntShortedStub, {0, 40, 5e6, 75}},
+      {"shunt open stub", ShuntOpenStub, {0, 40, 5e6, 75}},
+      {"shunt series LC", ShuntSeriesLC, {0, 1e-6, 100, 300e-12, 800}},
+      {"series parallel LC", SeriesParallelLC, {0, 1e-6, 100, 300e-12, 800}},
+      {"series R", SeriesResistor, {0, 15}},
+      {"shunt R", ShuntResistor, {0, 15}}};
+  return parts;
+}
+
+// The part in stage 2 of a network at 10 MHz, after a series resistor of 20
+// ohms on a 30 − j20 load and before a series inductor in stage 3.
+inline Session NetworkAround(const Part& part) {
+  Session session;
+  InitialiseSession(session);
+  session.LoadSource = 1;
+  session.Frequency = 10e6;
+  session.Value[0][1] = 30;
+  session.Value[0][2] = -20;
+  session.ElementType = {0, SeriesResistor, part.type, SeriesInductor};
+  session.Value[1][1] = 20;
+  for (int k = 1; k <= 4; ++k) session.Value[2][k] = part.values[k];
+  session.Value[3] = {0, 0.3e-6, 200};
+  return session;
+}
+
+inline std::string PartName(const ::testing::TestParamInfo<Part>& info) {
+  return TestName(info.param.name);
+}
+
+}  // namespace kalvex::testing
