@@ -38,10 +38,11 @@ class SweepOnChartTest : public ::testing::Test {
     }
     return markers;
   }
+  // The legend's lines at x 3700, each with its row.
   std::vector<std::string> Legend() const {
     std::vector<std::string> lines;
     for (const DrawCommand& c : testing::OfKind(list, Kind::Text)) {
-      if (c.a.x == 3700) lines.push_back(c.text);
+      if (c.a.x == 3700) lines.push_back(std::to_string(static_cast<int>(c.a.y)) + " " + c.text);
     }
     return lines;
   }
@@ -70,8 +71,8 @@ TEST_F(SweepOnChartTest, ManualSweepMarksEachPointAndItsEnds) {
   EXPECT_EQ(markers[0].second.x, circles[0].a.x);
   EXPECT_EQ(markers[1].first, "F");
   EXPECT_EQ(markers[1].second.x, circles[2].a.x);
-  EXPECT_EQ(Legend(), (std::vector<std::string>{"'S'= 13 MHz", "3 points", "'F'= 15 MHz",
-                                                "3 points"}));
+  EXPECT_EQ(Legend(), (std::vector<std::string>{"7940 'S'= 13 MHz", "8340 3 points",
+                                                "8140 'F'= 15 MHz", "8340 3 points"}));
   EXPECT_EQ(session.SweepFreq[1], 14e6);
   EXPECT_EQ(session.Frequency, frequency);
   EXPECT_EQ(session.SweepPoints, 3);
@@ -88,8 +89,8 @@ TEST_F(SweepOnChartTest, LoadDataSweepRunsOverTheFilesPoints) {
   const double frequency = session.Frequency;
   RunSweep(session, list);
   EXPECT_EQ(PointCircles().size(), 7u);
-  EXPECT_EQ(Legend(), (std::vector<std::string>{"'S'= 14 MHz", "7 points", "'F'= 14.6 MHz",
-                                                "7 points"}));
+  EXPECT_EQ(Legend(), (std::vector<std::string>{"7940 'S'= 14 MHz", "8340 7 points",
+                                                "8140 'F'= 14.6 MHz", "8340 7 points"}));
   EXPECT_EQ(session.SweepFreq[1], 14e6);
   EXPECT_EQ(session.SweepFreq[7], 14.6e6);
   EXPECT_EQ(session.Frequency, frequency);

@@ -203,7 +203,6 @@ TEST_F(DesignPageTest, BuildsAStageFromTheLibrary) {
   EXPECT_EQ(session.Value[2][2], 500);
   EXPECT_TRUE(page->cmdAnalyze->isEnabled());
   EXPECT_FALSE(page->txtValue[0]->isVisible());
-  EXPECT_FALSE(page->txtSystemZ->hasFocus());  // a keystroke now cannot replace it
 }
 
 // A box the program writes is read again even when its text stays the same.
@@ -312,7 +311,7 @@ TEST_F(AnalysisPageTest, StripClickSelectsAndStepsTunePart) {
   page->tuning->topSteps[3]->click();  // ">>": 10 %
   EXPECT_EQ(page->tuning->txtZ1->text(), "110 pF");
   page->tuning->txtZ1->setText("0");
-  page->tuning->cmdZ1->click();
+  QTest::keyClick(page->tuning->txtZ1, Qt::Key_Return);  // Enter presses "C enter"
   EXPECT_EQ(session.ElementType[1], Empty);
   EXPECT_FALSE(page->tuning->txtZ1->isVisible());
   EXPECT_FALSE(page->lblClickPart->isVisible());
