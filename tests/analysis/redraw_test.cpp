@@ -8,6 +8,7 @@
 #include "chart/grids.h"
 #include "chart/network_path.h"
 #include "chart/readout.h"
+#include "design/symbols.h"
 #include "model/calculate.h"
 #include "support/drawing_queries.h"
 #include "support/five_stage_network.h"
@@ -130,6 +131,72 @@ TEST_F(RedrawTest, LabelsStandAtTheirFormulas) {
       EXPECT_NEAR(label->a.y, e.y, 1e-6) << e.text;
     }
   }
+}
+
+// The layers of a redraw, each first drawn after the one before: face, grids,
+// axis, rim (in the outline colour), caption, strip, path, Q arcs, VSWR
+// circle, sweep, colour bars.
+TEST_F(RedrawTest, LayersComeInTheirOrder) {
+  session = testing::FiveStageNetwork();
+  ResetView(session);
+  session.ChartAspect = 0.75f;
+  session.GridType = 3;
+  session.ArcsMode = 2;
+  session.QArcsOn = session.VSWRCircleOn = session.SweepShown = 1;
+  RefreshAnalysis(session, list);
+  const auto& commands = list.Commands();
+  auto first = [&commands](auto matches) {
+    return std::find_if(commands.begin(), commands.end(), matches) - commands.begin();
+  };
+  auto line = [](Colour colour) {
+    return [colour](const DrawCommand& c) { return c.kind == Kind::Line && c.colour == colour; };
+  };
+  const std::vector<std::ptrdiff_t> order = {
+      first([](const DrawCommand& c) { return c.kind == Kind::Clear; }),
+      first([](const DrawCommand& c) { return c.kind == Kind::FillEllipse && c.colour == kWhite; }),
+      first(line(RGB(255, 170, 170))),
+      first([](const DrawCommand& c) {
+        return c.kind == Kind::Line && c.colour == kStrongGreen && c.a.y == 5000 && c.b.y == 5000;
+      }),
+      first([](const DrawCommand& c) { return c.kind == Kind::LineWidth && c.value == 2; }),
+      first([](const DrawCommand& c) { return c.kind == Kind::Text && c.text.starts_with("Chart"); }),
+      first(line(kSeparatorBlue)),
+      first(line(StageArcColour(1))),
+      first(line(RGB(17, 187, 187))),
+      first(line(RGB(136, 17, 17))),
+      first([](const DrawCommand& c) { return c.kind == Kind::Ellipse && c.b.x == 30; }),
+      std::ptrdiff_t(commands.size())};
+  for (std::size_t k = 1; k < order.size(); ++k) EXPECT_LT(order[k - 1], order[k]) << k;
+  // The rim: 120 chords at width 2, in the outline colour of grid type 3.
+  double width = 1;
+  int rimChords = 0;
+  for (const DrawCommand& c : commands) {
+    if (c.kind == Kind::LineWidth) width = c.value;
+    if (c.kind == Kind::Line && width == 2 && c.colour == kStrongGreen) ++rimChords;
+  }
+  EXPECT_EQ(rimChords, 120);
+  const DrawCommand& bar = commands.back();
+  EXPECT_EQ(bar.kind, Kind::FillRect);
+  EXPECT_EQ(bar.b.y, 75);
+}
+
+// A strip that grew since the last drawing is cleared to its new width: the
+// strip is drawn once before the redraw, whose clearing reads its edges.
+TEST_F(RedrawTest, StripClearingFollowsAStripThatGrew) {
+  RefreshAnalysis(session, list);
+  session.Value[0][2] = 25;  // the load gains its coil: the strip grows
+  session.ElementType[1] = SeriesResistor;
+  session.Value[1][1] = 10;
+  list.Reset();
+  RefreshAnalysis(session, list);
+  const auto& commands = list.Commands();
+  const auto clear = std::find_if(commands.begin(), commands.end(),
+                                  [](const DrawCommand& c) { return c.kind == Kind::Clear; });
+  const auto clearing = std::find_if(clear, commands.end(), [](const DrawCommand& c) {
+    return c.kind == Kind::FillRect && c.colour == kPageBackground;
+  });
+  ASSERT_NE(clearing, commands.end());
+  EXPECT_NEAR(clearing->b.x, session.PartRightEdge[5] + 0.9 * 1040 + 400, 1e-3);
 }
 
 TEST_F(RedrawTest, CaptionShowsTheSystemImpedance) {
