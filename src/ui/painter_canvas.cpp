@@ -90,11 +90,11 @@ void PainterCanvas::DrawEllipse(Point centre, double radiusX, double radiusY, do
   if (span < 0) span += kFullTurn;
   const bool full = span >= kFullTurn - 1e-9;
   // A small full circle in a one-pixel line (the sweep's thousands of point
-  // marks) joins the gathered lines as a polygon of chords no longer than
-  // two pixels, which looks the same and strokes many times faster.
+  // marks) joins the gathered lines as a polygon of at least 12 chords no
+  // longer than three pixels, which looks the same and strokes many times faster.
   const double pixels = std::max(radiusX, radiusY) * painter_.transform().m11();
   if (full && lineWidth_ * pixelsPerWidth_ < 1.5 && pixels < 40) {
-    const int chords = std::max(12, static_cast<int>(std::ceil(kFullTurn * pixels / 2)));
+    const int chords = std::max(12, static_cast<int>(std::ceil(kFullTurn * pixels / 3)));
     if (static_cast<int>(unitCircle_.size()) != chords + 1) {
       unitCircle_.clear();
       for (int k = 0; k <= chords; ++k) {
