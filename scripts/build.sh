@@ -2,7 +2,7 @@
 # and builds Kalvex (Release) in build/. Sourced, not run.
 
 kalvex_packages=(cmake ninja-build g++ qt6-base-dev qt6-svg-dev fonts-dejavu-core
-                 libgtest-dev libbenchmark-dev ngspice)
+                 libgtest-dev libbenchmark-dev)
 
 # Installs the build's packages, and any more named as arguments.
 kalvex_install_missing() {
@@ -26,10 +26,11 @@ kalvex_install_missing() {
   fi
 }
 
+# Builds Kalvex; the arguments name further packages to install first.
 kalvex_build() {
   local top
   top=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
-  kalvex_install_missing || return 1
+  kalvex_install_missing "$@" || return 1
   cmake -S "$top" -B "$top/build" -G Ninja -DCMAKE_BUILD_TYPE=Release >/dev/null || return 1
   cmake --build "$top/build" || return 1
 }
