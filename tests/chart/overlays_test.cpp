@@ -28,12 +28,7 @@ class OverlaysTest : public ::testing::Test {
     }
     return ends;
   }
-  const DrawCommand* TextAt(double x, double y) const {
-    for (const DrawCommand& c : list.Commands()) {
-      if (c.kind == Kind::Text && c.a.x == x && c.a.y == y) return &c;
-    }
-    return nullptr;
-  }
+  const DrawCommand* TextAt(double x, double y) const { return testing::TextAt(list, x, y); }
 
   Session session;
   DisplayList list;

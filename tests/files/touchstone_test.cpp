@@ -2,7 +2,6 @@
 
 #include <cmath>
 #include <complex>
-#include <fstream>
 
 #include "analysis/sweep.h"
 #include "files/load_data_file.h"
@@ -26,16 +25,24 @@ struct TouchstoneCase {
   const char* message;         // nullptr: none
 };
 
-class TouchstoneFiles : public testing::TempDirTest,
+// Reads `contents` as the load-data file `file` into `session`.
+class TouchstoneTest : public testing::TempDirTest {
+ protected:
+  void Load(const std::string& file, const std::string& contents) {
+    WriteFile(file, contents);
+    InitialiseSession(session);
+    ParseLoadFile(session, dialogs, PathOf(file));
+  }
+  Session session;
+  testing::FakeDialogs dialogs;
+};
+
+class TouchstoneFiles : public TouchstoneTest,
                         public ::testing::WithParamInterface<TouchstoneCase> {};
 
 TEST_P(TouchstoneFiles, GiveTheLoadsInOhms) {
   const TouchstoneCase& c = GetParam();
-  WriteFile(c.file, c.contents);
-  Session session;
-  InitialiseSession(session);
-  testing::FakeDialogs dialogs;
-  ParseLoadFile(session, dialogs, PathOf(c.file));
+  Load(c.file, c.contents);
   EXPECT_EQ(dialogs.messages.size(), c.message == nullptr ? 0u : 1u) << c.name;
   if (c.message != nullptr && !dialogs.messages.empty()) {
     EXPECT_NE(dialogs.messages[0].text.find(c.message), std::string::npos)
@@ -86,39 +93,27 @@ INSTANTIATE_TEST_SUITE_P(
                        "no data"}),
     [](const auto& info) { return testing::TestName(info.param.name); });
 
-TEST(Touchstone, ThousandPointsFitAndMoreDoNot) {
+TEST_F(TouchstoneTest, ThousandPointsFitAndMoreDoNot) {
   std::string contents = "# Hz S RI R 50\n";
   for (int k = 1; k <= 1001; ++k) contents += std::to_string(k) + " 0 0\n";
-  const std::string path = (std::filesystem::temp_directory_path() / "kalvex-many.s1p").string();
-  std::ofstream(path) << contents;
-  Session session;
-  InitialiseSession(session);
-  testing::FakeDialogs dialogs;
-  ParseLoadFile(session, dialogs, path);
-  std::filesystem::remove(path);
+  Load("many.s1p", contents);
   EXPECT_EQ(session.SweepPoints, 1000);
   EXPECT_EQ(dialogs.MessageTexts(), std::vector<std::string>{"Parser error"});
 }
 
 // What the sweep writes as Touchstone reads back to the same impedances.
-TEST(Touchstone, SweepWrittenReadsBack) {
-  Session session = testing::FiveStageNetwork();
-  session.SweepStart = 13e6;
-  session.SweepStop = 15e6;
-  session.SweepPoints = 9;
-  RunSweepPoints(session, SweepUse::Table);
-  const std::string path = (std::filesystem::temp_directory_path() / "kalvex-round.s1p").string();
-  std::ofstream(path) << TouchstoneText(session, "now");
-  Session read;
-  InitialiseSession(read);
-  testing::FakeDialogs dialogs;
-  ParseLoadFile(read, dialogs, path);
-  std::filesystem::remove(path);
-  ASSERT_EQ(read.SweepPoints, 9);
+TEST_F(TouchstoneTest, SweepWrittenReadsBack) {
+  Session swept = testing::FiveStageNetwork();
+  swept.SweepStart = 13e6;
+  swept.SweepStop = 15e6;
+  swept.SweepPoints = 9;
+  RunSweepPoints(swept, SweepUse::Table);
+  Load("round.s1p", TouchstoneText(swept, "now"));
+  ASSERT_EQ(session.SweepPoints, 9);
   for (int k = 0; k < 9; ++k) {
-    EXPECT_EQ(read.LoadFreq[k + 1], session.SweepFreq[k]);
-    EXPECT_NEAR(read.LoadR[k + 1], session.SweepR[k], 1e-9 * std::abs(session.SweepR[k]));
-    EXPECT_NEAR(read.LoadX[k + 1], session.SweepX[k], 1e-9 * std::abs(session.SweepX[k]));
+    EXPECT_EQ(session.LoadFreq[k + 1], swept.SweepFreq[k]);
+    EXPECT_NEAR(session.LoadR[k + 1], swept.SweepR[k], 1e-9 * std::abs(swept.SweepR[k]));
+    EXPECT_NEAR(session.LoadX[k + 1], swept.SweepX[k], 1e-9 * std::abs(swept.SweepX[k]));
   }
 }
 

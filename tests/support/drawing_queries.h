@@ -36,6 +36,14 @@ inline double RailEnd(const DisplayList& list, double y) {
   return end;
 }
 
+// The text whose top-left corner is at (x, y), or nullptr.
+inline const DrawCommand* TextAt(const DisplayList& list, double x, double y) {
+  for (const DrawCommand& c : list.Commands()) {
+    if (c.kind == DrawCommand::Kind::Text && c.a.x == x && c.a.y == y) return &c;
+  }
+  return nullptr;
+}
+
 inline std::vector<std::string> Texts(const DisplayList& list) {
   std::vector<std::string> texts;
   for (const DrawCommand& c : OfKind(list, DrawCommand::Kind::Text)) texts.push_back(c.text);
