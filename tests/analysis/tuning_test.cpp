@@ -84,36 +84,30 @@ TEST_F(StripTest, HitTestEdgesBelongToTheCellOnTheLeft) {
   }
 }
 
-struct PanelCase {
-  int16_t type;
-  std::array<double, 5> values;
-  TuningPanel panel;
-};
-
-class Panels : public StripTest, public ::testing::WithParamInterface<PanelCase> {};
-
-TEST_P(Panels, ShowTheTypesValues) {
-  session.ElementType[2] = GetParam().type;
-  session.Value[2] = {0, GetParam().values[1], GetParam().values[2], GetParam().values[3]};
-  const TuningPanel panel = SelectPart(session, 2);
-  EXPECT_EQ(session.SelectedStage, 2);
-  EXPECT_EQ(panel.topCaption, GetParam().panel.topCaption);
-  EXPECT_EQ(panel.topText, GetParam().panel.topText);
-  EXPECT_EQ(panel.bottomCaption, GetParam().panel.bottomCaption);
-  EXPECT_EQ(panel.bottomText, GetParam().panel.bottomText);
-  EXPECT_EQ(panel.bottomRow, GetParam().panel.bottomRow);
+TEST_F(StripTest, SelectedPartsShowTheirValuesOnThePanel) {
+  struct Case {
+    int16_t type;
+    std::array<double, 5> values;
+    TuningPanel panel;
+  };
+  for (const Case& c :
+       {Case{Empty, {0, 0, 0}, {"R enter", "0 ", "X enter", "0 "}},
+        Case{ShuntCapacitor, {0, 1e-10, 500}, {"C enter", "100 pF", "Q enter", "500 "}},
+        Case{SeriesInductor, {0, 2e-6, 80}, {"L enter", "2 uH", "Q enter", "80 "}},
+        Case{ShuntOpenStub, {0, 45, 14e6, 75}, {"Len enter", "45 ", "Z enter", "75 "}},
+        Case{SeriesParallelLC, {0, 1e-6, 100, 1e-10}, {"L enter", "1 uH", "C enter", "100 pF"}},
+        Case{ShuntResistor, {0, 33}, {"R enter", "33 ", "", "", false}}}) {
+    session.ElementType[2] = c.type;
+    session.Value[2] = {0, c.values[1], c.values[2], c.values[3]};
+    const TuningPanel panel = SelectPart(session, 2);
+    EXPECT_EQ(session.SelectedStage, 2);
+    EXPECT_EQ((std::vector<std::string>{panel.topCaption, panel.topText, panel.bottomCaption,
+                                        panel.bottomText}),
+              (std::vector<std::string>{c.panel.topCaption, c.panel.topText,
+                                        c.panel.bottomCaption, c.panel.bottomText}));
+    EXPECT_EQ(panel.bottomRow, c.panel.bottomRow) << c.type;
+  }
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Types, Panels,
-    ::testing::Values(
-        PanelCase{Empty, {0, 0, 0}, {"R enter", "0 ", "X enter", "0 "}},
-        PanelCase{ShuntCapacitor, {0, 1e-10, 500}, {"C enter", "100 pF", "Q enter", "500 "}},
-        PanelCase{SeriesInductor, {0, 2e-6, 80}, {"L enter", "2 uH", "Q enter", "80 "}},
-        PanelCase{ShuntOpenStub, {0, 45, 14e6, 75}, {"Len enter", "45 ", "Z enter", "75 "}},
-        PanelCase{SeriesParallelLC, {0, 1e-6, 100, 1e-10},
-                  {"L enter", "1 uH", "C enter", "100 pF"}},
-        PanelCase{ShuntResistor, {0, 33}, {"R enter", "33 ", "", "", false}}));
 
 class TuningTest : public StripTest {
  protected:
@@ -148,10 +142,12 @@ TEST_F(TuningTest, FineStepsShrinkWithTheZoom) {
 }
 
 TEST_F(TuningTest, LoadReactanceFollowsTheStepSize) {
-  SetFineSteps(session, true);
+  EXPECT_TRUE(LoadStepSize(session));  // the first visit starts with fine steps
   SelectPart(session, 0);
   StepBottomValue(session, "10", StepDirection::Up, kLargeStep);
   EXPECT_NEAR(session.Value[0][2], 10 * (1 + 0.001), 1e-8);
+  SetFineSteps(session, false);
+  EXPECT_FALSE(LoadStepSize(session));
 }
 
 TEST_F(TuningTest, ArithmeticStepsAddTheBase) {
@@ -191,43 +187,31 @@ TEST_F(TuningTest, LoadResistanceOfZeroBecomesFiftyOhms) {
   EXPECT_EQ(EnterBottomValue(session, "0"), Entered::Value);  // a load may have no X
 }
 
-TEST_F(TuningTest, FirstVisitStartsWithFineSteps) {
-  EXPECT_TRUE(LoadStepSize(session));
-  EXPECT_FLOAT_EQ(session.TuneStepPercent, 0.01f);
-  SetFineSteps(session, false);
-  EXPECT_FALSE(LoadStepSize(session));
-}
-
-struct FrequencyCase {
-  const char* typed;
-  double frequency;
-  const char* text;
-  const char* message;  // nullptr: none
-};
-
-class FrequencyEntry : public TuningTest, public ::testing::WithParamInterface<FrequencyCase> {};
-
 // The box shows the final text before any limit's message is shown.
-TEST_P(FrequencyEntry, KeepsWithinItsLimitsAndWritesTheBoxFirst) {
-  std::string box;
-  std::size_t messagesWhenWritten = 0;
-  EnterTestFrequency(session, dialogs, GetParam().typed, [&](const std::string& text) {
-    box = text;
-    messagesWhenWritten = dialogs.messages.size();
-  });
-  EXPECT_EQ(box, GetParam().text);
-  EXPECT_EQ(messagesWhenWritten, 0u);
-  EXPECT_EQ(session.Frequency, GetParam().frequency);
-  EXPECT_EQ(dialogs.MessageTexts(), testing::FakeDialogs::Only(GetParam().message));
+TEST_F(TuningTest, FrequencyEntryKeepsWithinItsLimitsAndWritesTheBoxFirst) {
+  struct Case {
+    const char* typed;
+    double frequency;
+    const char* text;
+    const char* message;  // nullptr: none
+  };
+  for (const Case& c :
+       {Case{"-2M", 2e6, " 2 M", nullptr},
+        Case{"1k", 5000, " 5 k", "Frequency has been reset to the minimum allowed (5kHz)."},
+        Case{"20G", 1e10, " 10 G", "Frequency has been reset to the maximum allowed (10gHz)."}}) {
+    dialogs.messages.clear();
+    std::string box;
+    std::size_t messagesWhenWritten = 0;
+    EnterTestFrequency(session, dialogs, c.typed, [&](const std::string& text) {
+      box = text;
+      messagesWhenWritten = dialogs.messages.size();
+    });
+    EXPECT_EQ(box, c.text);
+    EXPECT_EQ(messagesWhenWritten, 0u);
+    EXPECT_EQ(session.Frequency, c.frequency);
+    EXPECT_EQ(dialogs.MessageTexts(), testing::FakeDialogs::Only(c.message));
+  }
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Entries, FrequencyEntry,
-    ::testing::Values(
-        FrequencyCase{"-2M", 2e6, " 2 M", nullptr},
-        FrequencyCase{"1k", 5000, " 5 k", "Frequency has been reset to the minimum allowed (5kHz)."},
-        FrequencyCase{"20G", 1e10, " 10 G",
-                      "Frequency has been reset to the maximum allowed (10gHz)."}));
 
 TEST_F(TuningTest, FrequencyStepsRoundTripWithoutLimits) {
   SetFineSteps(session, false);
