@@ -57,6 +57,9 @@ TEST_F(OverlaysTest, QArcsOfOneCrossTheImaginaryAxisAtRootTwoLessOne) {
 }
 
 TEST_F(OverlaysTest, QArcsTurnWhiteBeyondTheChartsEnds) {
+  DrawQArcs(session, list);
+  DrawVSWRCircle(session, list);
+  EXPECT_TRUE(list.Commands().empty());  // switched off: nothing
   session.QArcsOn = 1;
   session.QCircle = 0.5f;
   DrawQArcs(session, list);
@@ -70,83 +73,62 @@ TEST_F(OverlaysTest, QArcsTurnWhiteBeyondTheChartsEnds) {
   EXPECT_EQ(white.size() + testing::LinesIn(list, kTeal).size(), 2u * 1800);
 }
 
-TEST_F(OverlaysTest, OverlaysSwitchedOffDrawNothing) {
-  DrawQArcs(session, list);
-  DrawVSWRCircle(session, list);
-  EXPECT_TRUE(list.Commands().empty());
-}
-
-struct QClampCase {
-  float entered;
-  float drawn;
-};
-
 TEST_F(OverlaysTest, QArcsBringTheirValueIntoRange) {
-  for (const QClampCase c : {QClampCase{0, 2}, QClampCase{0.05f, 0.1f}, QClampCase{25, 20}}) {
+  for (const auto& [entered, drawn] : {std::pair{0.0f, 2.0f}, {0.05f, 0.1f}, {25.0f, 20.0f}}) {
     session.QArcsOn = 1;
-    session.QCircle = c.entered;
+    session.QCircle = entered;
     DrawQArcs(session, list);
-    EXPECT_FLOAT_EQ(session.QCircle, c.drawn) << c.entered;
+    EXPECT_FLOAT_EQ(session.QCircle, drawn) << entered;
   }
 }
 
-struct VSWRCase {
-  float vswr;
-  double rho;
-  const char* text;
-};
-
-class VSWRCircles : public OverlaysTest, public ::testing::WithParamInterface<VSWRCase> {};
-
-TEST_P(VSWRCircles, HaveTheirReflectionMagnitude) {
-  session.VSWRCircleOn = 1;
-  session.VSWRCircle = GetParam().vswr;
-  DrawVSWRCircle(session, list);
-  const std::vector<Gamma> ends = LineEndsIn(kVSWRRed);
-  ASSERT_EQ(ends.size(), 72u);  // 73 points, the last back on the first
-  for (const Gamma& g : ends) EXPECT_NEAR(std::hypot(g.u, g.v), GetParam().rho, 1e-9);
-  ASSERT_NE(TextAt(5300, 8140), nullptr);
-  EXPECT_EQ(TextAt(5300, 8140)->text, GetParam().text);
-  EXPECT_EQ(session.VSWRCircle, GetParam().vswr);  // a refused value stays for the dialog
+// A refused value stays in the session for the dialog; the circle is drawn clamped.
+TEST_F(OverlaysTest, VSWRCirclesHaveTheirReflectionMagnitude) {
+  struct Case {
+    float vswr;
+    double rho;
+    const char* text;
+  };
+  for (const Case& c : {Case{2, 1.0 / 3, "VSWR=2"}, Case{20, 19.0 / 21, "VSWR=20"},
+                        Case{-1, (double{1.01f} - 1) / (double{1.01f} + 1), "VSWR=1.01"},
+                        Case{50, 19.0 / 21, "VSWR=20"}}) {
+    list.Reset();
+    session.VSWRCircleOn = 1;
+    session.VSWRCircle = c.vswr;
+    DrawVSWRCircle(session, list);
+    const std::vector<Gamma> ends = LineEndsIn(kVSWRRed);
+    ASSERT_EQ(ends.size(), 72u);  // 73 points, the last back on the first
+    for (const Gamma& g : ends) EXPECT_NEAR(std::hypot(g.u, g.v), c.rho, 1e-9) << c.vswr;
+    ASSERT_NE(TextAt(5300, 8140), nullptr);
+    EXPECT_EQ(TextAt(5300, 8140)->text, c.text);
+    EXPECT_EQ(session.VSWRCircle, c.vswr);
+  }
 }
 
-INSTANTIATE_TEST_SUITE_P(Values, VSWRCircles,
-                         ::testing::Values(VSWRCase{2, 1.0 / 3, "VSWR=2"},
-                                           VSWRCase{20, 19.0 / 21, "VSWR=20"},
-                                           VSWRCase{-1, (double{1.01f} - 1) / (double{1.01f} + 1), "VSWR=1.01"},
-                                           VSWRCase{50, 19.0 / 21, "VSWR=20"}));
-
-struct SettingCase {
-  Overlay overlay;
-  const char* typed;
-  bool accepted;
-};
-
-class OverlaySettings : public ::testing::TestWithParam<SettingCase> {};
-
-TEST_P(OverlaySettings, AcceptTheirRangeAndRefuseBeyondIt) {
-  Session session;
-  InitialiseSession(session);
-  testing::FakeDialogs dialogs;
-  const SettingCase& c = GetParam();
-  EXPECT_EQ(AcceptOverlaySetting(session, dialogs, c.overlay, c.typed), c.accepted) << c.typed;
-  const char* refusal = c.overlay == Overlay::QArcs
-                            ? "Q must be between .1 and 20"
-                            : "VSWR circle radius must be between 1.01 and 20";
-  EXPECT_EQ(dialogs.MessageTexts(), testing::FakeDialogs::Only(c.accepted ? nullptr : refusal));
-  EXPECT_EQ(OverlaySettingText(session, c.overlay), c.typed);  // kept, even when refused
+// The typed text is kept, even when refused.
+TEST(OverlaySettings, AcceptTheirRangeAndRefuseBeyondIt) {
+  struct Case {
+    Overlay overlay;
+    const char* typed;
+    bool accepted;
+  };
+  for (const Case& c : {Case{Overlay::QArcs, "0.05", false}, Case{Overlay::QArcs, "0.1", true},
+                        Case{Overlay::QArcs, "20", true}, Case{Overlay::QArcs, "20.01", false},
+                        Case{Overlay::VSWRCircle, "1.005", false},
+                        Case{Overlay::VSWRCircle, "1.01", true},
+                        Case{Overlay::VSWRCircle, "20", true},
+                        Case{Overlay::VSWRCircle, "21", false}}) {
+    Session session;
+    InitialiseSession(session);
+    testing::FakeDialogs dialogs;
+    EXPECT_EQ(AcceptOverlaySetting(session, dialogs, c.overlay, c.typed), c.accepted) << c.typed;
+    const char* refusal = c.overlay == Overlay::QArcs
+                              ? "Q must be between .1 and 20"
+                              : "VSWR circle radius must be between 1.01 and 20";
+    EXPECT_EQ(dialogs.MessageTexts(), testing::FakeDialogs::Only(c.accepted ? nullptr : refusal));
+    EXPECT_EQ(OverlaySettingText(session, c.overlay), c.typed);
+  }
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Boundaries, OverlaySettings,
-    ::testing::Values(SettingCase{Overlay::QArcs, "0.05", false},
-                      SettingCase{Overlay::QArcs, "0.1", true},
-                      SettingCase{Overlay::QArcs, "20", true},
-                      SettingCase{Overlay::QArcs, "20.01", false},
-                      SettingCase{Overlay::VSWRCircle, "1.005", false},
-                      SettingCase{Overlay::VSWRCircle, "1.01", true},
-                      SettingCase{Overlay::VSWRCircle, "20", true},
-                      SettingCase{Overlay::VSWRCircle, "21", false}));
 
 }  // namespace
 }  // namespace kalvex

