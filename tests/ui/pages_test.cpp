@@ -6,9 +6,8 @@
 #include <QLabel>
 #include <QPushButton>
 #include <QTest>
-#include <sstream>
 
-#include "cli.h"
+#include "analysis/tabulate.h"
 #include "files/network_file.h"
 #include "support/fake_dialogs.h"
 #include "support/temp_dir.h"
@@ -16,6 +15,10 @@
 #include "ui/page_renderer.h"
 #include "ui/exit_dialog.h"
 #include "ui/welcome_page.h"
+#include "ui/analysis_page.h"
+#include "ui/overlay_setup_dialog.h"
+#include "ui/sweep_setup_dialog.h"
+#include "ui/tabulate_page.h"
 
 namespace kalvex {
 namespace {
@@ -117,18 +120,6 @@ TEST_F(PagesInFolder, ExitDialogOnAnEmptyNetwork) {
   EXPECT_EQ(dialog.result(), QDialog::Accepted);
 }
 
-TEST_F(PagesInFolder, RenderWritesAnImageOfTheAskedSize) {
-  std::ostringstream out, err;
-  const auto render = [&](std::vector<std::string> words) { return RunCli(words, out, err); };
-  EXPECT_EQ(render({"render", "--page", "design", "--size", "640x480", "-o", "d.png"}), kExitOk);
-  EXPECT_EQ(QImage("d.png").size(), QSize(640, 480));
-  EXPECT_EQ(render({"render", "--page", "welcome", "-o", "w.png"}), kExitOk);
-  EXPECT_EQ(QImage("w.png").size(), QSize(1200, 900));
-  EXPECT_EQ(render({"render", "--page", "chart", "-o", "x.png"}), kExitUsage);
-  EXPECT_EQ(render({"render", "--page", "design", "-o", "x.bmp"}), kExitFailed);
-  EXPECT_EQ(render({"render", "--page", "design", "--size", "big", "-o", "x.png"}), kExitUsage);
-}
-
 // The box around the dark pixels of an image.
 QRect InkBox(const QImage& image) {
   QRect box;
@@ -155,12 +146,6 @@ TEST_F(PagesInFolder, TextKeepsItsProportionsInAWideImage) {
   }
   EXPECT_NEAR(ratios[1], ratios[0], 0.05 * ratios[0]);
 }
-
-}  // namespace
-}  // namespace kalvex
-
-namespace kalvex {
-namespace {
 
 // The Design page driven with clicks in page units, as a user drives it.
 class DesignPageTest : public PagesInFolder {
@@ -227,18 +212,6 @@ TEST_F(DesignPageTest, GetNetShowsTheFileInTheCaption) {
   page->cmdSave->click();  // cancelled: nothing is written
   EXPECT_EQ(dialogs.chooserTitles.back(), "Save Kalvex network file");
 }
-
-}  // namespace
-}  // namespace kalvex
-
-#include "analysis/tabulate.h"
-#include "ui/analysis_page.h"
-#include "ui/tabulate_page.h"
-#include "ui/overlay_setup_dialog.h"
-#include "ui/sweep_setup_dialog.h"
-
-namespace kalvex {
-namespace {
 
 class AnalysisPageTest : public PagesInFolder {
  protected:
