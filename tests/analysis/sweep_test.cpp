@@ -114,32 +114,16 @@ TEST_F(SweepTest, OnlyTheTableCapsTheVSWR) {
   EXPECT_EQ(session.SweepVSWR[0], 1e6);
 }
 
-struct ShortSweep {
-  int16_t points;
-  std::vector<double> frequencies;
-};
-
-class ShortManualSweeps : public SweepTest, public ::testing::WithParamInterface<ShortSweep> {};
-
-TEST_P(ShortManualSweeps, RunWithoutFailing) {
-  session.SweepStart = 5e6;
-  session.SweepStop = 7e6;
-  session.SweepPoints = GetParam().points;
-  const SweepIndexes indexes = RunSweepPoints(session, SweepUse::Chart);
-  ASSERT_EQ(indexes.last - indexes.first + 1, static_cast<int>(GetParam().frequencies.size()));
-  for (std::size_t k = 0; k < GetParam().frequencies.size(); ++k) {
-    EXPECT_EQ(session.SweepFreq[k], GetParam().frequencies[k]);
-    EXPECT_TRUE(std::isfinite(session.SweepR[k]));
-  }
-}
-
-INSTANTIATE_TEST_SUITE_P(OneTwoNone, ShortManualSweeps,
-                         ::testing::Values(ShortSweep{1, {5e6}}, ShortSweep{2, {5e6, 7e6}},
-                                           ShortSweep{0, {}}, ShortSweep{-4, {}}));
-
 TEST_F(SweepTest, CountsBeyondTheArraysStayInside) {
   session.SweepStart = 1e6;
   session.SweepStop = 2e6;
+  session.SweepPoints = 1;
+  const SweepIndexes one = RunSweepPoints(session, SweepUse::Chart);
+  EXPECT_EQ(one.last, one.first);
+  EXPECT_EQ(session.SweepFreq[one.first], 1e6);
+  session.SweepPoints = -4;
+  const SweepIndexes negative = RunSweepPoints(session, SweepUse::Chart);
+  EXPECT_GT(negative.first, negative.last);
   session.SweepPoints = 30000;
   EXPECT_EQ(RunSweepPoints(session, SweepUse::Chart).last, 1999);
   LoadTable(1000);

@@ -77,22 +77,6 @@ TEST_F(SafeWriteTest, RespectsEveryKindOfDestination) {
                                                  "target.txt"}));
 }
 
-TEST_F(SafeWriteTest, WritesAFifoDirectly) {
-  const std::string fifo = PathOf("fifo");
-  ASSERT_EQ(::mkfifo(fifo.c_str(), 0600), 0);
-  const pid_t reader = ::fork();
-  if (reader == 0) {
-    std::ifstream in(fifo);
-    const std::string got{std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
-    ::_exit(got == "through the pipe" ? 0 : 1);
-  }
-  EXPECT_EQ(WriteFileSafely(fifo, "through the pipe"), "");
-  int status = 0;
-  ::waitpid(reader, &status, 0);
-  EXPECT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) == 0);
-  EXPECT_EQ(fs::status(fifo).type(), fs::file_type::fifo);
-}
-
 // A writer stopped by the file-size limit keeps the old file and leaves no
 // temporary file, for text, SVG and PDF alike.
 TEST_F(SafeWriteTest, AFailedWriteKeepsTheOldFile) {

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <unistd.h>
+
 #include <filesystem>
 #include <fstream>
 #include <iterator>
@@ -16,8 +18,10 @@ class TempDirTest : public ::testing::Test {
  protected:
   void SetUp() override {
     const auto* info = ::testing::UnitTest::GetInstance()->current_test_info();
+    // The process id keeps two runs of the suite at once apart.
     dir_ = std::filesystem::temp_directory_path() /
-           ("kalvex-" + SafeName(info->test_suite_name()) + "-" + SafeName(info->name()));
+           ("kalvex-" + std::to_string(::getpid()) + "-" + SafeName(info->test_suite_name()) +
+            "-" + SafeName(info->name()));
     std::filesystem::remove_all(dir_);
     std::filesystem::create_directories(dir_);
   }
