@@ -71,27 +71,23 @@ TEST(Symbols, EachTypeDrawsItsOwnForm) {
   }
 }
 
+// A highlighted Design symbol is drawn in its colour over a backdrop; the
+// wire and the strip's symbols get none.
 TEST(Symbols, HighlightedDesignSymbolsGetTheirBackdropFirst) {
-  DisplayList list;
-  SymbolPen pen(list, SymbolFamily::Design, kRv);
-  pen.ListX = 2000;
-  pen.ListY = 700;
-  pen.HighlightFlag = RGB(17, 136, 17);
-  pen.DrawElementSymbol(SeriesCapacitor);
-  const DrawCommand& first = list.Commands().front();
-  ASSERT_EQ(first.kind, Kind::FillRect);
-  EXPECT_EQ(first.colour, kBackdropGreen);
-  EXPECT_EQ(std::tuple(first.a.x, first.a.y, first.b.x, first.b.y), std::tuple(1800, 500, 3200, 1900));
-  EXPECT_EQ(testing::LinesIn(list, RGB(17, 136, 17)).size(),
-            testing::OfKind(list, Kind::Line).size());
-
-  for (const auto& [family, type] : {std::pair{SymbolFamily::Design, 0},
-                                     std::pair{SymbolFamily::Strip, 1}}) {
-    DisplayList plain;
-    SymbolPen other(plain, family, kRv, kS);
-    other.HighlightFlag = 2;
-    other.DrawElementSymbol(type);
-    EXPECT_TRUE(testing::OfKind(plain, Kind::FillRect).empty());
+  for (const auto& [family, type, backdrop] : {std::tuple{SymbolFamily::Design, 1, true},
+                                               {SymbolFamily::Design, 0, false},
+                                               {SymbolFamily::Strip, 1, false}}) {
+    DisplayList list;
+    SymbolPen pen(list, family, kRv, kS);
+    pen.ListX = 2000;
+    pen.ListY = 700;
+    pen.HighlightFlag = RGB(17, 136, 17);
+    pen.DrawElementSymbol(type);
+    const DrawCommand& first = list.Commands().front();
+    EXPECT_EQ(first.kind == Kind::FillRect && first.colour == kBackdropGreen, backdrop) << type;
+    if (!backdrop) continue;
+    EXPECT_EQ(std::tuple(first.a.x, first.a.y, first.b.x, first.b.y), std::tuple(1800, 500, 3200, 1900));
+    EXPECT_EQ(testing::LinesIn(list, RGB(17, 136, 17)).size(), testing::OfKind(list, Kind::Line).size());
   }
 }
 
@@ -110,24 +106,20 @@ TEST(Symbols, ShuntStubWallsStandWhereEachMemberHasThem) {
   }
 }
 
+// In the strip coils hang 30 below the rail, and a line's tube ends have
+// radius 80·S, not the coil radius, with its upper wall 95·S above the rail.
 TEST(Symbols, StripExceptionsHangCoilsAndWidenTubes) {
-  DisplayList coil;
-  SymbolPen pen(coil, SymbolFamily::Strip, kRv, kS);
-  pen.ListY = 180;
-  pen.DrawElementSymbol(SeriesInductor);
-  for (const DrawCommand& arc : testing::OfKind(coil, Kind::Ellipse)) {
-    EXPECT_NEAR(arc.a.y, 210, 1e-9);
-    EXPECT_NEAR(arc.b.x, 80 * kS, 1e-4);
+  for (const int type : {SeriesInductor, SeriesLine}) {
+    DisplayList list;
+    SymbolPen pen(list, SymbolFamily::Strip, kRv, kS);
+    pen.ListY = 180;
+    pen.DrawElementSymbol(type);
+    for (const DrawCommand& arc : testing::OfKind(list, Kind::Ellipse)) {
+      if (type == SeriesInductor) EXPECT_NEAR(arc.a.y, 210, 1e-9);
+      EXPECT_NEAR(type == SeriesInductor ? arc.b.x : arc.b.y, 80 * kS, 1e-4);
+    }
+    if (type == SeriesLine) EXPECT_GT(testing::RailEnd(list, 180 - 95 * static_cast<double>(kS)), 0);
   }
-
-  DisplayList line;
-  SymbolPen linePen(line, SymbolFamily::Strip, kRv, kS);
-  linePen.ListY = 180;
-  linePen.DrawElementSymbol(SeriesLine);
-  for (const DrawCommand& end : testing::OfKind(line, Kind::Ellipse)) {
-    EXPECT_NEAR(end.b.y, 80 * kS, 1e-4);  // radius 80·S, not the coil radius
-  }
-  EXPECT_GT(testing::RailEnd(line, 180 - 95 * static_cast<double>(kS)), 0);
 }
 
 TEST(Symbols, GeneratorShowsTheSystemImpedance) {
