@@ -186,11 +186,6 @@ TEST_F(RedrawTest, StripClearingFollowsAStripThatGrew) {
   EXPECT_NEAR(clearing->b.x, session.PartRightEdge[5] + 0.9 * 1040 + 400, 1e-3);
 }
 
-TEST_F(RedrawTest, CaptionShowsTheSystemImpedance) {
-  EXPECT_EQ(ChartCaption(50.5), "Chart normalized to 50.5 ohms");
-  EXPECT_EQ(ChartCaption(0.5), "Chart normalized to .5 ohms");
-}
-
 TEST_F(RedrawTest, PathIsPaintedInTheStageColoursFromADot) {
   const Session network = testing::FiveStageNetwork();
   session.ElementType = network.ElementType;

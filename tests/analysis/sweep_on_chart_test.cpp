@@ -56,6 +56,10 @@ TEST_F(SweepOnChartTest, ManualSweepMarksEachPointAndItsEnds) {
   session.SweepStop = 15e6;
   session.SweepPoints = 3;
   const double frequency = session.Frequency;
+  session.SweepShown = 0;
+  RunSweep(session, list);
+  EXPECT_TRUE(list.Commands().empty());  // switched off: nothing
+  session.SweepShown = 1;
   RunSweep(session, list);
   const auto circles = PointCircles();
   ASSERT_EQ(circles.size(), 3u);
@@ -76,24 +80,6 @@ TEST_F(SweepOnChartTest, ManualSweepMarksEachPointAndItsEnds) {
   EXPECT_EQ(session.SweepFreq[1], 14e6);
   EXPECT_EQ(session.Frequency, frequency);
   EXPECT_EQ(session.SweepPoints, 3);
-}
-
-TEST_F(SweepOnChartTest, LoadDataSweepRunsOverTheFilesPoints) {
-  session.SweepShown = 0;
-  RunSweep(session, list);
-  EXPECT_TRUE(list.Commands().empty());  // switched off: nothing
-  session.SweepShown = 1;
-  session.LoadSource = 2;
-  session.SweepPoints = 7;
-  for (int k = 1; k <= 7; ++k) {
-    session.LoadFreq[k] = 13.9e6 + k * 0.1e6;
-    session.LoadR[k] = 30 + 5 * k;
-    session.LoadX[k] = -20 + 4 * k;
-  }
-  RunSweep(session, list);
-  EXPECT_EQ(PointCircles().size(), 7u);
-  EXPECT_EQ(Legend(), (std::vector<std::string>{"7940 'S'= 14 MHz", "8340 7 points",
-                                                "8140 'F'= 14.6 MHz", "8340 7 points"}));
 }
 
 struct EnablingCase {

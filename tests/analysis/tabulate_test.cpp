@@ -39,7 +39,7 @@ TEST(Tabulate, RowsStandInTheHeadingsColumns) {
     const auto& p = c.point;
     testing::FillSweepPoint(session, 0, p[0], p[1], p[2], p[3], p[4], p[5]);
     EXPECT_EQ(TabulateRow(session, 0), c.row);
-    if (p[3] == 0) EXPECT_EQ(session.SweepRho[0], 1e-9);
+    EXPECT_EQ(session.SweepRho[0], p[3] == 0 ? 1e-9 : p[3]);  // a Rho of 0 is replaced
   }
 }
 

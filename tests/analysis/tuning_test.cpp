@@ -63,14 +63,6 @@ TEST_F(StripTest, ValuesAreShownAtTheWorkingFrequency) {
   EXPECT_EQ(testing::OfKind(list, DrawCommand::Kind::OutlineRect).size(), 1u);
 }
 
-TEST_F(StripTest, NothingIsDrawnWithoutAFrequency) {
-  session.PartRightEdge[5] = 1234;
-  session.Frequency = 0;
-  DrawNetworkListing(session, list);
-  EXPECT_TRUE(list.Commands().empty());
-  EXPECT_EQ(session.PartRightEdge[5], 1234);
-}
-
 TEST_F(StripTest, HitTestEdgesBelongToTheCellOnTheLeft) {
   session.PartRightEdge = {2000, 3000, 3000, 4000, 5000, 6000};
   struct Case {

@@ -109,23 +109,5 @@ TEST_F(SchematicTest, UnusableStagesAreEmptied) {
   }
 }
 
-TEST_F(SchematicTest, UnknownTypesDrawNothingNotEvenASeparator) {
-  session.ElementType[3] = 42;
-  const StagePositions stageX = DrawNetwork(session, list, 80);
-  EXPECT_EQ(stageX[4], stageX[3]);
-  EXPECT_EQ(testing::LinesIn(list, kSeparatorBlue).size(), 5u);
-}
-
-TEST_F(SchematicTest, LibrarySeparatorsFallAtTheHitBoundaries) {
-  DrawLibrary(list, 80);
-  std::vector<double> row1, row2;
-  for (const DrawCommand& line : testing::LinesIn(list, kSeparatorBlue)) {
-    (line.a.y < 6000 ? row1 : row2).push_back(line.a.x);
-  }
-  EXPECT_EQ(row1, (std::vector<double>{3520, 4640, 5720, 6900, 7980, 9220}));
-  EXPECT_EQ(row2, (std::vector<double>{3520, 4680, 5840, 6920, 8000, 9160, 9920}));
-  EXPECT_EQ(testing::OfKind(list, Kind::FillRect).size(), 0u);  // all in black, no backdrop
-}
-
 }  // namespace
 }  // namespace kalvex

@@ -11,32 +11,6 @@ using Kind = DrawCommand::Kind;
 constexpr float kRv = 80;
 constexpr float kS = 0.9f;
 
-// Every symbol advances the cursor by its width (in units of the family's
-// scale; the gallery's widths place the library's separators), and both rails
-// run to its end.
-TEST(Symbols, AdvanceByTheirWidthWithRailsToTheEnd) {
-  for (const auto& [family, widths] :
-       {std::pair{SymbolFamily::Design, std::vector<double>{960, 1000, 960, 1060, 960, 1120, 800,
-                                                           960, 1040, 1040, 640, 960, 1040, 0, 1000}},
-        std::pair{SymbolFamily::Strip, std::vector<double>{-1, 960, 1200, 1500, 1200, 1400, 1240,
-                                                          1240, 1320, 1320, 1200, 1240, 1480, 600}}}) {
-    const double scale = family == SymbolFamily::Strip ? kS : 1;
-    for (int type = 0; type < std::ssize(widths); ++type) {
-      if (widths[type] < 0) continue;
-      DisplayList list;
-      SymbolPen pen(list, family, kRv, kS);
-      pen.ListX = 1000;
-      pen.ListY = 500;
-      pen.DrawElementSymbol(type);
-      EXPECT_NEAR(pen.ListX, 1000 + widths[type] * scale, 1e-9) << type;
-      EXPECT_EQ(pen.ListY, 500);
-      if (widths[type] == 0) continue;
-      EXPECT_NEAR(testing::RailEnd(list, 500), pen.ListX, 1e-9) << type;
-      EXPECT_NEAR(testing::RailEnd(list, 500 + 1040 * scale), pen.ListX, 1e-9) << type;
-    }
-  }
-}
-
 // Which symbol a type gets: a shorted stub's far end returns to the rail
 // where an open one stops, and the shunt forms reach down to the ground rail
 // from the signal rail where the series forms do not.
@@ -71,26 +45,6 @@ TEST(Symbols, EachTypeDrawsItsOwnForm) {
   }
 }
 
-// A highlighted Design symbol is drawn in its colour over a backdrop; the
-// wire and the strip's symbols get none.
-TEST(Symbols, HighlightedDesignSymbolsGetTheirBackdropFirst) {
-  for (const auto& [family, type, backdrop] : {std::tuple{SymbolFamily::Design, 1, true},
-                                               {SymbolFamily::Design, 0, false},
-                                               {SymbolFamily::Strip, 1, false}}) {
-    DisplayList list;
-    SymbolPen pen(list, family, kRv, kS);
-    pen.ListX = 2000;
-    pen.ListY = 700;
-    pen.HighlightFlag = RGB(17, 136, 17);
-    pen.DrawElementSymbol(type);
-    const DrawCommand& first = list.Commands().front();
-    EXPECT_EQ(first.kind == Kind::FillRect && first.colour == kBackdropGreen, backdrop) << type;
-    if (!backdrop) continue;
-    EXPECT_EQ(std::tuple(first.a.x, first.a.y, first.b.x, first.b.y), std::tuple(1800, 500, 3200, 1900));
-    EXPECT_EQ(testing::LinesIn(list, RGB(17, 136, 17)).size(), testing::OfKind(list, Kind::Line).size());
-  }
-}
-
 // The shunt stubs' tube walls: 300 and 460 below the rail on the Design page
 // and on paper, 290 and 470 in the strip.
 TEST(Symbols, ShuntStubWallsStandWhereEachMemberHasThem) {
@@ -103,22 +57,6 @@ TEST(Symbols, ShuntStubWallsStandWhereEachMemberHasThem) {
     const double scale = family == SymbolFamily::Design ? 1 : kS;
     EXPECT_GT(testing::RailEnd(list, upper * scale), 0) << upper;
     EXPECT_GT(testing::RailEnd(list, lower * scale), 0) << lower;
-  }
-}
-
-// In the strip coils hang 30 below the rail, and a line's tube ends have
-// radius 80·S, not the coil radius, with its upper wall 95·S above the rail.
-TEST(Symbols, StripExceptionsHangCoilsAndWidenTubes) {
-  for (const int type : {SeriesInductor, SeriesLine}) {
-    DisplayList list;
-    SymbolPen pen(list, SymbolFamily::Strip, kRv, kS);
-    pen.ListY = 180;
-    pen.DrawElementSymbol(type);
-    for (const DrawCommand& arc : testing::OfKind(list, Kind::Ellipse)) {
-      if (type == SeriesInductor) EXPECT_NEAR(arc.a.y, 210, 1e-9);
-      EXPECT_NEAR(type == SeriesInductor ? arc.b.x : arc.b.y, 80 * kS, 1e-4);
-    }
-    if (type == SeriesLine) EXPECT_GT(testing::RailEnd(list, 180 - 95 * static_cast<double>(kS)), 0);
   }
 }
 

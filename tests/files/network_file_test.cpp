@@ -130,18 +130,6 @@ TEST_F(NetworkFileTest, ReadsWhatTheLinesHoldAndNotTheirLabels) {
   EXPECT_EQ(read.ElementType, (decltype(read.ElementType){0, 3, 2, 4, 5, 0}));
 }
 
-TEST_F(NetworkFileTest, FileEndingAfterTheStagesKeepsCircleAndSweepSettings) {
-  std::vector<std::string> lines = WrittenLines();
-  lines.resize(44);
-  read.QCircle = 3;
-  read.SweepPoints = 7;
-  ASSERT_TRUE(ReadLines(lines));
-  EXPECT_TRUE(dialogs.messages.empty());
-  EXPECT_EQ(read.ElementType[4], SeriesLine);
-  EXPECT_EQ(read.QCircle, 3);
-  EXPECT_EQ(read.SweepPoints, 7);
-}
-
 struct FailingCheck {
   int line;  // index into the written lines
   const char* text;
@@ -169,15 +157,6 @@ INSTANTIATE_TEST_SUITE_P(
                       FailingCheck{49, "Number of points: 0 "},
                       FailingCheck{9, "Element type for stage 1: 70000 "},  // no 16-bit integer
                       FailingCheck{10, "   Value(1):  1E+999 "}));           // no double
-
-TEST_F(NetworkFileTest, ValuesReadBeforeAFailureKeepWhatWasRead) {
-  std::vector<std::string> lines = WrittenLines();
-  lines[45] = "Q circle value:  .05 ";
-  read.VSWRCircle = 9;
-  EXPECT_FALSE(ReadLines(lines));
-  EXPECT_FLOAT_EQ(read.QCircle, 0.05f);
-  EXPECT_EQ(read.VSWRCircle, 9);
-}
 
 TEST_F(NetworkFileTest, CancelledChooserAndMissingFile) {
   read.Frequency = 7e6;

@@ -122,29 +122,5 @@ TEST_F(SafeWriteTest, AKilledWriterLeavesTheOldFileOrTheNewOne) {
   }
 }
 
-// Two writers of one file at once: the result is always one writer's whole
-// output, and neither reports a failure.
-TEST_F(SafeWriteTest, TwoWritersNeverMix) {
-  const std::string first(200'000, 'a');
-  const std::string second(300'000, 'b');
-  for (int round = 0; round < 20; ++round) {
-    pid_t writers[2];
-    for (int w = 0; w < 2; ++w) {
-      writers[w] = ::fork();
-      if (writers[w] == 0) {
-        ::_exit(WriteFileSafely(PathOf("shared.txt"), w == 0 ? first : second).empty() ? 0 : 1);
-      }
-    }
-    for (const pid_t writer : writers) {
-      int status = 0;
-      ::waitpid(writer, &status, 0);
-      EXPECT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) == 0);
-    }
-    const std::string result = ReadFile("shared.txt");
-    ASSERT_TRUE(result == first || result == second) << "round " << round;
-  }
-  EXPECT_EQ(Entries(), std::vector<std::string>{"shared.txt"});
-}
-
 }  // namespace
 }  // namespace kalvex

@@ -53,13 +53,5 @@ TEST_F(StartupAndExitTest, SaveThenExitWritesBothFiles) {
   EXPECT_TRUE(std::filesystem::exists(LastSession()));
 }
 
-TEST_F(StartupAndExitTest, CancelledSaveKeepsTheDialogOpenAndWritesNothing) {
-  StartSession(session, Dir());
-  session.FileName = "earlier.SSF";
-  EXPECT_FALSE(SaveThenExit(session, dialogs, LastSession()).has_value());
-  EXPECT_EQ(session.FileName, "earlier.SSF");
-  EXPECT_FALSE(std::filesystem::exists(LastSession()));
-}
-
 }  // namespace
 }  // namespace kalvex

@@ -49,19 +49,6 @@ TEST_F(SweepDataFileTest, WritesHeadingRowsAndEmptyLastLine) {
   EXPECT_TRUE(text.ends_with("\r\n\r\n"));
 }
 
-TEST_F(SweepDataFileTest, LoadDataSweepsWriteTheirIndexesFromOne) {
-  session.LoadSource = 2;
-  session.SweepPoints = 2;
-  Fill(0, 1, 1, 1, 0.5, 1, 3);
-  Fill(1, 7e6, 50, 0, 0.5, 0, 3);
-  Fill(2, 8e6, 50, 0, 0.5, 0, 3);
-  const std::vector<std::string> lines =
-      SplitLines(SweepDataText(session, "-", "now"));
-  ASSERT_EQ(lines.size(), 9u);
-  EXPECT_TRUE(lines[6].starts_with(" 7000000 "));
-  EXPECT_TRUE(lines[7].starts_with(" 8000000 "));
-}
-
 // Only a Rho of exactly 0 gets the 180 dB floor; a calculated match (Rho
 // 5e-13, its reactance taken as 1e-12) has its own return loss.
 TEST_F(SweepDataFileTest, ReturnLossHasAFloorOnlyForNoReflectionAtAll) {

@@ -93,14 +93,6 @@ INSTANTIATE_TEST_SUITE_P(
                        "no data"}),
     [](const auto& info) { return testing::TestName(info.param.name); });
 
-TEST_F(TouchstoneTest, ThousandPointsFitAndMoreDoNot) {
-  std::string contents = "# Hz S RI R 50\n";
-  for (int k = 1; k <= 1001; ++k) contents += std::to_string(k) + " 0 0\n";
-  Load("many.s1p", contents);
-  EXPECT_EQ(session.SweepPoints, 1000);
-  EXPECT_EQ(dialogs.MessageTexts(), std::vector<std::string>{"Parser error"});
-}
-
 // What the sweep writes as Touchstone reads back to the same impedances.
 TEST_F(TouchstoneTest, SweepWrittenReadsBack) {
   Session swept = testing::FiveStageNetwork();

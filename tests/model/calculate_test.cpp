@@ -60,21 +60,6 @@ TEST_F(CalculateNetworkTest, EmptyStagesArePassedOverAndNoFrequencyChangesNothin
   EXPECT_EQ(session.InputR, 12);
 }
 
-TEST_F(CalculateNetworkTest, LoadDataModeTakesLoadAndFrequencyFromThePoint) {
-  session.LoadSource = 2;
-  session.LoadFreq[3] = 7e6;
-  session.LoadR[3] = 20;
-  session.LoadX[3] = 5;
-  session.ElementType[1] = SeriesInductor;
-  session.Value[1][1] = 1e-6;
-  session.Value[1][2] = 0;  // an ideal inductor
-  session.Frequency = 14e6;
-  CalculateNetwork(session, 3);
-  EXPECT_EQ(session.Frequency, 7e6);
-  EXPECT_DOUBLE_EQ(session.InputR, 20);
-  EXPECT_NEAR(session.InputX, 5 + 2 * std::numbers::pi * 7e6 * 1e-6, 1e-9);
-}
-
 constexpr double kF = 10e6;
 constexpr double kOmega = 2 * std::numbers::pi * kF;
 

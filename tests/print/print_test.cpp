@@ -100,17 +100,6 @@ TEST_F(PrintTest, EmptyNetworkPrintsFiveSeparatorsAtOnePlaceAndTheGeneratorAfter
   EXPECT_EQ(testing::TextAt(list, 1500, 3000)->text, "Frequency:  1 M");
 }
 
-TEST_F(PrintTest, ShuntResistorStageHasTwoLeadsBeforeIt) {
-  session.ElementType[1] = ShuntResistor;
-  session.Value[1][1] = 100;
-  PrintSchematic(session, list);
-  // Two leads, the resistor and its two trailing leads: 4 x 360 between the
-  // first two separators.
-  const std::vector<DrawCommand> separators = testing::LinesIn(list, kSeparator);
-  ASSERT_EQ(separators.size(), 5u);
-  EXPECT_NEAR(separators[1].a.x - separators[0].a.x, 4 * 360, 1e-3);
-}
-
 struct LoadTextCase {
   double x;
   const char* text;
