@@ -44,6 +44,14 @@ inline const DrawCommand* TextAt(const DisplayList& list, double x, double y) {
   return nullptr;
 }
 
+// The first text command that writes `text`, or nullptr.
+inline const DrawCommand* FindText(const DisplayList& list, const std::string& text) {
+  for (const DrawCommand& c : list.Commands()) {
+    if (c.kind == DrawCommand::Kind::Text && c.text == text) return &c;
+  }
+  return nullptr;
+}
+
 inline std::vector<std::string> Texts(const DisplayList& list) {
   std::vector<std::string> texts;
   for (const DrawCommand& c : OfKind(list, DrawCommand::Kind::Text)) texts.push_back(c.text);
