@@ -1,0 +1,279 @@
+#include <gtest/gtest.h>
+
+#include <cmath>
+
+#include "chart/analysis_view.h"
+#include "chart/chart_view.h"
+#include "chart/network_path.h"
+#include "chart/overlay_settings.h"
+#include "chart/overlays.h"
+#include "model/calculate.h"
+#include "support/drawing_queries.h"
+#include "support/fake_dialogs.h"
+#include "support/thirteen_parts.h"
+
+namespace kalvex {
+namespace {
+
+class ZoomTest : public ::testing::Test {
+ protected:
+  void SetUp() override {
+    InitialiseSession(session);
+    ResetView(session);
+  }
+  Session session;
+};
+
+TEST_F(ZoomTest, InGoesBySquareRootOfTwoUpToEight) {
+  ZoomButtons buttons{};
+  for (int click = 1; click <= 3; ++click) buttons = ZoomIn(session);
+  EXPECT_FLOAT_EQ(session.ChartZoom, 2.8284271f);
+  EXPECT_NEAR(session.ChartRadius, 8485.28, 0.01);
+  EXPECT_TRUE(buttons.inEnabled);
+  EXPECT_TRUE(buttons.outEnabled);
+  for (int click = 4; click <= 6; ++click) buttons = ZoomIn(session);
+  EXPECT_EQ(session.ChartZoom, 8);
+  EXPECT_EQ(session.ChartRadius, 24000);
+  EXPECT_FALSE(buttons.inEnabled);
+  buttons = ZoomOut(session);  // one step out from 8: by √2 exactly
+  EXPECT_FLOAT_EQ(session.ChartZoom, 5.656854f);
+  EXPECT_TRUE(buttons.inEnabled);
+  for (int click = 2; click <= 6; ++click) buttons = ZoomOut(session);
+  EXPECT_EQ(session.ChartZoom, 1);
+  EXPECT_EQ(session.ChartRadius, 3000);
+  EXPECT_FALSE(buttons.outEnabled);
+  EXPECT_TRUE(buttons.inEnabled);
+}
+
+TEST_F(ZoomTest, ResetRestoresCentreAndSizeButNotTheAspect) {
+  session.ChartAspect = 1.2f;
+  ChartDrag drag;
+  drag.Press(5000, 3000);
+  EXPECT_TRUE(drag.Move(session, 5500, 3300));
+  ZoomIn(session);
+  const ZoomButtons buttons = ResetView(session);
+  EXPECT_EQ(std::tuple(session.ChartCentreX, session.ChartCentreY, session.ChartRadius, session.ChartZoom),
+            std::tuple(8000, 5000, 3000, 1));
+  EXPECT_EQ(session.ChartAspect, 1.2f);
+  EXPECT_TRUE(buttons.inEnabled && !buttons.outEnabled);
+}
+
+// The Analysis page opens at the zoom of the last visit, centred at y 5000,
+// with the horizontal centre where the user left it, even at 0.
+TEST_F(ZoomTest, AnalysisPageOpensAtTheLastZoomAndHorizontalCentre) {
+  session.ChartZoom = 2.828427f;
+  session.ChartCentreX = 0;
+  session.ChartCentreY = 6100;
+  LoadAnalysisView(session);
+  EXPECT_FLOAT_EQ(session.ChartRadius, 3000 * 2.828427f);
+  EXPECT_EQ(session.ChartCentreY, 5000);
+  EXPECT_EQ(session.ChartCentreX, 0);
+}
+
+TEST_F(ZoomTest, DragMovesOnlyBelowTheStripBand) {
+  ChartDrag drag;
+  drag.Press(6000, 1800);
+  EXPECT_FALSE(drag.Move(session, 6100, 1900));  // y ≤ 2000: ignored, anchor kept
+  EXPECT_EQ(session.ChartCentreX, 8000);
+  EXPECT_TRUE(drag.Move(session, 6500, 2100));   // the whole distance from the press
+  EXPECT_EQ(session.ChartCentreX, 8500);
+  EXPECT_EQ(session.ChartCentreY, 5300);
+  EXPECT_TRUE(drag.Move(session, 6400, 2200));
+  EXPECT_EQ(session.ChartCentreX, 8400);
+  EXPECT_EQ(session.ChartCentreY, 5400);
+}
+
+// A typed factor is clamped to .5..1.5 and both boxes rewritten; a factor
+// within the range leaves the boxes as they are.
+TEST(AspectEntry, ClampsAndRewritesBothBoxes) {
+  for (const auto& [typed, aspect, factor, percent] :
+       {std::tuple{"2", 1.5f, "1.5", "150"}, {".3", 0.5f, ".5", "50"}, {"abc", 0.5f, ".5", "50"},
+        {".8", 0.8f, "", ""}}) {
+    Session session;
+    InitialiseSession(session);
+    const AspectTexts texts = AspectFactorEntered(session, typed);
+    EXPECT_FLOAT_EQ(session.ChartAspect, aspect);
+    EXPECT_EQ(texts.factor, factor);
+    EXPECT_EQ(texts.percent, percent);
+  }
+}
+
+TEST(AspectSpinner, WritesThePrintStyleFactor) {
+  Session session;
+  InitialiseSession(session);
+  EXPECT_EQ(AspectPercentStepped(session, "120"), " 1.2");
+  EXPECT_FLOAT_EQ(session.ChartAspect, 1.2f);
+  EXPECT_EQ(AspectPercentStepped(session, "30"), " .5");
+  const AspectTexts boxes = AspectBoxTexts(0.75f);
+  EXPECT_EQ(boxes.factor, " .75");
+  EXPECT_EQ(boxes.percent, " 75");
+}
+
+using Kind = DrawCommand::Kind;
+constexpr Colour kTeal = RGB(17, 187, 187);
+constexpr Colour kVSWRRed = RGB(136, 17, 17);
+
+class OverlaysTest : public ::testing::Test {
+ protected:
+  void SetUp() override {
+    InitialiseSession(session);
+    session.ChartAspect = 0.75f;
+  }
+  std::vector<Gamma> LineEndsIn(Colour colour) const {
+    std::vector<Gamma> ends;
+    for (const DrawCommand& line : testing::LinesIn(list, colour)) {
+      ends.push_back(ChartView::Of(session).PageToGamma(line.b));
+    }
+    return ends;
+  }
+  const DrawCommand* TextAt(double x, double y) const { return testing::TextAt(list, x, y); }
+
+  Session session;
+  DisplayList list;
+};
+
+TEST_F(OverlaysTest, QArcsOfOneCrossTheImaginaryAxisAtRootTwoLessOne) {
+  session.QArcsOn = 1;
+  session.QCircle = 1;
+  DrawQArcs(session, list);
+  const std::vector<Gamma> ends = LineEndsIn(kTeal);
+  for (double sign : {+1.0, -1.0}) {
+    double nearest = 1;
+    for (const Gamma& g : ends) {
+      nearest = std::min(nearest, std::hypot(g.u, g.v - sign * (std::sqrt(2.0) - 1)));
+    }
+    EXPECT_LT(nearest, 0.002) << sign;
+  }
+  for (const Gamma& g : ends) {
+    // Every impedance on the arcs has |X| = R.
+    const double reactance = std::fabs(2 * g.v);
+    const double resistance = 1 - g.u * g.u - g.v * g.v;  // both over |1 − Γ|²
+    EXPECT_NEAR(reactance, resistance, 1e-6);
+  }
+  ASSERT_NE(TextAt(5300, 8340), nullptr);
+  EXPECT_EQ(TextAt(5300, 8340)->text, "Q=1");
+}
+
+TEST_F(OverlaysTest, QArcsTurnWhiteBeyondTheChartsEnds) {
+  DrawQArcs(session, list);
+  DrawVSWRCircle(session, list);
+  EXPECT_TRUE(list.Commands().empty());  // switched off: nothing
+  session.QArcsOn = 1;
+  session.QCircle = 0.5f;
+  DrawQArcs(session, list);
+  const std::vector<DrawCommand> white = testing::LinesIn(list, kWhite);
+  ASSERT_FALSE(white.empty());
+  for (const DrawCommand& line : white) EXPECT_GE(std::fabs(line.b.x - 8000), 0.75 * 3000);
+  for (const DrawCommand& line : testing::LinesIn(list, kTeal)) {
+    EXPECT_LT(std::fabs(line.b.x - 8000), 0.75 * 3000);
+  }
+  // 1,801 points from 0 to 180 degrees on each of the two arcs.
+  EXPECT_EQ(white.size() + testing::LinesIn(list, kTeal).size(), 2u * 1800);
+}
+
+TEST_F(OverlaysTest, QArcsBringTheirValueIntoRange) {
+  for (const auto& [entered, drawn] : {std::pair{0.0f, 2.0f}, {0.05f, 0.1f}, {25.0f, 20.0f}}) {
+    session.QArcsOn = 1;
+    session.QCircle = entered;
+    DrawQArcs(session, list);
+    EXPECT_FLOAT_EQ(session.QCircle, drawn) << entered;
+  }
+}
+
+// A refused value stays in the session for the dialog; the circle is drawn clamped.
+TEST_F(OverlaysTest, VSWRCirclesHaveTheirReflectionMagnitude) {
+  struct Case {
+    float vswr;
+    double rho;
+    const char* text;
+  };
+  for (const Case& c : {Case{2, 1.0 / 3, "VSWR=2"}, Case{20, 19.0 / 21, "VSWR=20"},
+                        Case{-1, (double{1.01f} - 1) / (double{1.01f} + 1), "VSWR=1.01"},
+                        Case{50, 19.0 / 21, "VSWR=20"}}) {
+    list.Reset();
+    session.VSWRCircleOn = 1;
+    session.VSWRCircle = c.vswr;
+    DrawVSWRCircle(session, list);
+    const std::vector<Gamma> ends = LineEndsIn(kVSWRRed);
+    ASSERT_EQ(ends.size(), 72u);  // 73 points, the last back on the first
+    for (const Gamma& g : ends) EXPECT_NEAR(std::hypot(g.u, g.v), c.rho, 1e-9) << c.vswr;
+    ASSERT_NE(TextAt(5300, 8140), nullptr);
+    EXPECT_EQ(TextAt(5300, 8140)->text, c.text);
+    EXPECT_EQ(session.VSWRCircle, c.vswr);
+  }
+}
+
+// The typed text is kept, even when refused.
+TEST(OverlaySettings, AcceptTheirRangeAndRefuseBeyondIt) {
+  struct Case {
+    Overlay overlay;
+    const char* typed;
+    bool accepted;
+  };
+  for (const Case& c : {Case{Overlay::QArcs, "0.05", false}, Case{Overlay::QArcs, "0.1", true},
+                        Case{Overlay::QArcs, "20", true}, Case{Overlay::QArcs, "20.01", false},
+                        Case{Overlay::VSWRCircle, "1.005", false},
+                        Case{Overlay::VSWRCircle, "1.01", true},
+                        Case{Overlay::VSWRCircle, "20", true},
+                        Case{Overlay::VSWRCircle, "21", false}}) {
+    Session session;
+    InitialiseSession(session);
+    testing::FakeDialogs dialogs;
+    EXPECT_EQ(AcceptOverlaySetting(session, dialogs, c.overlay, c.typed), c.accepted) << c.typed;
+    const char* refusal = c.overlay == Overlay::QArcs
+                              ? "Q must be between .1 and 20"
+                              : "VSWR circle radius must be between 1.01 and 20";
+    EXPECT_EQ(dialogs.MessageTexts(), testing::FakeDialogs::Only(c.accepted ? nullptr : refusal));
+    EXPECT_EQ(OverlaySettingText(session, c.overlay), c.typed);
+  }
+}
+
+class NetworkPaths : public ::testing::TestWithParam<testing::Part> {};
+
+double Distance(Gamma a, Gamma b) { return std::hypot(a.u - b.u, a.v - b.v); }
+
+// Every stage's stretch starts where the one before ended (the first on the
+// load), and the path ends at the network's input impedance.
+TEST_P(NetworkPaths, EachStageGrowsFromWhereTheLastEnded) {
+  Session session = testing::NetworkAround(GetParam());
+  const auto values = session.Value;
+  const std::vector<PathPoint> path = TraceNetworkPath(session);
+  ASSERT_EQ(path.size(), 5000u);  // stages 4 and 5 are empty: their stretches stand still
+  EXPECT_EQ(session.Value, values);
+  EXPECT_LT(Distance(path[0].gamma, ImpedanceToGamma(30, -20, 50)), 0.01);
+  for (int stage = 2; stage <= 3; ++stage) {
+    const std::size_t first = 1000 * (stage - 1);
+    EXPECT_EQ(path[first].stage, stage);
+    EXPECT_EQ(path[first - 1].stage, stage - 1);
+    EXPECT_LT(Distance(path[first].gamma, path[first - 1].gamma), 0.01) << "stage " << stage;
+  }
+  CalculateNetwork(session, 1);
+  EXPECT_LT(Distance(path.back().gamma, ImpedanceToGamma(session.InputR, session.InputX, 50)),
+            0.001);
+}
+
+INSTANTIATE_TEST_SUITE_P(AllThirteen, NetworkPaths, ::testing::ValuesIn(testing::ThirteenParts()),
+                         testing::PartName);
+
+// Two series resistors of 1E+308 overflow the calculation: those points are
+// left out rather than drawn at infinite or undefined places.
+TEST(NetworkPath, SkipsPointsThatAreNotFinite) {
+  Session session;
+  InitialiseSession(session);
+  session.LoadSource = 1;
+  session.ChartRadius = 3000;
+  session.ElementType = {0, SeriesResistor, SeriesResistor, ShuntResistor};
+  session.Value[1][1] = 1e308;
+  session.Value[2][1] = 1e308;
+  session.Value[3][1] = 50;
+  DisplayList list;
+  DrawNetworkArcs(session, list);
+  for (const DrawCommand& c : list.Commands()) {
+    ASSERT_TRUE(std::isfinite(c.a.x) && std::isfinite(c.a.y) && std::isfinite(c.b.x) &&
+                std::isfinite(c.b.y));
+  }
+  EXPECT_LT(TraceNetworkPath(session).size(), 5000u);
+}
+
+}  // namespace
+}  // namespace kalvex
