@@ -213,21 +213,6 @@ TEST_F(RedrawTest, SeriesInductorClimbsTheUnitResistanceCircle) {
   }
 }
 
-TEST_F(RedrawTest, LoadDataPathUsesTheMiddlePoint) {
-  session.LoadSource = 2;
-  session.SweepPoints = 9;
-  for (int k = 1; k <= 9; ++k) {
-    session.LoadFreq[k] = k * 1e6;
-    session.LoadR[k] = 10.0 * k;
-    session.LoadX[k] = 0;
-  }
-  DrawNetworkArcs(session, list);
-  EXPECT_EQ(session.DataIndex, 5);
-  EXPECT_EQ(session.Frequency, 5e6);
-  const Point load = ChartView::Of(session).GammaToPage(ImpedanceToGamma(50, 1e-12 * 50, 50));
-  EXPECT_NEAR(testing::OfKind(list, Kind::Ellipse)[0].a.x, load.x, 1e-6);
-}
-
 TEST_F(RedrawTest, ReadoutsShowThePointsValues) {
   struct Case {
     Gamma at;

@@ -127,32 +127,38 @@ TEST_F(SweepTest, CountsBeyondTheArraysStayInside) {
 
 // The settings are made positive, limited with a message each, and the
 // session leaves the load data for the entered load.
-TEST(SweepSettings, ClampWithTheirMessages) {
-  struct Case {
-    double start, stop, points;
-    double wantStart, wantStop;
-    int16_t wantPoints;
-    std::vector<std::string> messages;
-  };
-  for (const Case& c :
-       {Case{-13e6, -15e6, 5, 13e6, 15e6, 5, {}}, Case{5000, 5010, 3, 5000, 5010, 3, {}},
-        Case{4999, 5009, 2, 5000, 5010, 3,
-             {"Start frequency has been reset to the minimum allowed (5 kHz)",
-              "Stop frequency has been reset to the minimum allowed (5.01 kHz)"}},
-        Case{2e10, 3e10, 2001, 1e10, 1e10, 2000,
-             {"Start frequency has been reset to the maximum allowed (10 gHz)",
-              "Stop frequency has been reset to the maximum allowed."}},
-        Case{15e6, 13e6, 1e9, 15e6, 13e6, 2000, {}}, Case{1e6, 2e6, 2.5, 1e6, 2e6, 3, {}}}) {
-    Session session;
-    InitialiseSession(session);
+TEST_F(SweepTest, SettingsClampWithTheirMessages) {
+  const std::vector<std::string> low = {"Start frequency has been reset to the minimum allowed (5 kHz)",
+                                        "Stop frequency has been reset to the minimum allowed (5.01 kHz)"};
+  const std::vector<std::string> high = {"Start frequency has been reset to the maximum allowed (10 gHz)",
+                                         "Stop frequency has been reset to the maximum allowed."};
+  for (const auto& [typed, wanted, messages] : {
+           std::tuple{std::array{-13e6, -15e6, 5.0}, std::array{13e6, 15e6, 5.0}, std::vector<std::string>{}},
+           {{5000, 5010, 3}, {5000, 5010, 3}, {}}, {{4999, 5009, 2}, {5000, 5010, 3}, low},
+           {{2e10, 3e10, 2001}, {1e10, 1e10, 2000}, high}, {{15e6, 13e6, 1e9}, {15e6, 13e6, 2000}, {}},
+           {{1e6, 2e6, 2.5}, {1e6, 2e6, 3}, {}}}) {
     session.LoadSource = 2;
     testing::FakeDialogs dialogs;
-    AcceptSweepSettings(session, dialogs, c.start, c.stop, c.points);
-    EXPECT_EQ(session.SweepStart, c.wantStart);
-    EXPECT_EQ(session.SweepStop, c.wantStop);
-    EXPECT_EQ(session.SweepPoints, c.wantPoints);
+    AcceptSweepSettings(session, dialogs, typed[0], typed[1], typed[2]);
+    EXPECT_EQ((std::array{session.SweepStart, session.SweepStop, double(session.SweepPoints)}), wanted);
     EXPECT_EQ(session.LoadSource, 1);
-    EXPECT_EQ(dialogs.MessageTexts(), c.messages);
+    EXPECT_EQ(dialogs.MessageTexts(), messages);
+  }
+}
+
+// Usable (the page's load, and each sweep for Tabulate) and switchable (after
+// the sweep setup) are strict tests.
+TEST_F(SweepTest, SettingsRulesAreStrict) {
+  for (const auto& [start, stop, points, usable, switchable] :
+       {std::tuple{5000.0, 1e6, 11, false, false}, {5001, 1e6, 11, true, false},
+        {10000, 1e6, 11, true, false}, {10001, 1e6, 11, true, true}, {1e6, 5010, 11, false, false},
+        {1e6, 10100, 11, true, false}, {1e6, 10101, 11, true, true}, {1e6, 2e6, 2, false, false},
+        {1e6, 2e6, 3, true, true}}) {
+    session.SweepStart = start;
+    session.SweepStop = stop;
+    session.SweepPoints = static_cast<int16_t>(points);
+    EXPECT_EQ(SweepSettingsUsable(session), usable) << start << " " << stop;
+    EXPECT_EQ(SweepSettingsSwitchable(session), switchable) << start << " " << stop;
   }
 }
 
@@ -168,140 +174,68 @@ TEST(Tabulate, HeadingWordsStartAtTheColumns) {
 // Rows in the heading's columns: signed reactance and angle, a Rho of 0
 // replaced so that the return loss is finite, total reflection with no
 // return loss, and long values pushing later columns right.
-TEST(Tabulate, RowsStandInTheHeadingsColumns) {
-  Session session;
-  InitialiseSession(session);
-  session.LoadSource = 1;
-  struct Case {
-    std::array<double, 6> point;  // frequency, R, X, Rho, angle, VSWR
-    const char* row;
-  };
-  for (const Case& c :
-       {Case{{1e6, 50, -12.5, 0.5, -30, 3}, "1 M       50      -12.5     0.5      -30       6.0206   3         "},
-        Case{{1e6, 50, 0, 0.5, 0, 3}, "1 M       50      +0        0.5      +0        6.0206   3         "},
-        Case{{1e6, 50, 7.25, 0.5, 45.5, 3}, "1 M       50      +7.25     0.5      +45.5     6.0206   3         "},
-        Case{{1e6, 50, 0, 0, 0, 1}, "1 M       50      +0        0        +0        180      1         "},
-        Case{{1e6, 0, 50, 1, 90, 1e6}, "1 M       0       +50       1        +90       0        1 M       "},
-        Case{{144'123'456, 123'456'789, -123'456'789, 0.99999, -179.999, 1e6},
-             "144.12 M  123.457 M -123.457 M 0.99999 -180    0        1 M       "}}) {
-    const auto& p = c.point;
+TEST_F(SweepTest, TabulatedRowsStandInTheHeadingsColumns) {
+  for (const auto& [p, row] : {
+           std::pair{std::array<double, 6>{1e6, 50, -12.5, 0.5, -30, 3},
+                     "1 M       50      -12.5     0.5      -30       6.0206   3         "},
+           {{1e6, 50, 0, 0.5, 0, 3}, "1 M       50      +0        0.5      +0        6.0206   3         "},
+           {{1e6, 50, 7.25, 0.5, 45.5, 3}, "1 M       50      +7.25     0.5      +45.5     6.0206   3         "},
+           {{1e6, 50, 0, 0, 0, 1}, "1 M       50      +0        0        +0        180      1         "},
+           {{1e6, 0, 50, 1, 90, 1e6}, "1 M       0       +50       1        +90       0        1 M       "},
+           {{144'123'456, 123'456'789, -123'456'789, 0.99999, -179.999, 1e6},
+            "144.12 M  123.457 M -123.457 M 0.99999 -180    0        1 M       "}}) {
     testing::FillSweepPoint(session, 0, p[0], p[1], p[2], p[3], p[4], p[5]);
-    EXPECT_EQ(TabulateRow(session, 0), c.row);
+    EXPECT_EQ(TabulateRow(session, 0), row);
     EXPECT_EQ(session.SweepRho[0], p[3] == 0 ? 1e-9 : p[3]);  // a Rho of 0 is replaced
   }
-}
-
-TEST(Tabulate, PerfectMatchIsShownOnTheImaginaryAxis) {
-  Session session;
-  InitialiseSession(session);
-  session.LoadSource = 1;
-  session.Frequency = 14e6;
+  session.ElementType = {};
+  session.Value[0] = {0, 50, 0};
   session.SweepStart = session.SweepStop = 14e6;
   session.SweepPoints = 3;
   const std::vector<std::string> rows = TabulateSweep(session);
-  ASSERT_EQ(rows.size(), 3u);
+  ASSERT_EQ(rows.size(), 3u);  // a perfect match is shown on the imaginary axis
   EXPECT_DOUBLE_EQ(session.SweepRho[0], 5e-13);
   EXPECT_EQ(rows[0], "14 M      50      +0        0        +90       246.02   1         ");
 }
 
 using Kind = DrawCommand::Kind;
-constexpr Colour kSweepGreen = RGB(17, 136, 17);
 
-class SweepOnChartTest : public ::testing::Test {
- protected:
-  void SetUp() override {
-    session = testing::FiveStageNetwork();
-    session.SweepShown = 1;
-  }
-  // The circles of radius 30 in the sweep's green, in drawing order.
-  std::vector<DrawCommand> PointCircles() const {
-    std::vector<DrawCommand> circles;
-    for (const DrawCommand& c : testing::OfKind(list, Kind::Ellipse)) {
-      if (c.colour == kSweepGreen && c.b.x == 30 && c.b.y == 30) circles.push_back(c);
-    }
-    return circles;
-  }
-  // The ringed letters: the text and the centre of the white disc under it.
-  std::vector<std::pair<std::string, Point>> Markers() const {
-    std::vector<std::pair<std::string, Point>> markers;
-    Point disc;
-    for (const DrawCommand& c : list.Commands()) {
-      if (c.kind == Kind::FillEllipse && c.colour == kWhite && c.b.x == 90) disc = c.a;
-      if (c.kind == Kind::Text && c.a.x == disc.x - 45 && c.a.y == disc.y - 90) {
-        markers.emplace_back(c.text, disc);
-      }
-    }
-    return markers;
-  }
-  // The legend's lines at x 3700, each with its row.
-  std::vector<std::string> Legend() const {
-    std::vector<std::string> lines;
-    for (const DrawCommand& c : testing::OfKind(list, Kind::Text)) {
-      if (c.a.x == 3700) lines.push_back(std::to_string(static_cast<int>(c.a.y)) + " " + c.text);
-    }
-    return lines;
-  }
-
-  Session session;
-  DisplayList list;
-};
-
-TEST_F(SweepOnChartTest, ManualSweepMarksEachPointAndItsEnds) {
+// The points as circles of radius 30 in the sweep's green at their
+// reflection, ringed letters on the first and last, the legend at x 3700.
+TEST_F(SweepTest, ManualSweepOnTheChartMarksEachPointAndItsEnds) {
+  session = testing::FiveStageNetwork();
   session.SweepStart = 13e6;
   session.SweepStop = 15e6;
   session.SweepPoints = 3;
   const double frequency = session.Frequency;
-  session.SweepShown = 0;
+  DisplayList list;
   RunSweep(session, list);
   EXPECT_TRUE(list.Commands().empty());  // switched off: nothing
   session.SweepShown = 1;
   RunSweep(session, list);
-  const auto circles = PointCircles();
+  std::vector<DrawCommand> circles;
+  std::vector<std::string> legend, markers;
+  Point disc;
+  for (const DrawCommand& c : list.Commands()) {
+    if (c.kind == Kind::Ellipse && c.colour == RGB(17, 136, 17) && c.b.x == 30) circles.push_back(c);
+    if (c.kind == Kind::FillEllipse && c.colour == kWhite && c.b.x == 90) disc = c.a;
+    if (c.kind != Kind::Text) continue;
+    if (c.a.x == 3700) legend.push_back(std::to_string(static_cast<int>(c.a.y)) + " " + c.text);
+    if (c.a.x == disc.x - 45 && c.a.y == disc.y - 90) markers.push_back(c.text + "@" + std::to_string(disc.x));
+  }
   ASSERT_EQ(circles.size(), 3u);
   const ChartView view = ChartView::Of(session);
   for (int k = 0; k < 3; ++k) {
-    const Gamma g = ImpedanceToGamma(session.SweepR[k], session.SweepX[k], 50);
-    EXPECT_NEAR(circles[k].a.x, view.GammaToPage(g).x, 1e-6) << k;
-    EXPECT_NEAR(circles[k].a.y, view.GammaToPage(g).y, 1e-6) << k;
+    const Point p = view.GammaToPage(ImpedanceToGamma(session.SweepR[k], session.SweepX[k], 50));
+    EXPECT_NEAR(circles[k].a.x, p.x, 1e-6) << k;
+    EXPECT_NEAR(circles[k].a.y, p.y, 1e-6) << k;
   }
-  const auto markers = Markers();
-  ASSERT_EQ(markers.size(), 2u);
-  EXPECT_EQ(markers[0].first, "S");
-  EXPECT_EQ(markers[0].second.x, circles[0].a.x);
-  EXPECT_EQ(markers[1].first, "F");
-  EXPECT_EQ(markers[1].second.x, circles[2].a.x);
-  EXPECT_EQ(Legend(), (std::vector<std::string>{"7940 'S'= 13 MHz", "8340 3 points",
-                                                "8140 'F'= 15 MHz", "8340 3 points"}));
+  EXPECT_EQ(markers, (std::vector<std::string>{"S@" + std::to_string(circles[0].a.x),
+                                               "F@" + std::to_string(circles[2].a.x)}));
+  EXPECT_EQ(legend, (std::vector<std::string>{"7940 'S'= 13 MHz", "8340 3 points", "8140 'F'= 15 MHz",
+                                              "8340 3 points"}));
   EXPECT_EQ(session.SweepFreq[1], 14e6);
   EXPECT_EQ(session.Frequency, frequency);
-  EXPECT_EQ(session.SweepPoints, 3);
-}
-
-struct EnablingCase {
-  double start;
-  double stop;
-  int16_t points;
-  bool usable;      // the page's load (sweep switch) and each sweep (Tabulate)
-  bool switchable;  // after the sweep setup (sweep switch)
-};
-
-TEST(SweepSettingsRules, AreStrict) {
-  for (const EnablingCase c : {EnablingCase{5000, 1e6, 11, false, false},
-                               EnablingCase{5001, 1e6, 11, true, false},
-                               EnablingCase{10000, 1e6, 11, true, false},
-                               EnablingCase{10001, 1e6, 11, true, true},
-                               EnablingCase{1e6, 5010, 11, false, false},
-                               EnablingCase{1e6, 10100, 11, true, false},
-                               EnablingCase{1e6, 10101, 11, true, true},
-                               EnablingCase{1e6, 2e6, 2, false, false},
-                               EnablingCase{1e6, 2e6, 3, true, true}}) {
-    Session session;
-    session.SweepStart = c.start;
-    session.SweepStop = c.stop;
-    session.SweepPoints = c.points;
-    EXPECT_EQ(SweepSettingsUsable(session), c.usable) << c.start << " " << c.stop;
-    EXPECT_EQ(SweepSettingsSwitchable(session), c.switchable) << c.start << " " << c.stop;
-  }
 }
 
 }  // namespace

@@ -133,15 +133,6 @@ TEST_F(TuningTest, FineStepsShrinkWithTheZoom) {
   EXPECT_DOUBLE_EQ(session.Value[1][2], 100 / (1 + 0.01 / 8));
 }
 
-TEST_F(TuningTest, LoadReactanceFollowsTheStepSize) {
-  EXPECT_TRUE(LoadStepSize(session));  // the first visit starts with fine steps
-  SelectPart(session, 0);
-  StepBottomValue(session, "10", StepDirection::Up, kLargeStep);
-  EXPECT_NEAR(session.Value[0][2], 10 * (1 + 0.001), 1e-8);
-  SetFineSteps(session, false);
-  EXPECT_FALSE(LoadStepSize(session));
-}
-
 TEST_F(TuningTest, ArithmeticStepsAddTheBase) {
   SetFineSteps(session, false);
   Select(3, SeriesResistor, {0, 10});

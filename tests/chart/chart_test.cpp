@@ -45,19 +45,6 @@ TEST_F(ZoomTest, InGoesBySquareRootOfTwoUpToEight) {
   EXPECT_TRUE(buttons.inEnabled);
 }
 
-TEST_F(ZoomTest, ResetRestoresCentreAndSizeButNotTheAspect) {
-  session.ChartAspect = 1.2f;
-  ChartDrag drag;
-  drag.Press(5000, 3000);
-  EXPECT_TRUE(drag.Move(session, 5500, 3300));
-  ZoomIn(session);
-  const ZoomButtons buttons = ResetView(session);
-  EXPECT_EQ(std::tuple(session.ChartCentreX, session.ChartCentreY, session.ChartRadius, session.ChartZoom),
-            std::tuple(8000, 5000, 3000, 1));
-  EXPECT_EQ(session.ChartAspect, 1.2f);
-  EXPECT_TRUE(buttons.inEnabled && !buttons.outEnabled);
-}
-
 // The Analysis page opens at the zoom of the last visit, centred at y 5000,
 // with the horizontal centre where the user left it, even at 0.
 TEST_F(ZoomTest, AnalysisPageOpensAtTheLastZoomAndHorizontalCentre) {
@@ -96,17 +83,6 @@ TEST(AspectEntry, ClampsAndRewritesBothBoxes) {
     EXPECT_EQ(texts.factor, factor);
     EXPECT_EQ(texts.percent, percent);
   }
-}
-
-TEST(AspectSpinner, WritesThePrintStyleFactor) {
-  Session session;
-  InitialiseSession(session);
-  EXPECT_EQ(AspectPercentStepped(session, "120"), " 1.2");
-  EXPECT_FLOAT_EQ(session.ChartAspect, 1.2f);
-  EXPECT_EQ(AspectPercentStepped(session, "30"), " .5");
-  const AspectTexts boxes = AspectBoxTexts(0.75f);
-  EXPECT_EQ(boxes.factor, " .75");
-  EXPECT_EQ(boxes.percent, " 75");
 }
 
 using Kind = DrawCommand::Kind;

@@ -91,12 +91,6 @@ TEST_F(NetworkEditorTest, StageBandsAndTheirEdges) {
   EXPECT_EQ(editor.EditStage, 5);
 }
 
-TEST_F(NetworkEditorTest, LibraryClickWithoutAStageDoesNothing) {
-  editor.MouseDown(4000, 6000);
-  EXPECT_EQ(session.ElementType[1], Empty);
-  EXPECT_TRUE(editor.controls.analyzeEnabled);
-}
-
 // Every type's values are brought within range on Accept; a stub of no
 // length is stored, then shown as a wire by the redraw.
 TEST_F(NetworkEditorTest, AcceptStoresTheValuesWithinRange) {
@@ -152,18 +146,6 @@ TEST_F(NetworkEditorTest, DontAcceptRestoresInSinglePrecision) {
   EXPECT_EQ(session.Value[3][1], static_cast<double>(1.234567891e-10f));
   EXPECT_EQ(session.Value[3][2], static_cast<double>(777.7777777f));
   EXPECT_NE(session.Value[3][2], 777.7777777);
-}
-
-TEST_F(NetworkEditorTest, PickingTheWireEmptiesTheStageAtOnce) {
-  SetStage(2, ShuntResistor, {0, 50});
-  editor.Open();
-  PickType(2, Empty);
-  EXPECT_EQ(session.ElementType[2], Empty);
-  EXPECT_EQ(session.Value[2][1], 0);
-  EXPECT_FALSE(editor.controls.acceptShown);
-  EXPECT_FALSE(editor.controls.dontAcceptShown);
-  EXPECT_TRUE(editor.controls.analyzeEnabled);
-  EXPECT_TRUE(editor.controls.selectHintShown);
 }
 
 TEST_F(NetworkEditorTest, InsertingShiftsTheLaterStagesRight) {
