@@ -15,84 +15,15 @@
 namespace kalvex {
 namespace {
 
-class ZoomTest : public ::testing::Test {
- protected:
-  void SetUp() override {
-    InitialiseSession(session);
-    ResetView(session);
-  }
-  Session session;
-};
-
-TEST_F(ZoomTest, InGoesBySquareRootOfTwoUpToEight) {
-  ZoomButtons buttons{};
-  for (int click = 1; click <= 3; ++click) buttons = ZoomIn(session);
-  EXPECT_FLOAT_EQ(session.ChartZoom, 2.8284271f);
-  EXPECT_NEAR(session.ChartRadius, 8485.28, 0.01);
-  EXPECT_TRUE(buttons.inEnabled);
-  EXPECT_TRUE(buttons.outEnabled);
-  for (int click = 4; click <= 6; ++click) buttons = ZoomIn(session);
-  EXPECT_EQ(session.ChartZoom, 8);
-  EXPECT_EQ(session.ChartRadius, 24000);
-  EXPECT_FALSE(buttons.inEnabled);
-  buttons = ZoomOut(session);  // one step out from 8: by √2 exactly
-  EXPECT_FLOAT_EQ(session.ChartZoom, 5.656854f);
-  EXPECT_TRUE(buttons.inEnabled);
-  for (int click = 2; click <= 6; ++click) buttons = ZoomOut(session);
-  EXPECT_EQ(session.ChartZoom, 1);
-  EXPECT_EQ(session.ChartRadius, 3000);
-  EXPECT_FALSE(buttons.outEnabled);
-  EXPECT_TRUE(buttons.inEnabled);
-}
-
-// The Analysis page opens at the zoom of the last visit, centred at y 5000,
-// with the horizontal centre where the user left it, even at 0.
-TEST_F(ZoomTest, AnalysisPageOpensAtTheLastZoomAndHorizontalCentre) {
-  session.ChartZoom = 2.828427f;
-  session.ChartCentreX = 0;
-  session.ChartCentreY = 6100;
-  LoadAnalysisView(session);
-  EXPECT_FLOAT_EQ(session.ChartRadius, 3000 * 2.828427f);
-  EXPECT_EQ(session.ChartCentreY, 5000);
-  EXPECT_EQ(session.ChartCentreX, 0);
-}
-
-TEST_F(ZoomTest, DragMovesOnlyBelowTheStripBand) {
-  ChartDrag drag;
-  drag.Press(6000, 1800);
-  EXPECT_FALSE(drag.Move(session, 6100, 1900));  // y ≤ 2000: ignored, anchor kept
-  EXPECT_EQ(session.ChartCentreX, 8000);
-  EXPECT_TRUE(drag.Move(session, 6500, 2100));   // the whole distance from the press
-  EXPECT_EQ(session.ChartCentreX, 8500);
-  EXPECT_EQ(session.ChartCentreY, 5300);
-  EXPECT_TRUE(drag.Move(session, 6400, 2200));
-  EXPECT_EQ(session.ChartCentreX, 8400);
-  EXPECT_EQ(session.ChartCentreY, 5400);
-}
-
-// A typed factor is clamped to .5..1.5 and both boxes rewritten; a factor
-// within the range leaves the boxes as they are.
-TEST(AspectEntry, ClampsAndRewritesBothBoxes) {
-  for (const auto& [typed, aspect, factor, percent] :
-       {std::tuple{"2", 1.5f, "1.5", "150"}, {".3", 0.5f, ".5", "50"}, {"abc", 0.5f, ".5", "50"},
-        {".8", 0.8f, "", ""}}) {
-    Session session;
-    InitialiseSession(session);
-    const AspectTexts texts = AspectFactorEntered(session, typed);
-    EXPECT_FLOAT_EQ(session.ChartAspect, aspect);
-    EXPECT_EQ(texts.factor, factor);
-    EXPECT_EQ(texts.percent, percent);
-  }
-}
-
 using Kind = DrawCommand::Kind;
 constexpr Colour kTeal = RGB(17, 187, 187);
 constexpr Colour kVSWRRed = RGB(136, 17, 17);
 
-class OverlaysTest : public ::testing::Test {
+class ChartTest : public ::testing::Test {
  protected:
   void SetUp() override {
     InitialiseSession(session);
+    ResetView(session);
     session.ChartAspect = 0.75f;
   }
   std::vector<Gamma> LineEndsIn(Colour colour) const {
@@ -103,12 +34,69 @@ class OverlaysTest : public ::testing::Test {
     return ends;
   }
   const DrawCommand* TextAt(double x, double y) const { return testing::TextAt(list, x, y); }
+  std::tuple<float, float, double> View() const {
+    return {session.ChartCentreX, session.ChartCentreY, session.ChartRadius};
+  }
 
   Session session;
   DisplayList list;
 };
 
-TEST_F(OverlaysTest, QArcsOfOneCrossTheImaginaryAxisAtRootTwoLessOne) {
+// Zoom goes by √2 up to 8 and back, with the buttons enabled accordingly.
+TEST_F(ChartTest, ZoomGoesBySquareRootOfTwoUpToEight) {
+  ZoomButtons buttons{};
+  for (int click = 1; click <= 3; ++click) buttons = ZoomIn(session);
+  EXPECT_FLOAT_EQ(session.ChartZoom, 2.8284271f);
+  EXPECT_NEAR(session.ChartRadius, 8485.28, 0.01);
+  EXPECT_TRUE(buttons.inEnabled && buttons.outEnabled);
+  for (int click = 4; click <= 6; ++click) buttons = ZoomIn(session);
+  EXPECT_EQ(std::pair(session.ChartZoom, session.ChartRadius), std::pair(8.0f, 24000.0f));
+  EXPECT_FALSE(buttons.inEnabled);
+  buttons = ZoomOut(session);  // one step out from 8: by √2 exactly
+  EXPECT_FLOAT_EQ(session.ChartZoom, 5.656854f);
+  EXPECT_TRUE(buttons.inEnabled);
+  for (int click = 2; click <= 6; ++click) buttons = ZoomOut(session);
+  EXPECT_EQ(std::pair(session.ChartZoom, session.ChartRadius), std::pair(1.0f, 3000.0f));
+  EXPECT_TRUE(buttons.inEnabled && !buttons.outEnabled);
+}
+
+// The Analysis page opens at the zoom of the last visit, centred at y 5000,
+// with the horizontal centre where the user left it, even at 0.
+TEST_F(ChartTest, AnalysisPageOpensAtTheLastZoomAndHorizontalCentre) {
+  session.ChartZoom = 2.828427f;
+  session.ChartCentreX = 0;
+  session.ChartCentreY = 6100;
+  LoadAnalysisView(session);
+  EXPECT_EQ(View(), std::tuple(0.0f, 5000.0f, double(3000 * 2.828427f)));
+}
+
+// A drag moves the chart by the whole distance from the press, and only below
+// the strip's band (y above 2000).
+TEST_F(ChartTest, DragMovesOnlyBelowTheStripBand) {
+  ChartDrag drag;
+  drag.Press(6000, 1800);
+  EXPECT_FALSE(drag.Move(session, 6100, 1900));
+  EXPECT_EQ(session.ChartCentreX, 8000);
+  EXPECT_TRUE(drag.Move(session, 6500, 2100));
+  EXPECT_EQ(View(), std::tuple(8500.0f, 5300.0f, 3000.0));
+  EXPECT_TRUE(drag.Move(session, 6400, 2200));
+  EXPECT_EQ(View(), std::tuple(8400.0f, 5400.0f, 3000.0));
+}
+
+// A typed factor is clamped to .5..1.5 and both boxes rewritten; a factor
+// within the range leaves the boxes as they are.
+TEST_F(ChartTest, AspectEntryClampsAndRewritesBothBoxes) {
+  for (const auto& [typed, aspect, factor, percent] :
+       {std::tuple{"2", 1.5f, "1.5", "150"}, {".3", 0.5f, ".5", "50"}, {"abc", 0.5f, ".5", "50"},
+        {".8", 0.8f, "", ""}}) {
+    const AspectTexts texts = AspectFactorEntered(session, typed);
+    EXPECT_FLOAT_EQ(session.ChartAspect, aspect);
+    EXPECT_EQ(texts.factor, factor);
+    EXPECT_EQ(texts.percent, percent);
+  }
+}
+
+TEST_F(ChartTest, QArcsOfOneCrossTheImaginaryAxisAtRootTwoLessOne) {
   session.QArcsOn = 1;
   session.QCircle = 1;
   DrawQArcs(session, list);
@@ -130,7 +118,7 @@ TEST_F(OverlaysTest, QArcsOfOneCrossTheImaginaryAxisAtRootTwoLessOne) {
   EXPECT_EQ(TextAt(5300, 8340)->text, "Q=1");
 }
 
-TEST_F(OverlaysTest, QArcsTurnWhiteBeyondTheChartsEnds) {
+TEST_F(ChartTest, QArcsTurnWhiteBeyondTheChartsEnds) {
   DrawQArcs(session, list);
   DrawVSWRCircle(session, list);
   EXPECT_TRUE(list.Commands().empty());  // switched off: nothing
@@ -147,7 +135,7 @@ TEST_F(OverlaysTest, QArcsTurnWhiteBeyondTheChartsEnds) {
   EXPECT_EQ(white.size() + testing::LinesIn(list, kTeal).size(), 2u * 1800);
 }
 
-TEST_F(OverlaysTest, QArcsBringTheirValueIntoRange) {
+TEST_F(ChartTest, QArcsBringTheirValueIntoRange) {
   for (const auto& [entered, drawn] : {std::pair{0.0f, 2.0f}, {0.05f, 0.1f}, {25.0f, 20.0f}}) {
     session.QArcsOn = 1;
     session.QCircle = entered;
@@ -157,7 +145,7 @@ TEST_F(OverlaysTest, QArcsBringTheirValueIntoRange) {
 }
 
 // A refused value stays in the session for the dialog; the circle is drawn clamped.
-TEST_F(OverlaysTest, VSWRCirclesHaveTheirReflectionMagnitude) {
+TEST_F(ChartTest, VSWRCirclesHaveTheirReflectionMagnitude) {
   struct Case {
     float vswr;
     double rho;
