@@ -200,19 +200,6 @@ TEST_F(RedrawTest, PathIsPaintedInTheStageColoursFromADot) {
   EXPECT_EQ(StageArcColour(4), RGB(238, 153, 17));
 }
 
-// Between its ends a stretch follows its part's value: a series inductor
-// climbs the r = 1 circle, |Γ − ½| = ½, above the axis.
-TEST_F(RedrawTest, SeriesInductorClimbsTheUnitResistanceCircle) {
-  session.ElementType[1] = SeriesInductor;
-  session.Value[1] = {0, 0.5e-6, 0};
-  DrawNetworkArcs(session, list);
-  for (const DrawCommand& line : testing::OfKind(list, Kind::Line)) {
-    const Gamma g = ChartView::Of(session).PageToGamma(line.b);
-    EXPECT_GT(g.v, 0);
-    EXPECT_NEAR(std::hypot(g.u - 0.5, g.v), 0.5, 1e-9);
-  }
-}
-
 TEST_F(RedrawTest, ReadoutsShowThePointsValues) {
   struct Case {
     Gamma at;

@@ -162,15 +162,6 @@ TEST_F(SweepTest, SettingsRulesAreStrict) {
   }
 }
 
-TEST(Tabulate, HeadingWordsStartAtTheColumns) {
-  const std::string heading = kTabulateHeading;
-  EXPECT_EQ(heading.size(), 62u);
-  for (const std::size_t column : {1, 12, 20, 29, 38, 47, 57}) {
-    EXPECT_NE(heading[column], ' ') << column;
-    EXPECT_EQ(heading[column - 1], ' ') << column;
-  }
-}
-
 // Rows in the heading's columns: signed reactance and angle, a Rho of 0
 // replaced so that the return loss is finite, total reflection with no
 // return loss, and long values pushing later columns right.

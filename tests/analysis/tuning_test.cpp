@@ -63,19 +63,6 @@ TEST_F(StripTest, ValuesAreShownAtTheWorkingFrequency) {
   EXPECT_EQ(testing::OfKind(list, DrawCommand::Kind::OutlineRect).size(), 1u);
 }
 
-TEST_F(StripTest, HitTestEdgesBelongToTheCellOnTheLeft) {
-  session.PartRightEdge = {2000, 3000, 3000, 4000, 5000, 6000};
-  struct Case {
-    double x;
-    int cell;
-  };
-  for (const Case c : {Case{6001, -1}, Case{6000, 5}, Case{5000, 4}, Case{3001, 3},
-                       Case{3000, 1}, Case{2001, 1}, Case{2000, 0}, Case{401, 0},
-                       Case{400, -1}}) {
-    EXPECT_EQ(PartAt(session, c.x), c.cell) << c.x;
-  }
-}
-
 TEST_F(StripTest, SelectedPartsShowTheirValuesOnThePanel) {
   struct Case {
     int16_t type;

@@ -72,16 +72,6 @@ TEST_F(CommandTest, SweepOptionsOverrideTheFileAndTheTableMatchesTheTabulatePage
   EXPECT_EQ(std::vector<std::string>(lines.begin() + 1, lines.end()), TabulateSweep(session));
 }
 
-TEST_F(CommandTest, SweepLimitsSayWhatTheyReset) {
-  EXPECT_EQ(Sweep({"--start", "100", "--points", "1", "--table"}), kExitOk);
-  EXPECT_EQ(err.str(), "Start frequency has been reset to the minimum allowed (5 kHz)\n");
-  EXPECT_EQ(SplitLines(out.str()).size(), 4u);  // heading and three points
-  EXPECT_EQ(Sweep({"--start", "20G", "--stop", "30G", "--table"}), kExitOk);
-  EXPECT_EQ(err.str(),
-            "Start frequency has been reset to the maximum allowed (10 gHz)\n"
-            "Stop frequency has been reset to the maximum allowed.\n");
-}
-
 TEST_F(CommandTest, SweepOverLoadDataKeepsThePointsBeforeAParserError) {
   EXPECT_EQ(Sweep({"--load", KALVEX_EXAMPLES_DIR "/dipole20m.RJX", "-o", PathOf("out.DAT")}), kExitOk);
   EXPECT_EQ(out.str(), "");

@@ -45,21 +45,6 @@ TEST(Symbols, EachTypeDrawsItsOwnForm) {
   }
 }
 
-// The shunt stubs' tube walls: 300 and 460 below the rail on the Design page
-// and on paper, 290 and 470 in the strip.
-TEST(Symbols, ShuntStubWallsStandWhereEachMemberHasThem) {
-  for (const auto& [family, upper, lower] : {std::tuple{SymbolFamily::Design, 300.0, 460.0},
-                                             std::tuple{SymbolFamily::Strip, 290.0, 470.0},
-                                             std::tuple{SymbolFamily::Paper, 300.0, 460.0}}) {
-    DisplayList list;
-    SymbolPen pen(list, family, kRv, kS);
-    pen.DrawElementSymbol(ShuntOpenStub);
-    const double scale = family == SymbolFamily::Design ? 1 : kS;
-    EXPECT_GT(testing::RailEnd(list, upper * scale), 0) << upper;
-    EXPECT_GT(testing::RailEnd(list, lower * scale), 0) << lower;
-  }
-}
-
 TEST(Symbols, GeneratorShowsTheSystemImpedance) {
   DisplayList list;
   SymbolPen pen(list, SymbolFamily::Design, kRv);

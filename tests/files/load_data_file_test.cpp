@@ -126,13 +126,5 @@ TEST_F(LoadDataFileTest, CancelledChooserRestoresSilently) {
   ExpectSweepSettingsRestored();
 }
 
-TEST_F(LoadDataFileTest, TheDipoleTableLoads) {
-  ASSERT_TRUE(ApplyLoadDataFile(session, dialogs, KALVEX_EXAMPLES_DIR "/dipole20m.RJX"));
-  EXPECT_TRUE(dialogs.messages.empty());
-  EXPECT_EQ(session.SweepPoints, 81);
-  EXPECT_EQ(session.Frequency, 14.2e6);
-  EXPECT_EQ(session.Value[0][1], 63.837);
-}
-
 }  // namespace
 }  // namespace kalvex

@@ -23,36 +23,6 @@
 namespace kalvex {
 namespace {
 
-// A page that records what the framework hands it.
-class ProbePage : public Page {
- public:
-  ProbePage() : Page({12000, 9000}) {}
-  int userCloses = 0;
-  std::vector<std::tuple<int, double, double>> downs;
-
- protected:
-  void OnUserClose() override { ++userCloses; }
-  void OnMouseDown(int button, double x, double y) override { downs.emplace_back(button, x, y); }
-};
-
-TEST(Page, PlacesControlsInProportionAndHandsOverMouseAndCloses) {
-  ProbePage page;
-  page.resize(800, 600);
-  page.show();
-  QPushButton button(&page);
-  page.Place(&button, 6000, 4500, 1200, 300);
-  EXPECT_EQ(button.geometry(), QRect(400, 300, 80, 20));
-  page.resize(1200, 900);
-  QApplication::processEvents();
-  EXPECT_EQ(button.geometry(), QRect(600, 450, 120, 30));
-  QTest::mouseClick(&page, Qt::LeftButton, {}, QPoint(600, 450));
-  QTest::mouseClick(&page, Qt::RightButton, {}, QPoint(120, 90));
-  EXPECT_EQ(page.downs, (std::vector<std::tuple<int, double, double>>{{1, 6000.0, 4500.0},
-                                                                      {2, 1200.0, 900.0}}));
-  page.CloseByProgram();
-  EXPECT_EQ(page.userCloses, 0);
-}
-
 // Runs each test in a fresh folder, as the program runs in its working folder.
 class PagesInFolder : public testing::TempDirTest {
  protected:
