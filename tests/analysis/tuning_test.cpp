@@ -98,17 +98,6 @@ class TuningTest : public StripTest {
   testing::FakeDialogs dialogs;
 };
 
-TEST_F(TuningTest, CoarseGeometricStepsUndoEachOther) {
-  SetFineSteps(session, false);
-  Select(1, SeriesCapacitor, {0, 100e-12, 1000});
-  TuningPanel panel = StepTopValue(session, "100p", StepDirection::Down, kSmallStep);
-  EXPECT_DOUBLE_EQ(session.Value[1][1], 100e-12 / 1.01);
-  EXPECT_EQ(panel.topText, "99.0099 pF");
-  panel = StepTopValue(session, panel.topText, StepDirection::Up, kSmallStep);
-  EXPECT_NEAR(session.Value[1][1], 100e-12, 1e-16);  // from the box's seven digits
-  EXPECT_EQ(panel.topText, "100 pF");
-}
-
 TEST_F(TuningTest, FineStepsShrinkWithTheZoom) {
   SetFineSteps(session, true);
   session.ChartZoom = 8;
@@ -118,30 +107,6 @@ TEST_F(TuningTest, FineStepsShrinkWithTheZoom) {
   // The Q steps by whole percents whatever the step size.
   StepBottomValue(session, "100", StepDirection::Down, kSmallStep);
   EXPECT_DOUBLE_EQ(session.Value[1][2], 100 / (1 + 0.01 / 8));
-}
-
-TEST_F(TuningTest, ArithmeticStepsAddTheBase) {
-  SetFineSteps(session, false);
-  Select(3, SeriesResistor, {0, 10});
-  ChooseTopStepMode(session, true, "20");
-  EXPECT_EQ(session.TopStepBase[3], 20);
-  StepTopValue(session, "20", StepDirection::Down, kLargeStep);
-  EXPECT_DOUBLE_EQ(session.Value[3][1], 18);
-  ChooseTopStepMode(session, false, "");
-  EXPECT_EQ(session.TopStepMode[3], 0);
-}
-
-TEST_F(TuningTest, EnteringZeroRemovesThePart) {
-  Select(3, ShuntCapacitor, {0, 1e-10, 1000});
-  EXPECT_EQ(EnterTopValue(session, dialogs, "0"), Entered::PartCleared);
-  EXPECT_EQ(session.ElementType[3], Empty);
-  Select(2, SeriesCapacitor, {0, 1e-10, 1000});
-  EXPECT_EQ(EnterBottomValue(session, "0"), Entered::PartCleared);  // Q of 0
-  EXPECT_EQ(session.ElementType[2], Empty);
-  Select(4, SeriesLine, {0, 45, 14e6, 50});
-  EXPECT_EQ(EnterTopValue(session, dialogs, "90"), Entered::Value);
-  EXPECT_EQ(session.Value[4][1], 90);
-  EXPECT_TRUE(dialogs.messages.empty());
 }
 
 TEST_F(TuningTest, LoadResistanceOfZeroBecomesFiftyOhms) {

@@ -38,24 +38,6 @@ TEST(DesignValues, LimitsResetWithTheirMessagesInOrder) {
   }
 }
 
-TEST(DesignValues, OpeningFillsMissingValues) {
-  Session session;
-  InitialiseSession(session);
-  session.SystemZ = 0;
-  session.Frequency = -5;
-  session.DefaultCapacitorQ = 0;
-  session.DefaultInductorQ = 0;
-  session.FileName = "tuner.SSF";
-  const DesignValueTexts texts = PrepareDesignValues(session);
-  EXPECT_EQ((std::vector<std::string>{texts.systemZ, texts.frequency, texts.capacitorQ, texts.inductorQ}),
-            (std::vector<std::string>{"50", "1 M", "1 k", "100 "}));
-  EXPECT_EQ(session.DefaultInductorQ, 100);
-  EXPECT_EQ(session.VelocityFactor, 1);
-  EXPECT_EQ(DesignCaption(session), "Kalvex 2.12 - Design tuner.SSF");
-  session.Frequency = 14.2e6;
-  EXPECT_EQ(PrepareDesignValues(session).frequency, " 14.2 M");
-}
-
 TEST(DesignValues, VelocityFactorIsKeptWithinItsLimits) {
   const char* const low = "Velocity factor has been reset to the minimum allowed.";
   for (const auto& [text, stored, message] :

@@ -146,24 +146,5 @@ TEST_F(NetworkEditorTest, InsertingShiftsTheLaterStagesRight) {
   EXPECT_EQ(session.Value[4][1], 20);
 }
 
-TEST_F(NetworkEditorTest, CompactClosesTheGaps) {
-  SetStage(1, SeriesCapacitor, {0, 1e-10, 1000});
-  SetStage(2, Empty, {});
-  SetStage(3, InsertPlaceholder, {});
-  SetStage(4, Empty, {});
-  SetStage(5, SeriesResistor, {0, 10});
-  editor.Compact();
-  EXPECT_EQ(session.ElementType, (std::array<int16_t, kStageCount>{0, 1, 14, 12, 0, 0}));
-  EXPECT_EQ(session.Value[3][1], 10);
-  EXPECT_EQ(session.Value[5][1], 0);
-
-  SetStage(1, SeriesCapacitor, {0, 1e-10, 0});  // no Q: removed
-  SetStage(2, SeriesInductor, {0, -1e-6, 50});  // negative L: kept
-  SetStage(3, Empty, {});
-  editor.Compact();
-  EXPECT_EQ(session.ElementType[1], SeriesInductor);
-  EXPECT_EQ(session.ElementType[2], Empty);
-}
-
 }  // namespace
 }  // namespace kalvex

@@ -45,16 +45,5 @@ TEST(Symbols, EachTypeDrawsItsOwnForm) {
   }
 }
 
-TEST(Symbols, GeneratorShowsTheSystemImpedance) {
-  DisplayList list;
-  SymbolPen pen(list, SymbolFamily::Design, kRv);
-  pen.ListX = 9000;
-  pen.ListY = 700;
-  pen.DrawGenerator(75);
-  EXPECT_EQ(testing::Texts(list), (std::vector<std::string>{"75 ", "GEN"}));
-  ASSERT_NE(testing::TextAt(list, 9250, 1900), nullptr);
-  EXPECT_EQ(testing::TextAt(list, 9250, 1900)->text, "75 ");
-}
-
 }  // namespace
 }  // namespace kalvex

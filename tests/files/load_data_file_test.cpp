@@ -118,13 +118,5 @@ TEST_F(LoadDataFileTest, ParserErrorKeepsThePointsReadBefore) {
   ExpectSweepSettingsRestored();
 }
 
-TEST_F(LoadDataFileTest, CancelledChooserRestoresSilently) {
-  session.LoadSource = 2;
-  EXPECT_FALSE(GetLoadData(session, dialogs));
-  EXPECT_EQ(dialogs.chooserTitles, std::vector<std::string>{"Get frequencies and load data"});
-  EXPECT_TRUE(dialogs.messages.empty());
-  ExpectSweepSettingsRestored();
-}
-
 }  // namespace
 }  // namespace kalvex

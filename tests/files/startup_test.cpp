@@ -42,18 +42,6 @@ TEST_F(StartupAndExitTest, EndAndQuitThenStartResumesTheSession) {
   EXPECT_EQ(next.Frequency, 7.1e6);
 }
 
-TEST_F(StartupAndExitTest, SaveThenExitWritesBothFiles) {
-  StartSession(session, Dir());
-  session.ElementType[1] = SeriesResistor;
-  session.Value[1][1] = 10;
-  dialogs.fileNames.push_back(PathOf("antenna.match"));
-  EXPECT_EQ(SaveThenExit(session, dialogs, LastSession()), "This session data has been saved");
-  EXPECT_EQ(dialogs.chooserTitles, std::vector<std::string>{"Write Kalvex File"});
-  EXPECT_EQ(session.FileName, PathOf("antenna.match"));
-  EXPECT_TRUE(std::filesystem::exists(PathOf("antenna.SSF")));
-  EXPECT_TRUE(std::filesystem::exists(LastSession()));
-}
-
 using DefaultsFile = testing::TempDirTest;
 
 // All three numbers are read, or none: any fault keeps the start values.

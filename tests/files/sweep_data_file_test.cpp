@@ -61,10 +61,5 @@ TEST_F(SweepDataFileTest, ReturnLossHasAFloorOnlyForNoReflectionAtAll) {
   EXPECT_EQ(lines[7], " 2000000  50  0  5E-13  90  246.02059991328  1 ");
 }
 
-TEST_F(SweepDataFileTest, CancelledChooserWritesNothing) {
-  EXPECT_FALSE(WriteSweepData(session, dialogs, ""));
-  EXPECT_TRUE(std::filesystem::is_empty(PathOf("")));
-}
-
 }  // namespace
 }  // namespace kalvex

@@ -70,19 +70,6 @@ TEST_F(PagesInFolder, WelcomePageStartsTheSession) {
   EXPECT_EQ(ReadFile(kLastSessionFileName), "a last session that did not read");
 }
 
-TEST_F(PagesInFolder, ExitDialogOnAnEmptyNetwork) {
-  InitialiseSession(session);
-  ExitDialog dialog(session, dialogs);
-  EXPECT_EQ(dialog.windowTitle(), "Exit ?");
-  EXPECT_FALSE(dialog.cmdSave->isEnabled());
-  EXPECT_EQ(dialog.Label2->text(), "The network is empty.");
-
-  dialog.cmdExit->click();
-  EXPECT_TRUE(std::filesystem::exists(kLastSessionFileName));
-  EXPECT_EQ(dialogs.pauses, std::vector<double>{2});
-  EXPECT_EQ(dialog.result(), QDialog::Accepted);
-}
-
 // The box around the dark pixels of an image.
 QRect InkBox(const QImage& image) {
   QRect box;
