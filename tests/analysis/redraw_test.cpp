@@ -106,20 +106,16 @@ TEST_F(RedrawTest, LabelsStandAtTheirFormulas) {
     DrawImpedanceGrid(list, view, kStrongRed);
     DrawAdmittanceGrid(list, view, kStrongGreen);
     const double xc = view.centreX, yc = view.centreY, a = view.aspect, r = view.radius;
-    struct Expected {
-      const char* text;
-      Colour colour;
-      double x, y;
-    };
-    for (const Expected e : {Expected{"+5", kStrongRed, xc + a * 0.92 * r + 15, yc - 0.39 * r - 210},
-                             Expected{"-.5", kStrongRed, xc - a * (0.62 * r + 180), yc + 0.82 * r - 90},
-                             Expected{"+1", kStrongRed, xc - 180, yc - 0.999 * r - 240},
-                             Expected{"+2", kStrongGreen, xc - a * (0.62 * r - 60), yc + 0.82 * r + 30},
-                             Expected{"0", kStrongGreen, xc + a * 1.02 * r, yc - 120}}) {
-      const DrawCommand* label = Label(e.text, e.colour);
-      ASSERT_NE(label, nullptr) << e.text;
-      EXPECT_NEAR(label->a.x, e.x, 1e-6) << e.text;
-      EXPECT_NEAR(label->a.y, e.y, 1e-6) << e.text;
+    for (const auto& [text, colour, x, y] :
+         {std::tuple{"+5", kStrongRed, xc + a * 0.92 * r + 15, yc - 0.39 * r - 210},
+          {"-.5", kStrongRed, xc - a * (0.62 * r + 180), yc + 0.82 * r - 90},
+          {"+1", kStrongRed, xc - 180, yc - 0.999 * r - 240},
+          {"+2", kStrongGreen, xc - a * (0.62 * r - 60), yc + 0.82 * r + 30},
+          {"0", kStrongGreen, xc + a * 1.02 * r, yc - 120}}) {
+      const DrawCommand* label = Label(text, colour);
+      ASSERT_NE(label, nullptr) << text;
+      EXPECT_NEAR(label->a.x, x, 1e-6) << text;
+      EXPECT_NEAR(label->a.y, y, 1e-6) << text;
     }
   }
 }

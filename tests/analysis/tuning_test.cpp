@@ -31,13 +31,9 @@ TEST_F(StripTest, CellWidthsFollowTheParts) {
   }
   session.Value[4] = {0, 45, 14e6, 50};
   DrawNetworkListing(session, list);
-  const auto& edge = session.PartRightEdge;
-  EXPECT_EQ(edge[0], 2290);  // 400 + 2100 × 0.9
-  EXPECT_EQ(edge[1] - edge[0], 864);   // series C 960 × 0.9
-  EXPECT_EQ(edge[2], edge[1]);         // an empty stage takes no width
-  EXPECT_EQ(edge[3] - edge[2], 1080);  // two leads then the shunt R: 1200 × 0.9
-  EXPECT_EQ(edge[4] - edge[3], 1260);  // series line 1400 × 0.9
-  EXPECT_EQ(edge[5] - edge[4], 1332);  // series R 1480 × 0.9
+  // The load 400 + 2100 × 0.9, then series C 960, nothing for the empty
+  // stage, two leads and the shunt R 1200, series line 1400, series R 1480.
+  EXPECT_EQ(session.PartRightEdge, (decltype(session.PartRightEdge){2290, 3154, 3154, 4234, 5494, 6826}));
   EXPECT_TRUE(AnyPartShown(session));
   // The colour key: a bar over every occupied stage's cell.
   const auto bars = testing::OfKind(list, DrawCommand::Kind::FillRect);

@@ -123,27 +123,24 @@ TEST_F(NetworkEditorTest, PickingShowsThePartsCaptionsAndPrefills) {
 TEST_F(NetworkEditorTest, InsertingShiftsTheLaterStagesRight) {
   for (int s = 1; s <= 5; ++s) SetStage(s, SeriesResistor, {0, 10.0 * s});
   editor.Open();
+  // The stages' types and first values, 1..5.
+  const auto stages = [this] {
+    std::vector<std::pair<int, double>> all;
+    for (int s = 1; s <= 5; ++s) all.emplace_back(session.ElementType[s], session.Value[s][1]);
+    return all;
+  };
+  using Stages = std::vector<std::pair<int, double>>;
   PickType(2, InsertPlaceholder);
   EXPECT_TRUE(editor.controls.removeShown);  // stage five will be lost
   editor.Accept();
-  EXPECT_EQ(session.ElementType[2], InsertPlaceholder);
-  EXPECT_EQ(session.Value[2][1], 0);
-  for (int s = 3; s <= 5; ++s) EXPECT_EQ(session.Value[s][1], 10.0 * (s - 1)) << s;
-  EXPECT_EQ(session.Value[1][1], 10);
   EXPECT_FALSE(editor.controls.removeShown);
-
+  EXPECT_EQ(stages(), (Stages{{12, 10}, {14, 0}, {12, 20}, {12, 30}, {12, 40}}));
   PickType(1, InsertPlaceholder);  // at stage one every part moves right
   editor.Accept();
-  EXPECT_EQ(session.ElementType[1], InsertPlaceholder);
-  EXPECT_EQ(session.ElementType[2], SeriesResistor);
-  EXPECT_EQ(session.Value[2][1], 10);
-  EXPECT_EQ(session.ElementType[3], InsertPlaceholder);
-
+  EXPECT_EQ(stages(), (Stages{{14, 0}, {12, 10}, {14, 0}, {12, 20}, {12, 30}}));
   PickType(5, InsertPlaceholder);  // at stage five nothing moves; its part is lost
   editor.Accept();
-  EXPECT_EQ(session.ElementType[5], InsertPlaceholder);
-  EXPECT_EQ(session.Value[5][1], 0);
-  EXPECT_EQ(session.Value[4][1], 20);
+  EXPECT_EQ(stages(), (Stages{{14, 0}, {12, 10}, {14, 0}, {12, 20}, {14, 0}}));
 }
 
 }  // namespace
