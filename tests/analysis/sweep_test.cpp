@@ -103,28 +103,6 @@ TEST_F(SweepTest, OnlyTheTableCapsTheVSWR) {
   EXPECT_EQ(session.DataIndex, 1);
 }
 
-// One point sweeps the start alone, no points nothing, and counts beyond the
-// arrays stay inside them.
-TEST_F(SweepTest, CountsBeyondTheArraysStayInside) {
-  session.SweepStart = 1e6;
-  session.SweepStop = 2e6;
-  session.SweepPoints = 1;
-  const SweepIndexes one = RunSweepPoints(session, SweepUse::Chart);
-  EXPECT_EQ(one.last, one.first);
-  EXPECT_EQ(session.SweepFreq[one.first], 1e6);
-  session.SweepPoints = -4;
-  const SweepIndexes negative = RunSweepPoints(session, SweepUse::Chart);
-  EXPECT_GT(negative.first, negative.last);
-  session.SweepPoints = 30000;
-  EXPECT_EQ(RunSweepPoints(session, SweepUse::Chart).last, 1999);
-  LoadTable(1000);
-  session.SweepPoints = 5000;
-  EXPECT_EQ(RunSweepPoints(session, SweepUse::Chart).last, 1000);
-  session.LoadSource = 0;
-  const SweepIndexes none = RunSweepPoints(session, SweepUse::Chart);
-  EXPECT_GT(none.first, none.last);
-}
-
 // The settings are made positive, limited with a message each, and the
 // session leaves the load data for the entered load.
 TEST_F(SweepTest, SettingsClampWithTheirMessages) {

@@ -34,19 +34,12 @@ TEST_F(SweepDataFileTest, WritesHeadingRowsAndEmptyLastLine) {
   Fill(1, 14.5e6, 50, 50, 0.4472135954999579, 63.43494882292201, 2.618033988749895);
   Fill(2, 15e6, 0, 50, 1, 90, 1'000'000);
   ASSERT_TRUE(WriteSweepData(session, dialogs, PathOf("sweep1.txt")));
-  const std::string text = ReadFile("sweep1.DAT");
-  const std::vector<std::string> lines = SplitLines(text);
-  ASSERT_EQ(lines.size(), 10u);
-  EXPECT_EQ(lines[0], "Kalvex data file");
-  EXPECT_EQ(lines[1], "Filename: " + PathOf("sweep1.txt"));
-  EXPECT_EQ(lines[2], "2026-11-22 12:00:00");
-  EXPECT_EQ(lines[3], "");
-  EXPECT_EQ(lines[4], "Freq, Resistance, Reactance, Rho, RhoAngle, Return loss, VSWR");
-  EXPECT_EQ(lines[5], "");
-  EXPECT_EQ(lines[6], " 14000000  150  0  .5  0  6.02059991327962  3 ");
-  EXPECT_EQ(lines[8], " 15000000  0  50  1  90  0  1000000 ");
-  EXPECT_EQ(lines[9], "");
-  EXPECT_TRUE(text.ends_with("\r\n\r\n"));
+  EXPECT_EQ(ReadFile("sweep1.DAT"),
+            "Kalvex data file\r\nFilename: " + PathOf("sweep1.txt") + "\r\n2026-11-22 12:00:00\r\n\r\n"
+            "Freq, Resistance, Reactance, Rho, RhoAngle, Return loss, VSWR\r\n\r\n"
+            " 14000000  150  0  .5  0  6.02059991327962  3 \r\n"
+            " 14500000  50  50  .447213595499958  63.434948822922  6.98970004336019  2.61803398874989 \r\n"
+            " 15000000  0  50  1  90  0  1000000 \r\n\r\n");
 }
 
 // Only a Rho of exactly 0 gets the 180 dB floor; a calculated match (Rho

@@ -17,12 +17,11 @@ class FakeDialogs : public Dialogs {
     std::string text;
     std::string title;
     MessageButtons buttons;
-    MessageIcon icon;
   };
 
   MessageAnswer Message(const std::string& text, const std::string& title,
-                        MessageButtons buttons, MessageIcon icon) override {
-    messages.push_back({text, title, buttons, icon});
+                        MessageButtons buttons, MessageIcon) override {
+    messages.push_back({text, title, buttons});
     return Pop(answers, MessageAnswer::Ok);
   }
   std::string ChooseOpenFile(const std::string& title, const std::string&,
@@ -30,22 +29,18 @@ class FakeDialogs : public Dialogs {
     chooserTitles.push_back(title);
     return Pop(fileNames, std::string());
   }
-  std::string ChooseSaveFile(const std::string& title, const std::string&,
-                             const std::string&) override {
-    chooserTitles.push_back(title);
-    return Pop(fileNames, std::string());
+  std::string ChooseSaveFile(const std::string& title, const std::string& filter,
+                             const std::string& folder) override {
+    return ChooseOpenFile(title, filter, folder);
   }
   // A print job drawn into `printed`, or none when `printerError` is set.
   std::unique_ptr<PrintJob> StartPrint(PageSize page, std::string& error) override {
     printedPage = page;
-    if (!printerError.empty()) {
-      error = printerError;
-      return nullptr;
-    }
-    return std::make_unique<Job>(printed);
+    error = printerError;
+    return printerError.empty() ? std::make_unique<Job>(printed) : nullptr;
   }
   void Beep() override { ++beeps; }
-  void Pause(double seconds) override { pauses.push_back(seconds); }
+  void Pause(double) override {}
   std::string LocalDateTime() override { return "2026-11-22 12:00:00"; }
 
   std::vector<std::string> MessageTexts() const {
@@ -66,7 +61,6 @@ class FakeDialogs : public Dialogs {
   std::deque<std::string> fileNames;
   std::vector<Shown> messages;
   std::vector<std::string> chooserTitles;
-  std::vector<double> pauses;
   int beeps = 0;
 
  private:
