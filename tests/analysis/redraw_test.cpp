@@ -11,7 +11,7 @@
 #include "design/symbols.h"
 #include "model/calculate.h"
 #include "support/drawing_queries.h"
-#include "support/five_stage_network.h"
+#include "support/networks.h"
 
 namespace kalvex {
 namespace {

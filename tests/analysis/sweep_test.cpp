@@ -12,8 +12,7 @@
 #include "model/calculate.h"
 #include "support/drawing_queries.h"
 #include "support/fake_dialogs.h"
-#include "support/five_stage_network.h"
-#include "support/sweep_arrays.h"
+#include "support/networks.h"
 
 namespace kalvex {
 namespace {

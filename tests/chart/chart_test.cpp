@@ -10,7 +10,7 @@
 #include "model/calculate.h"
 #include "support/drawing_queries.h"
 #include "support/fake_dialogs.h"
-#include "support/thirteen_parts.h"
+#include "support/networks.h"
 
 namespace kalvex {
 namespace {

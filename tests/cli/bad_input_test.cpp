@@ -38,13 +38,10 @@ TEST_F(BadInputTest, EndsWithAMessageAndNoHalfWrittenOutput) {
            Case{"one 10 MB line", false, std::string(10'000'000, '7'), 0},
            Case{"LF-only lines", false, lfOnly, 0},
            Case{"1e309", false, with(" 14000000 ", " 1e309 "), 1},
-           Case{"-0", false, with(" 14000000 ", " -0 "), 1},
            Case{"NaN", false, with(" 14000000 ", " NaN "), 1},
            // Element types are not checked; the calculation passes unknown ones over.
            Case{"element type 99", false, with("stage 1: 1 ", "stage 1: 99 "), 0},
-           Case{"-5 points", false, with("points: 5 ", "points: -5 "), 1},
            Case{"70000 points", false, with("points: 5 ", "points: 70000 "), 1},
-           Case{"load data: empty", true, "", 1},
            Case{"load data: garbage", true, std::string("\x01\x02\xff,,,;;;\r\n", 10), 0},
            // Values are read as the boxes read them: 1E+400 is kept at 10 GHz.
            Case{"load data: 1E+400", true, "1E+400, 50, 0\r\n", 0}}) {

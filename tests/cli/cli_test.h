@@ -8,7 +8,7 @@
 #include "files/network_file.h"
 #include "support/fake_dialogs.h"
 #include "support/temp_dir.h"
-#include "support/test_name.h"
+#include "support/networks.h"
 
 
 namespace kalvex::testing {

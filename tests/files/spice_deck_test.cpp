@@ -9,7 +9,7 @@
 #include "files/spice_deck.h"
 #include "model/calculate.h"
 #include "support/temp_dir.h"
-#include "support/thirteen_parts.h"
+#include "support/networks.h"
 
 namespace kalvex {
 namespace {

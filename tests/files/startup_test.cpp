@@ -72,12 +72,10 @@ TEST_F(DefaultsFile, ReadsAllThreeOrFallsBackOnAllThree) {
 TEST_F(DefaultsFile, WritesBareNumbersThatReadBack) {
   Session written;
   InitialiseSession(written);
-  written.ChartAspect = 0.75f;
-  ASSERT_TRUE(WriteDefaults(written, PathOf("Defaults.TXT")));
-  EXPECT_EQ(ReadFile("Defaults.TXT"), "0.75\r\n1000\r\n200\r\n");
   written.ChartAspect = 1.3f;
   written.DefaultInductorQ = 123.5f;
   ASSERT_TRUE(WriteDefaults(written, PathOf("Defaults.TXT")));
+  EXPECT_EQ(ReadFile("Defaults.TXT"), "1.3\r\n1000\r\n123.5\r\n");
   Session read;
   ReadDefaults(read, PathOf("Defaults.TXT"));
   EXPECT_EQ(read.ChartAspect, 1.3f);

@@ -4,7 +4,7 @@
 
 #include "files/sweep_data_file.h"
 #include "support/fake_dialogs.h"
-#include "support/sweep_arrays.h"
+#include "support/networks.h"
 #include "support/temp_dir.h"
 
 namespace kalvex {

@@ -7,7 +7,7 @@
 #include "files/load_data_file.h"
 #include "files/touchstone.h"
 #include "support/fake_dialogs.h"
-#include "support/five_stage_network.h"
+#include "support/networks.h"
 #include "support/temp_dir.h"
 
 namespace kalvex {

@@ -9,7 +9,7 @@
 #include "print/print_table.h"
 #include "support/drawing_queries.h"
 #include "support/fake_dialogs.h"
-#include "support/five_stage_network.h"
+#include "support/networks.h"
 
 namespace kalvex {
 namespace {

@@ -1,14 +1,16 @@
 #pragma once
 
 #include <array>
+#include <cctype>
 #include <string>
 #include <vector>
 
 #include <gtest/gtest.h>
 
 #include "model/session.h"
-#include "support/test_name.h"
+#include "support/five_stage_network.h"
 
+// Networks and sweep results the tests share.
 namespace kalvex::testing {
 
 // One part of each of the thirteen types with plausible values, Value(s, 1..4).
@@ -52,8 +54,24 @@ inline Session NetworkAround(const Part& part) {
   return session;
 }
 
+// A readable name for a part's case: "series C" -> "series_C".
 inline std::string PartName(const ::testing::TestParamInfo<Part>& info) {
-  return TestName(info.param.name);
+  std::string name = info.param.name;
+  for (char& c : name) {
+    if (!std::isalnum(static_cast<unsigned char>(c))) c = '_';
+  }
+  return name;
+}
+
+// Puts one point's results straight into the sweep arrays, as a sweep stores them.
+inline void FillSweepPoint(Session& session, int k, double f, double r, double x, double rho,
+                           double angle, double vswr) {
+  session.SweepFreq[k] = f;
+  session.SweepR[k] = r;
+  session.SweepX[k] = x;
+  session.SweepRho[k] = rho;
+  session.SweepAngle[k] = angle;
+  session.SweepVSWR[k] = vswr;
 }
 
 }  // namespace kalvex::testing
