@@ -55,14 +55,10 @@ TEST_F(LoadDataFileTest, ReadsTheDocumentedExampleAndTakesTheMiddlePoint) {
                      "14.2M, 50.2, 3.8", "", "/ between", "   ! indented", "14.3M, 50, 9",
                      "14.4M, 49, 12"}));
   EXPECT_TRUE(dialogs.messages.empty());
-  EXPECT_EQ(session.SweepPoints, 5);
-  EXPECT_EQ(session.SavedSweepPoints, 51);
+  EXPECT_EQ(std::tuple(session.SweepPoints, session.SavedSweepPoints, session.LoadSource, session.DataIndex),
+            std::tuple(5, 51, 2, 3));
   EXPECT_EQ(session.LoadR[2], 50.9);
-  EXPECT_EQ(session.LoadSource, 2);
-  EXPECT_EQ(session.SweepStart, 14e6);
-  EXPECT_EQ(session.SweepStop, 14.4e6);
-  EXPECT_EQ(session.DataIndex, 3);
-  EXPECT_EQ(session.Frequency, 14.2e6);
+  EXPECT_EQ(std::tuple(session.SweepStart, session.SweepStop, session.Frequency), std::tuple(14e6, 14.4e6, 14.2e6));
   EXPECT_EQ(session.Value[0], (std::array<double, kSlotCount>{0, 50.2, 3.8}));
   EXPECT_EQ(session.FileName, "net.SSF");
 }

@@ -83,18 +83,15 @@ TEST_F(NetworkFileTest, WritesTheLayoutLineByLine) {
 TEST_F(NetworkFileTest, RoundTripRestoresTheSession) {
   ASSERT_TRUE(ReadLines(WrittenLines()));
   EXPECT_TRUE(dialogs.messages.empty());
-  EXPECT_EQ(read.Frequency, written.Frequency);
-  EXPECT_EQ(read.SystemZ, written.SystemZ);
-  EXPECT_EQ(read.Value[0], written.Value[0]);
-  EXPECT_EQ(read.ElementType, written.ElementType);
+  EXPECT_EQ(std::tuple(read.Frequency, read.SystemZ, read.Value[0], read.ElementType),
+            std::tuple(written.Frequency, written.SystemZ, written.Value[0], written.ElementType));
   for (int s = 1; s <= kLastStage; ++s) {
     for (int k = 1; k <= 5; ++k) {
       EXPECT_NEAR(read.Value[s][k], written.Value[s][k], 1e-13 * std::abs(written.Value[s][k]));
     }
   }
-  EXPECT_EQ(read.VSWRCircle, written.VSWRCircle);
-  EXPECT_EQ(read.SweepStop, written.SweepStop);
-  EXPECT_EQ(read.SweepPoints, written.SweepPoints);
+  EXPECT_EQ(std::tuple(read.VSWRCircle, read.SweepStop, read.SweepPoints),
+            std::tuple(written.VSWRCircle, written.SweepStop, written.SweepPoints));
 }
 
 // A first run in an empty folder: what the program writes with its start

@@ -93,17 +93,5 @@ TEST(ParseValue, ReadsNumberAndMultiplier) {
   EXPECT_EQ(ParseValueUnlimited("1e999"), std::numeric_limits<double>::infinity());
 }
 
-TEST(ParseValue, ReadsBackWhatTheFormatsWrite) {
-  for (const double value : {1e-10, 4.7e-9, 2.2e-5, 0.047}) {
-    EXPECT_NEAR(ParseValue(FormatCapacitance(value)), value, value * 1e-6);
-    EXPECT_NEAR(ParseValue(FormatInductance(value * 1e3)), value * 1e3, value * 1e-3);
-  }
-  for (const double value : {14'000'000.0, 144'120'000.0, 3.5, 0.25}) {
-    EXPECT_NEAR(ParseValue(FormatSI(value)), value, value * 1e-6);
-    EXPECT_NEAR(ParseValue(FormatSmallSI(value)), value, value * 1e-6);
-    EXPECT_NEAR(ParseValue(FormatGeneral(value)), value, value * 1e-6);
-  }
-}
-
 }  // namespace
 }  // namespace kalvex
