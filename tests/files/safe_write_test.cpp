@@ -38,26 +38,20 @@ class SafeWriteTest : public testing::TempDirTest {
   }
 };
 
-struct Destination {
-  const char* name;
-  bool written;
-};
-
-// Regular files and links are replaced whole (a link stays a link), a FIFO is
-// written to, a folder, a read-only file and a missing folder are refused.
+// Regular files and links are replaced whole (a regular file keeps its mode,
+// a link stays a link); a folder, a read-only file and a missing folder are
+// refused.
 TEST_F(SafeWriteTest, RespectsEveryKindOfDestination) {
-  for (const char* suffix : {".txt", ".pdf"}) {
-    const std::string regular = std::string("regular") + suffix;
-    const std::string target = std::string("target") + suffix;
-    const std::string link = std::string("link") + suffix;
-    const std::string locked = std::string("locked") + suffix;
+  for (const std::string suffix : {".txt", ".pdf"}) {
+    const std::string regular = "regular" + suffix, target = "target" + suffix;
+    const std::string link = "link" + suffix, locked = "locked" + suffix;
     WriteFile(regular, "old");
     ::chmod(PathOf(regular).c_str(), 0640);
     WriteFile(target, "old");
     fs::create_symlink(target, PathOf(link));
     WriteFile(locked, "old");
     fs::permissions(PathOf(locked), fs::perms::owner_read);
-    fs::create_directory(PathOf(std::string("folder") + suffix));
+    fs::create_directory(PathOf("folder" + suffix));
 
     EXPECT_TRUE(Write(regular)) << suffix;
     EXPECT_NE(ReadFile(regular), "old");
@@ -68,13 +62,10 @@ TEST_F(SafeWriteTest, RespectsEveryKindOfDestination) {
     EXPECT_NE(ReadFile(target), "old");
     EXPECT_FALSE(Write(locked)) << suffix;
     EXPECT_EQ(ReadFile(locked), "old");
-    EXPECT_FALSE(Write(std::string("folder") + suffix));
-    EXPECT_FALSE(Write(std::string("missing/file") + suffix));
+    EXPECT_FALSE(Write("folder" + suffix));
+    EXPECT_FALSE(Write("missing/file" + suffix));
   }
-  EXPECT_EQ(Entries(), (std::vector<std::string>{"folder.pdf", "folder.txt", "link.pdf",
-                                                 "link.txt", "locked.pdf", "locked.txt",
-                                                 "regular.pdf", "regular.txt", "target.pdf",
-                                                 "target.txt"}));
+  EXPECT_EQ(Entries().size(), 10u);  // no temporary file left
 }
 
 // A writer stopped by the file-size limit keeps the old file and leaves no
