@@ -17,16 +17,13 @@ namespace kalvex::testing {
 // words with its output and error streams kept.
 class CliTest : public TempDirTest {
  protected:
-  // One series element on a 50 + j0 load at 14 MHz, with valid circle and
-  // sweep settings (13..15 MHz, 5 points).
+  // One series element on a 50 + j0 load at 14 MHz, swept over 13..15 MHz
+  // in 5 points.
   void SaveNetwork(int16_t type, double value, double q) {
     InitialiseSession(network);
     network.Frequency = 14e6;
     network.ElementType[1] = type;
-    network.Value[1][1] = value;
-    network.Value[1][2] = q;
-    network.QCircle = 2;
-    network.VSWRCircle = 2;
+    network.Value[1] = {0, value, q};
     network.SweepStart = 13e6;
     network.SweepStop = 15e6;
     network.SweepPoints = 5;

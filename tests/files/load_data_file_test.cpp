@@ -18,10 +18,7 @@ class LoadDataFileTest : public testing::TempDirTest {
   void SetUp() override {
     TempDirTest::SetUp();
     InitialiseSession(session);
-    session.LoadSource = 1;
-    session.SweepStart = 1e6;
-    session.SweepStop = 2e6;
-    session.SweepPoints = 51;
+    std::tie(session.LoadSource, session.SweepStart, session.SweepStop, session.SweepPoints) = Restored();
     session.FileName = "net.SSF";
   }
 
@@ -30,19 +27,15 @@ class LoadDataFileTest : public testing::TempDirTest {
     return ApplyLoadDataFile(session, dialogs, PathOf("load.RJX"));
   }
 
-  void ExpectSweepSettingsRestored() const {
-    EXPECT_EQ(session.SweepPoints, 51);
-    EXPECT_EQ(session.SweepStart, 1e6);
-    EXPECT_EQ(session.SweepStop, 2e6);
-    EXPECT_EQ(session.LoadSource, 1);
+  // The sweep settings before a load-data file, which a failed one restores.
+  static std::tuple<int16_t, double, double, int16_t> Restored() { return {1, 1e6, 2e6, 51}; }
+  std::tuple<int16_t, double, double, int16_t> Settings() const {
+    return {session.LoadSource, session.SweepStart, session.SweepStop, session.SweepPoints};
   }
 
-  std::vector<std::string> Points(int count) {
+  static std::vector<std::string> Points(int count) {
     std::vector<std::string> lines{"! generated"};
-    for (int k = 1; k <= count; ++k) {
-      lines.push_back(std::to_string(1'000'000 + k) + ", " + std::to_string(k) + ", -" +
-                      std::to_string(k));
-    }
+    for (int k = 1; k <= count; ++k) lines.push_back(std::to_string(1'000'000 + k) + ", 50, -1");
     return lines;
   }
 
@@ -103,7 +96,7 @@ TEST_F(LoadDataFileTest, ParserErrorKeepsThePointsReadBefore) {
               testing::FakeDialogs::Only(c.lines == thousand ? nullptr : "Parser error"))
         << c.name;
     if (c.points == 0) {
-      ExpectSweepSettingsRestored();
+      EXPECT_EQ(Settings(), Restored());
     } else {
       EXPECT_EQ(session.SweepPoints, c.points) << c.name;
       EXPECT_EQ(session.SweepStop, session.LoadFreq[c.points]) << c.name;
@@ -111,7 +104,7 @@ TEST_F(LoadDataFileTest, ParserErrorKeepsThePointsReadBefore) {
     }
   }
   EXPECT_FALSE(ApplyLoadDataFile(session, dialogs, PathOf("absent.RJX")));
-  ExpectSweepSettingsRestored();
+  EXPECT_EQ(Settings(), Restored());
 }
 
 }  // namespace
