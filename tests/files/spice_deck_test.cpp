@@ -24,19 +24,16 @@ class SpiceDecks : public testing::TempDirTest,
     FILE* pipe = ::popen(command.c_str(), "r");
     if (pipe == nullptr) return std::nullopt;
     std::string output;
-    char buffer[4096];
-    while (std::fgets(buffer, sizeof buffer, pipe) != nullptr) output += buffer;
-    ::pclose(pipe);
-    std::istringstream lines(output);
-    for (std::string line; std::getline(lines, line);) {
+    std::optional<std::complex<double>> found;
+    for (char line[4096]; std::fgets(line, sizeof line, pipe) != nullptr;) {
       int index = 0;
       double frequency = 0, re = 0, im = 0;
-      if (std::sscanf(line.c_str(), "%d %lf %lf %lf", &index, &frequency, &re, &im) == 4) {
-        return std::complex<double>(re, im);
-      }
+      if (std::sscanf(line, "%d %lf %lf %lf", &index, &frequency, &re, &im) == 4 && !found) found.emplace(re, im);
+      output += line;
     }
-    ADD_FAILURE() << output;
-    return std::nullopt;
+    ::pclose(pipe);
+    if (!found) ADD_FAILURE() << output;
+    return found;
   }
 };
 

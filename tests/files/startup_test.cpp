@@ -10,36 +10,25 @@
 namespace kalvex {
 namespace {
 
-class StartupAndExitTest : public testing::TempDirTest {
- protected:
-  std::filesystem::path Dir() const { return std::filesystem::path(PathOf("")); }
-  std::filesystem::path LastSession() const { return PathOf(kLastSessionFileName); }
+using StartupAndExitTest = testing::TempDirTest;
 
-  Session session;
-  testing::FakeDialogs dialogs;
-};
-
-TEST_F(StartupAndExitTest, FirstRunInAnEmptyFolder) {
-  StartSession(session, Dir());
-  EXPECT_TRUE(NetworkIsEmpty(session));
-  EXPECT_EQ(session.ChartAspect, 0.75f);  // the defaults file's start values
-  EXPECT_EQ(session.DefaultInductorQ, 200);
-  EXPECT_EQ(WelcomeCaption(session), "Kalvex 2.12 - Welcome !");
-}
-
+// A first run in an empty folder starts empty with the defaults file's start
+// values; End and Quit then a new start resumes the session.
 TEST_F(StartupAndExitTest, EndAndQuitThenStartResumesTheSession) {
-  StartSession(session, Dir());
+  Session session, next;
+  StartSession(session, PathOf(""));
+  EXPECT_TRUE(NetworkIsEmpty(session));
+  EXPECT_EQ(std::tuple(session.ChartAspect, session.DefaultInductorQ), std::tuple(0.75f, 200.0f));
+  EXPECT_EQ(WelcomeCaption(session), "Kalvex 2.12 - Welcome !");
   session.ElementType[2] = ShuntInductor;
   session.Value[2][1] = 2.2e-6;
   session.Frequency = 7.1e6;
-  EXPECT_EQ(EndAndQuit(session, dialogs, LastSession()),
+  testing::FakeDialogs dialogs;
+  EXPECT_EQ(EndAndQuit(session, dialogs, PathOf(kLastSessionFileName)),
             "Data for this session has been saved as 'LastSession'");
-
-  Session next;
-  StartSession(next, Dir());
-  EXPECT_EQ(next.ElementType[2], ShuntInductor);
-  EXPECT_EQ(next.Value[2][1], 2.2e-6);
-  EXPECT_EQ(next.Frequency, 7.1e6);
+  StartSession(next, PathOf(""));
+  EXPECT_EQ(std::tuple(next.ElementType[2], next.Value[2][1], next.Frequency),
+            std::tuple(ShuntInductor, 2.2e-6, 7.1e6));
 }
 
 using DefaultsFile = testing::TempDirTest;
