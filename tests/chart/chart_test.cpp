@@ -108,12 +108,8 @@ TEST_F(ChartTest, QArcsOfOneCrossTheImaginaryAxisAtRootTwoLessOne) {
     }
     EXPECT_LT(nearest, 0.002) << sign;
   }
-  for (const Gamma& g : ends) {
-    // Every impedance on the arcs has |X| = R.
-    const double reactance = std::fabs(2 * g.v);
-    const double resistance = 1 - g.u * g.u - g.v * g.v;  // both over |1 − Γ|²
-    EXPECT_NEAR(reactance, resistance, 1e-6);
-  }
+  // Every impedance on the arcs has |X| = R: both over |1 − Γ|², 2|v| = 1 − |Γ|².
+  for (const Gamma& g : ends) EXPECT_NEAR(std::fabs(2 * g.v), 1 - g.u * g.u - g.v * g.v, 1e-6);
   ASSERT_NE(TextAt(5300, 8340), nullptr);
   EXPECT_EQ(TextAt(5300, 8340)->text, "Q=1");
 }
@@ -207,8 +203,7 @@ TEST_P(NetworkPaths, EachStageGrowsFromWhereTheLastEnded) {
   EXPECT_LT(Distance(path[0].gamma, ImpedanceToGamma(30, -20, 50)), 0.01);
   for (int stage = 2; stage <= 3; ++stage) {
     const std::size_t first = 1000 * (stage - 1);
-    EXPECT_EQ(path[first].stage, stage);
-    EXPECT_EQ(path[first - 1].stage, stage - 1);
+    EXPECT_EQ(std::pair(path[first - 1].stage, path[first].stage), std::pair(stage - 1, stage));
     EXPECT_LT(Distance(path[first].gamma, path[first - 1].gamma), 0.01) << "stage " << stage;
   }
   CalculateNetwork(session, 1);
