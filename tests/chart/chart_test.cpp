@@ -142,49 +142,37 @@ TEST_F(ChartTest, QArcsBringTheirValueIntoRange) {
 
 // A refused value stays in the session for the dialog; the circle is drawn clamped.
 TEST_F(ChartTest, VSWRCirclesHaveTheirReflectionMagnitude) {
-  struct Case {
-    float vswr;
-    double rho;
-    const char* text;
-  };
-  for (const Case& c : {Case{2, 1.0 / 3, "VSWR=2"}, Case{20, 19.0 / 21, "VSWR=20"},
-                        Case{-1, (double{1.01f} - 1) / (double{1.01f} + 1), "VSWR=1.01"},
-                        Case{50, 19.0 / 21, "VSWR=20"}}) {
+  for (const auto& [vswr, rho, text] :
+       {std::tuple{2.0f, 1.0 / 3, "VSWR=2"}, {20.0f, 19.0 / 21, "VSWR=20"},
+        {-1.0f, (double{1.01f} - 1) / (double{1.01f} + 1), "VSWR=1.01"}, {50.0f, 19.0 / 21, "VSWR=20"}}) {
     list.Reset();
     session.VSWRCircleOn = 1;
-    session.VSWRCircle = c.vswr;
+    session.VSWRCircle = vswr;
     DrawVSWRCircle(session, list);
     const std::vector<Gamma> ends = LineEndsIn(kVSWRRed);
     ASSERT_EQ(ends.size(), 72u);  // 73 points, the last back on the first
-    for (const Gamma& g : ends) EXPECT_NEAR(std::hypot(g.u, g.v), c.rho, 1e-9) << c.vswr;
+    for (const Gamma& g : ends) EXPECT_NEAR(std::hypot(g.u, g.v), rho, 1e-9) << vswr;
     ASSERT_NE(TextAt(5300, 8140), nullptr);
-    EXPECT_EQ(TextAt(5300, 8140)->text, c.text);
-    EXPECT_EQ(session.VSWRCircle, c.vswr);
+    EXPECT_EQ(TextAt(5300, 8140)->text, text);
+    EXPECT_EQ(session.VSWRCircle, vswr);
   }
 }
 
 // The typed text is kept, even when refused.
 TEST(OverlaySettings, AcceptTheirRangeAndRefuseBeyondIt) {
-  struct Case {
-    Overlay overlay;
-    const char* typed;
-    bool accepted;
-  };
-  for (const Case& c : {Case{Overlay::QArcs, "0.05", false}, Case{Overlay::QArcs, "0.1", true},
-                        Case{Overlay::QArcs, "20", true}, Case{Overlay::QArcs, "20.01", false},
-                        Case{Overlay::VSWRCircle, "1.005", false},
-                        Case{Overlay::VSWRCircle, "1.01", true},
-                        Case{Overlay::VSWRCircle, "20", true},
-                        Case{Overlay::VSWRCircle, "21", false}}) {
+  for (const auto& [overlay, typed, accepted] :
+       {std::tuple{Overlay::QArcs, "0.05", false}, {Overlay::QArcs, "0.1", true}, {Overlay::QArcs, "20", true},
+        {Overlay::QArcs, "20.01", false}, {Overlay::VSWRCircle, "1.005", false},
+        {Overlay::VSWRCircle, "1.01", true}, {Overlay::VSWRCircle, "20", true},
+        {Overlay::VSWRCircle, "21", false}}) {
     Session session;
     InitialiseSession(session);
     testing::FakeDialogs dialogs;
-    EXPECT_EQ(AcceptOverlaySetting(session, dialogs, c.overlay, c.typed), c.accepted) << c.typed;
-    const char* refusal = c.overlay == Overlay::QArcs
-                              ? "Q must be between .1 and 20"
-                              : "VSWR circle radius must be between 1.01 and 20";
-    EXPECT_EQ(dialogs.MessageTexts(), testing::FakeDialogs::Only(c.accepted ? nullptr : refusal));
-    EXPECT_EQ(OverlaySettingText(session, c.overlay), c.typed);
+    EXPECT_EQ(AcceptOverlaySetting(session, dialogs, overlay, typed), accepted) << typed;
+    const char* refusal = overlay == Overlay::QArcs ? "Q must be between .1 and 20"
+                                                    : "VSWR circle radius must be between 1.01 and 20";
+    EXPECT_EQ(dialogs.MessageTexts(), testing::FakeDialogs::Only(accepted ? nullptr : refusal));
+    EXPECT_EQ(OverlaySettingText(session, overlay), typed);
   }
 }
 

@@ -12,29 +12,24 @@ namespace {
 TEST(DesignValues, LimitsResetWithTheirMessagesInOrder) {
   const char* const zLow = "System impedance has been reset to the minimum allowed (1 ohm).";
   const char* const fLow = "Frequency has been reset to the minimum allowed (10kHz).";
-  struct Case {
-    const char *systemZ, *frequency;
-    double wantZ, wantF;
-    std::vector<std::string> messages;
-    const char *zText, *fText;
-  };
-  for (const Case& c :
-       {Case{"75", "-2M", 75, 2e6, {}, "75", "-2M"}, Case{"0", "5k", 1, 10000, {zLow, fLow}, "1 ", " 10 k"},
-        Case{"-300", "abc", 1, 10000, {zLow, fLow}, "1 ", " 10 k"},
-        Case{"20k", "20G", 10000, 1e10,
-             {"System impedance has been reset to the maximum allowed (10K).",
-              "Frequency has been reset to the maximum allowed (10gHz)."},
-             "10 k", " 10 G"}}) {
+  using Texts = std::vector<std::string>;
+  // Typed system impedance and frequency; the values, messages and box texts after.
+  for (const auto& [typed, values, messages, texts] : {
+           std::tuple{Texts{"75", "-2M"}, std::pair{75.0, 2e6}, Texts{}, Texts{"75", "-2M"}},
+           {{"0", "5k"}, {1, 10000}, {zLow, fLow}, {"1 ", " 10 k"}},
+           {{"-300", "abc"}, {1, 10000}, {zLow, fLow}, {"1 ", " 10 k"}},
+           {{"20k", "20G"}, {10000, 1e10},
+            {"System impedance has been reset to the maximum allowed (10K).",
+             "Frequency has been reset to the maximum allowed (10gHz)."},
+            {"10 k", " 10 G"}}}) {
     Session session;
     InitialiseSession(session);
     testing::FakeDialogs dialogs;
-    std::string z = c.systemZ, f = c.frequency;
-    LimitDesignValues(session, dialogs, z, f);
-    EXPECT_EQ(session.SystemZ, c.wantZ);
-    EXPECT_EQ(session.Frequency, c.wantF);
-    EXPECT_EQ(dialogs.MessageTexts(), c.messages);
-    EXPECT_EQ(z, c.zText);
-    EXPECT_EQ(f, c.fText);
+    Texts boxes = typed;
+    LimitDesignValues(session, dialogs, boxes[0], boxes[1]);
+    EXPECT_EQ(std::pair(session.SystemZ, session.Frequency), values);
+    EXPECT_EQ(dialogs.MessageTexts(), messages);
+    EXPECT_EQ(boxes, texts);
   }
 }
 
