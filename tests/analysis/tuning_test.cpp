@@ -60,27 +60,20 @@ TEST_F(StripTest, ValuesAreShownAtTheWorkingFrequency) {
 }
 
 TEST_F(StripTest, SelectedPartsShowTheirValuesOnThePanel) {
-  struct Case {
-    int16_t type;
-    std::array<double, 5> values;
-    TuningPanel panel;
-  };
-  for (const Case& c :
-       {Case{Empty, {0, 0, 0}, {"R enter", "0 ", "X enter", "0 "}},
-        Case{ShuntCapacitor, {0, 1e-10, 500}, {"C enter", "100 pF", "Q enter", "500 "}},
-        Case{SeriesInductor, {0, 2e-6, 80}, {"L enter", "2 uH", "Q enter", "80 "}},
-        Case{ShuntOpenStub, {0, 45, 14e6, 75}, {"Len enter", "45 ", "Z enter", "75 "}},
-        Case{SeriesParallelLC, {0, 1e-6, 100, 1e-10}, {"L enter", "1 uH", "C enter", "100 pF"}},
-        Case{ShuntResistor, {0, 33}, {"R enter", "33 ", "", "", false}}}) {
-    session.ElementType[2] = c.type;
-    session.Value[2] = {0, c.values[1], c.values[2], c.values[3]};
+  using Texts = std::vector<std::string>;  // the top caption and text, the bottom ones
+  for (const auto& [type, values, texts] :
+       {std::tuple{Empty, std::array{0.0, 0.0, 0.0, 0.0}, Texts{"R enter", "0 ", "X enter", "0 "}},
+        {ShuntCapacitor, {0, 1e-10, 500, 0}, {"C enter", "100 pF", "Q enter", "500 "}},
+        {SeriesInductor, {0, 2e-6, 80, 0}, {"L enter", "2 uH", "Q enter", "80 "}},
+        {ShuntOpenStub, {0, 45, 14e6, 75}, {"Len enter", "45 ", "Z enter", "75 "}},
+        {SeriesParallelLC, {0, 1e-6, 100, 1e-10}, {"L enter", "1 uH", "C enter", "100 pF"}},
+        {ShuntResistor, {0, 33, 0, 0}, {"R enter", "33 ", "", ""}}}) {
+    session.ElementType[2] = static_cast<int16_t>(type);
+    std::copy(values.begin(), values.end(), session.Value[2].begin());
     const TuningPanel panel = SelectPart(session, 2);
     EXPECT_EQ(session.SelectedStage, 2);
-    EXPECT_EQ((std::vector<std::string>{panel.topCaption, panel.topText, panel.bottomCaption,
-                                        panel.bottomText}),
-              (std::vector<std::string>{c.panel.topCaption, c.panel.topText,
-                                        c.panel.bottomCaption, c.panel.bottomText}));
-    EXPECT_EQ(panel.bottomRow, c.panel.bottomRow) << c.type;
+    EXPECT_EQ((Texts{panel.topCaption, panel.topText, panel.bottomCaption, panel.bottomText}), texts);
+    EXPECT_EQ(panel.bottomRow, type != ShuntResistor) << type;
   }
 }
 
@@ -120,27 +113,19 @@ TEST_F(TuningTest, LoadResistanceOfZeroBecomesFiftyOhms) {
 
 // The box shows the final text before any limit's message is shown.
 TEST_F(TuningTest, FrequencyEntryKeepsWithinItsLimitsAndWritesTheBoxFirst) {
-  struct Case {
-    const char* typed;
-    double frequency;
-    const char* text;
-    const char* message;  // nullptr: none
-  };
-  for (const Case& c :
-       {Case{"-2M", 2e6, " 2 M", nullptr},
-        Case{"1k", 5000, " 5 k", "Frequency has been reset to the minimum allowed (5kHz)."},
-        Case{"20G", 1e10, " 10 G", "Frequency has been reset to the maximum allowed (10gHz)."}}) {
+  for (const auto& [typed, frequency, text, message] :
+       {std::tuple{"-2M", 2e6, " 2 M", (const char*)nullptr},
+        {"1k", 5000.0, " 5 k", "Frequency has been reset to the minimum allowed (5kHz)."},
+        {"20G", 1e10, " 10 G", "Frequency has been reset to the maximum allowed (10gHz)."}}) {
     dialogs.messages.clear();
     std::string box;
     std::size_t messagesWhenWritten = 0;
-    EnterTestFrequency(session, dialogs, c.typed, [&](const std::string& text) {
-      box = text;
+    EnterTestFrequency(session, dialogs, typed, [&](const std::string& written) {
+      box = written;
       messagesWhenWritten = dialogs.messages.size();
     });
-    EXPECT_EQ(box, c.text);
-    EXPECT_EQ(messagesWhenWritten, 0u);
-    EXPECT_EQ(session.Frequency, c.frequency);
-    EXPECT_EQ(dialogs.MessageTexts(), testing::FakeDialogs::Only(c.message));
+    EXPECT_EQ(std::tuple(box, messagesWhenWritten, session.Frequency), std::tuple(text, 0u, frequency));
+    EXPECT_EQ(dialogs.MessageTexts(), testing::FakeDialogs::Only(message));
   }
 }
 
