@@ -48,27 +48,20 @@ constexpr Colour kStrongGreen = RGB(17, 136, 17);
 // grid's fine lines) and the colours it sets; kKept where it leaves one alone.
 TEST_F(RedrawTest, GridTypesDrawTheirGridsInTheirColours) {
   constexpr Colour kKept = RGB(1, 2, 3);
-  struct Case {
-    bool impedance, admittance;
-    Colour admittanceColour, impedanceColour;
-  };
-  const Case cases[] = {{true, false, kKept, kStrongRed},
-                        {true, true, RGB(102, 255, 102), kStrongRed},
-                        {true, true, kStrongGreen, kStrongRed},
-                        {true, true, kStrongGreen, RGB(255, 153, 153)},
-                        {false, true, kStrongGreen, kKept},
-                        {false, false, kStrongRed, kKept}};
-  for (int type = 1; type <= 6; ++type) {
-    const Case& c = cases[type - 1];
+  int16_t type = 0;
+  for (const auto& [impedance, admittance, admittanceColour, impedanceColour] :
+       {std::tuple{true, false, kKept, kStrongRed}, {true, true, RGB(102, 255, 102), kStrongRed},
+        {true, true, kStrongGreen, kStrongRed}, {true, true, kStrongGreen, RGB(255, 153, 153)},
+        {false, true, kStrongGreen, kKept}, {false, false, kStrongRed, kKept}}) {
     list.Reset();
-    session.GridType = static_cast<int16_t>(type);
+    session.GridType = ++type;
     session.AdmittanceGridColour = session.ImpedanceGridColour = kKept;
     RedrawChart(session, list);
-    EXPECT_EQ(session.AdmittanceGridColour, c.admittanceColour) << type;
-    EXPECT_EQ(session.ImpedanceGridColour, c.impedanceColour) << type;
-    EXPECT_EQ(Label("+5", c.impedanceColour) != nullptr, c.impedance) << type;
-    EXPECT_EQ(Label("-.5", c.admittanceColour) != nullptr, c.admittance) << type;
-    EXPECT_EQ(!testing::LinesIn(list, RGB(255, 170, 170)).empty(), c.impedance) << type;
+    EXPECT_EQ(std::pair(session.AdmittanceGridColour, session.ImpedanceGridColour),
+              std::pair(admittanceColour, impedanceColour)) << type;
+    EXPECT_EQ(Label("+5", impedanceColour) != nullptr, impedance) << type;
+    EXPECT_EQ(Label("-.5", admittanceColour) != nullptr, admittance) << type;
+    EXPECT_EQ(!testing::LinesIn(list, RGB(255, 170, 170)).empty(), impedance) << type;
   }
   StepGridType(session);
   EXPECT_EQ(session.GridType, 1);  // round from six to one

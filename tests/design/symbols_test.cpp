@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 #include "design/symbols.h"
 #include "model/session.h"
 #include "support/drawing_queries.h"
@@ -26,20 +28,16 @@ TEST(Symbols, EachTypeDrawsItsOwnForm) {
     EXPECT_GT(lines(SeriesShortedStub).size(), lines(SeriesOpenStub).size());
     EXPECT_GT(lines(ShuntShortedStub).size(), lines(ShuntOpenStub).size());
     const double ground = 500 + 1040 * (family == SymbolFamily::Strip ? kS : 1);
+    // A vertical line of some length that ends on the ground rail.
     auto reachesGround = [&](int type) {
-      for (const DrawCommand& line : lines(type)) {
-        if (std::fabs(line.a.x - line.b.x) < 1e-6 &&
-            std::fabs(std::max(line.a.y, line.b.y) - ground) < 1e-3 &&
-            std::fabs(line.a.y - line.b.y) > 50) {
-          return true;
-        }
-      }
-      return false;
+      return std::ranges::any_of(lines(type), [ground](const DrawCommand& line) {
+        return std::fabs(line.a.x - line.b.x) < 1e-6 && std::fabs(line.a.y - line.b.y) > 50 &&
+               std::fabs(std::max(line.a.y, line.b.y) - ground) < 1e-3;
+      });
     };
-    for (const int shunt : {ShuntCapacitor, ShuntInductor, ShuntSeriesLC, ShuntResistor}) {
+    for (const auto& [shunt, series] : {std::pair{ShuntCapacitor, SeriesCapacitor}, {ShuntInductor, SeriesInductor},
+                                        {ShuntSeriesLC, SeriesParallelLC}, {ShuntResistor, SeriesResistor}}) {
       EXPECT_TRUE(reachesGround(shunt)) << shunt;
-    }
-    for (const int series : {SeriesCapacitor, SeriesInductor, SeriesParallelLC, SeriesResistor}) {
       EXPECT_FALSE(reachesGround(series)) << series;
     }
   }
