@@ -37,7 +37,7 @@ class NetworkEditorTest : public ::testing::Test {
                                     3000, 4000, 5000, 6500, 7500, 8500, 9500, 10500};
     Pick(stage, kX[type], type <= 6 ? 6000 : 7500);
   }
-  void Type(std::initializer_list<const char*> texts) {
+  void Type(const std::vector<const char*>& texts) {
     int i = 0;
     for (const char* text : texts) editor.controls.value[i++].text = text;
   }
@@ -81,7 +81,7 @@ TEST_F(NetworkEditorTest, AcceptStoresTheValuesWithinRange) {
     std::array<double, 5> stored;
     int shownType = -1;  // after the redraw; -1: the type itself
   };
-  for (const Case& c : {
+  for (const Case& c : std::initializer_list<Case>{
            Case{1, {"0", "0"}, {0, 1e-12, 1000}}, Case{2, {"-100p", "1"}, {0, 1e-10, 2}},
            Case{3, {"-10n", "-50"}, {0, -1e-8, 50}}, Case{4, {"-10n", "0"}, {0, -1e-8, 100}},
            Case{5, {"0", "1k", "-75"}, {0, 1, 10000, 75}}, Case{5, {"30", "20G", "0"}, {0, 30, 1e10, 1}},
@@ -93,8 +93,7 @@ TEST_F(NetworkEditorTest, AcceptStoresTheValuesWithinRange) {
            Case{12, {"0.5"}, {0, 1}}, Case{13, {"-2k"}, {0, 2000}}}) {
     PickType(2, c.type);
     EXPECT_FALSE(editor.controls.analyzeEnabled);  // Analyze waits for the decision
-    int i = 0;
-    for (const char* text : c.texts) editor.controls.value[i++].text = text;
+    Type(c.texts);
     editor.Accept();
     EXPECT_EQ(session.ElementType[2], c.shownType < 0 ? c.type : c.shownType) << c.type;
     for (int k = 1; k <= 4; ++k) EXPECT_DOUBLE_EQ(session.Value[2][k], c.stored[k]) << c.type << k;

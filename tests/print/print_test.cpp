@@ -63,10 +63,9 @@ TEST_F(PrintTest, PaperGridsPrintInTheirColoursAndWidths) {
     Colour first, second;
     double firstWidth, secondWidth;
     Colour axis, legend;
-  };
-  const Case cases[] = {{kRed, 0, 3, 0, kRed, kRed}, {RGB(153, 255, 153), kRed, 1, 3, 0, kRed},
-                        {kGreen, kRed, 3, 3, 0, kRed}, {RGB(255, 204, 204), kGreen, 1, 3, 0, kGreen},
-                        {kGreen, 0, 3, 0, kGreen, kGreen}, {0, 0, 0, 0, kRed, 0}};
+  } const cases[] = {{kRed, 0, 3, 0, kRed, kRed}, {RGB(153, 255, 153), kRed, 1, 3, 0, kRed},
+                     {kGreen, kRed, 3, 3, 0, kRed}, {RGB(255, 204, 204), kGreen, 1, 3, 0, kGreen},
+                     {kGreen, 0, 3, 0, kGreen, kGreen}, {0, 0, 0, 0, kRed, 0}};
   for (int type = 1; type <= 6; ++type) {
     const Case& c = cases[type - 1];
     list.Reset();
