@@ -19,15 +19,7 @@ namespace {
 
 class SweepTest : public ::testing::Test {
  protected:
-  void SetUp() override {
-    InitialiseSession(session);
-    session.LoadSource = 1;
-    session.Value[0] = {0, 60, -20};
-    session.ElementType = {0, SeriesInductor, ShuntCapacitor};
-    session.Value[1] = {0, 1.2e-6, 200};
-    session.Value[2] = {0, 150e-12, 1000};
-    session.Frequency = 14.2e6;
-  }
+  void SetUp() override { session = testing::FiveStageNetwork(); }
   void LoadTable(int points) {
     session.LoadSource = 2;
     session.SweepPoints = static_cast<int16_t>(points);
@@ -60,7 +52,7 @@ TEST_F(SweepTest, ManualPointsStoreWhatTheCalculationGives) {
   EXPECT_EQ(std::pair(indexes.first, indexes.last), std::pair(0, 4));
   for (int k = 0; k <= 4; ++k) EXPECT_DOUBLE_EQ(session.SweepFreq[k], 13e6 + k * 0.5e6) << k;
   EXPECT_EQ(session.SweepFreq[4], 15e6);  // exactly on the stop
-  const auto [inputR, inputX] = Single(14.5e6, 60, -20);
+  const auto [inputR, inputX] = Single(14.5e6, 36, -20);
   EXPECT_EQ(session.SweepR[3], inputR);
   EXPECT_EQ(session.SweepX[3], inputX);
   const double r = inputR / 50, x = inputX / 50;
@@ -171,7 +163,6 @@ using Kind = DrawCommand::Kind;
 // The points as circles of radius 30 in the sweep's green at their
 // reflection, ringed letters on the first and last, the legend at x 3700.
 TEST_F(SweepTest, ManualSweepOnTheChartMarksEachPointAndItsEnds) {
-  session = testing::FiveStageNetwork();
   session.SweepStart = 13e6;
   session.SweepStop = 15e6;
   session.SweepPoints = 3;

@@ -75,8 +75,7 @@ TEST_F(ChartTest, AnalysisPageOpensAtTheLastZoomAndHorizontalCentre) {
 TEST_F(ChartTest, DragMovesOnlyBelowTheStripBand) {
   ChartDrag drag;
   drag.Press(6000, 1800);
-  EXPECT_FALSE(drag.Move(session, 6100, 1900));
-  EXPECT_EQ(session.ChartCentreX, 8000);
+  EXPECT_FALSE(drag.Move(session, 6100, 1900) || session.ChartCentreX != 8000);
   EXPECT_TRUE(drag.Move(session, 6500, 2100));
   EXPECT_EQ(View(), std::tuple(8500.0f, 5300.0f, 3000.0));
   EXPECT_TRUE(drag.Move(session, 6400, 2200));

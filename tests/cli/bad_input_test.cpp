@@ -28,8 +28,8 @@ TEST_F(BadInputTest, EndsWithAMessageAndNoHalfWrittenOutput) {
     std::string contents;
     int exitCode;
   };
-  std::string lfOnly;
-  for (const char c : good) if (c != '\r') lfOnly += c;
+  std::string lfOnly = good;
+  std::erase(lfOnly, '\r');
   for (const Case& c : {
            // A file that ends early keeps the defaults: it reads without complaint.
            Case{"empty", false, "", 0},

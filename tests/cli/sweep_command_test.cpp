@@ -53,8 +53,7 @@ TEST_F(CommandTest, SweepUsesTheFileSettingsAndWritesTheDataLayout) {
   EXPECT_EQ(Sweep({}), kExitOk);
   const std::vector<std::string> lines = SplitLines(out.str());
   ASSERT_EQ(lines.size(), 12u);
-  EXPECT_EQ(lines[0], "Kalvex data file");
-  EXPECT_EQ(lines[1], "Filename: -");
+  EXPECT_EQ(std::tuple(lines[0], lines[1]), std::tuple("Kalvex data file", "Filename: -"));
   EXPECT_TRUE(lines[6].starts_with(" 13000000  50."));
   EXPECT_TRUE(lines[10].starts_with(" 15000000  50."));
 }
@@ -65,10 +64,8 @@ TEST_F(CommandTest, SweepOptionsOverrideTheFileAndTheTableMatchesTheTabulatePage
   ASSERT_EQ(lines.size(), 12u);
   EXPECT_EQ(lines[0], kTabulateHeading);
   Session session = network;
-  session.LoadSource = 1;
-  session.SweepStart = 1e6;
-  session.SweepStop = 2e6;
-  session.SweepPoints = 11;
+  std::tie(session.LoadSource, session.SweepStart, session.SweepStop, session.SweepPoints) =
+      std::tuple(1, 1e6, 2e6, 11);
   EXPECT_EQ(std::vector<std::string>(lines.begin() + 1, lines.end()), TabulateSweep(session));
 }
 

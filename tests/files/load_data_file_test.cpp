@@ -10,8 +10,6 @@
 namespace kalvex {
 namespace {
 
-using testing::FakeDialogs;
-using testing::JoinLines;
 
 class LoadDataFileTest : public testing::TempDirTest {
  protected:
@@ -23,7 +21,7 @@ class LoadDataFileTest : public testing::TempDirTest {
   }
 
   bool Apply(const std::vector<std::string>& lines) {
-    WriteFile("load.RJX", JoinLines(lines));
+    WriteFile("load.RJX", testing::JoinLines(lines));
     return ApplyLoadDataFile(session, dialogs, PathOf("load.RJX"));
   }
 
@@ -40,7 +38,7 @@ class LoadDataFileTest : public testing::TempDirTest {
   }
 
   Session session;
-  FakeDialogs dialogs;
+  testing::FakeDialogs dialogs;
 };
 
 TEST_F(LoadDataFileTest, ReadsTheDocumentedExampleAndTakesTheMiddlePoint) {
@@ -90,7 +88,7 @@ TEST_F(LoadDataFileTest, ParserErrorKeepsThePointsReadBefore) {
         TableEnd{"1001 points", Points(1001), 1000}, TableEnd{"1000 points", thousand, 1000},
         TableEnd{"only comments", {"! nothing here", "", "* still nothing"}, 0}}) {
     SetUp();
-    dialogs = FakeDialogs();
+    dialogs = testing::FakeDialogs();
     EXPECT_EQ(Apply(c.lines), c.points > 0) << c.name;
     EXPECT_EQ(dialogs.MessageTexts(),
               testing::FakeDialogs::Only(c.lines == thousand ? nullptr : "Parser error"))

@@ -18,10 +18,8 @@ inline std::vector<DrawCommand> OfKind(const DisplayList& list, DrawCommand::Kin
 }
 
 inline std::vector<DrawCommand> LinesIn(const DisplayList& list, Colour colour) {
-  std::vector<DrawCommand> found;
-  for (const DrawCommand& c : OfKind(list, DrawCommand::Kind::Line)) {
-    if (c.colour == colour) found.push_back(c);
-  }
+  std::vector<DrawCommand> found = OfKind(list, DrawCommand::Kind::Line);
+  std::erase_if(found, [colour](const DrawCommand& c) { return c.colour != colour; });
   return found;
 }
 

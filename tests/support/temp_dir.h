@@ -4,6 +4,7 @@
 
 #include <unistd.h>
 
+#include <algorithm>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
@@ -18,10 +19,11 @@ class TempDirTest : public ::testing::Test {
  protected:
   void SetUp() override {
     const auto* info = ::testing::UnitTest::GetInstance()->current_test_info();
-    // The process id keeps two runs of the suite at once apart.
-    dir_ = std::filesystem::temp_directory_path() /
-           ("kalvex-" + std::to_string(::getpid()) + "-" + SafeName(info->test_suite_name()) +
-            "-" + SafeName(info->name()));
+    // The process id keeps two runs of the suite at once apart; parameterised
+    // test names hold "/", which cannot stand in a folder name.
+    std::string name = std::string(info->test_suite_name()) + "-" + info->name();
+    std::replace(name.begin(), name.end(), '/', '_');
+    dir_ = std::filesystem::temp_directory_path() / ("kalvex-" + std::to_string(::getpid()) + "-" + name);
     std::filesystem::remove_all(dir_);
     std::filesystem::create_directories(dir_);
   }
@@ -39,14 +41,6 @@ class TempDirTest : public ::testing::Test {
   }
 
  private:
-  // Parameterised test names hold "/", which cannot stand in a folder name.
-  static std::string SafeName(std::string name) {
-    for (char& c : name) {
-      if (c == '/') c = '_';
-    }
-    return name;
-  }
-
   std::filesystem::path dir_;
 };
 
