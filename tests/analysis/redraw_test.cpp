@@ -9,7 +9,6 @@
 #include "chart/network_path.h"
 #include "chart/readout.h"
 #include "design/symbols.h"
-#include "model/calculate.h"
 #include "support/drawing_queries.h"
 #include "support/networks.h"
 

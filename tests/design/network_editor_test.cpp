@@ -9,11 +9,10 @@ namespace {
 // nothing is picked.
 TEST(LibraryIntervals, PickThePartUnderTheClick) {
   for (const auto& [x, y, part] :
-       {std::tuple{2500, 6000, -1}, {2501, 6000, 0}, {3501, 6000, 1}, {4700, 6000, 1},
-        {4701, 6000, 2}, {5801, 6000, 3}, {7000, 6000, 3}, {7001, 6000, 4}, {8001, 6000, 5},
-        {9201, 6000, 6}, {11299, 6000, 6}, {3000, 7500, 7}, {3501, 7500, 8}, {4701, 7500, 9},
-        {6900, 7500, 10}, {6901, 7500, 11}, {8001, 7500, 12}, {10000, 7500, 13},
-        {10001, 7500, 14}, {3000, 5400, -1}, {3000, 6900, -1}, {3000, 7000, -1}, {3000, 8200, -1}}) {
+       {std::tuple{2500, 6000, -1}, {2501, 6000, 0}, {3501, 6000, 1}, {4700, 6000, 1}, {4701, 6000, 2},
+        {5801, 6000, 3}, {7000, 6000, 3}, {7001, 6000, 4}, {8001, 6000, 5}, {9201, 6000, 6}, {11299, 6000, 6},
+        {3000, 7500, 7}, {3501, 7500, 8}, {4701, 7500, 9}, {6900, 7500, 10}, {6901, 7500, 11}, {8001, 7500, 12},
+        {10000, 7500, 13}, {10001, 7500, 14}, {3000, 5400, -1}, {3000, 6900, -1}, {3000, 8200, -1}}) {
     EXPECT_EQ(LibraryPartAt(x, y), part) << x << "," << y;
   }
 }
@@ -44,6 +43,13 @@ class NetworkEditorTest : public ::testing::Test {
   void SetStage(int s, int16_t type, std::array<double, 5> v) {
     session.ElementType[s] = type;
     for (int k = 1; k <= 4; ++k) session.Value[s][k] = v[k];
+  }
+  // The stages' types and first values, 1..5.
+  using Stages = std::vector<std::pair<int, double>>;
+  Stages StagesNow() const {
+    Stages all;
+    for (int s = 1; s <= 5; ++s) all.emplace_back(session.ElementType[s], session.Value[s][1]);
+    return all;
   }
 
   Session session;
@@ -118,24 +124,28 @@ TEST_F(NetworkEditorTest, PickingShowsThePartsCaptionsAndPrefills) {
 TEST_F(NetworkEditorTest, InsertingShiftsTheLaterStagesRight) {
   for (int s = 1; s <= 5; ++s) SetStage(s, SeriesResistor, {0, 10.0 * s});
   editor.Open();
-  // The stages' types and first values, 1..5.
-  const auto stages = [this] {
-    std::vector<std::pair<int, double>> all;
-    for (int s = 1; s <= 5; ++s) all.emplace_back(session.ElementType[s], session.Value[s][1]);
-    return all;
-  };
-  using Stages = std::vector<std::pair<int, double>>;
   PickType(2, InsertPlaceholder);
   EXPECT_TRUE(editor.controls.removeShown);  // stage five will be lost
   editor.Accept();
   EXPECT_FALSE(editor.controls.removeShown);
-  EXPECT_EQ(stages(), (Stages{{12, 10}, {14, 0}, {12, 20}, {12, 30}, {12, 40}}));
+  EXPECT_EQ(StagesNow(), (Stages{{12, 10}, {14, 0}, {12, 20}, {12, 30}, {12, 40}}));
   PickType(1, InsertPlaceholder);  // at stage one every part moves right
   editor.Accept();
-  EXPECT_EQ(stages(), (Stages{{14, 0}, {12, 10}, {14, 0}, {12, 20}, {12, 30}}));
+  EXPECT_EQ(StagesNow(), (Stages{{14, 0}, {12, 10}, {14, 0}, {12, 20}, {12, 30}}));
   PickType(5, InsertPlaceholder);  // at stage five nothing moves; its part is lost
   editor.Accept();
-  EXPECT_EQ(stages(), (Stages{{14, 0}, {12, 10}, {14, 0}, {12, 20}, {14, 0}}));
+  EXPECT_EQ(StagesNow(), (Stages{{14, 0}, {12, 10}, {14, 0}, {12, 20}, {14, 0}}));
+}
+
+// Leaving the page closes the gaps and removes parts that cannot work (a
+// capacitor without Q); a negative inductance stays.
+TEST_F(NetworkEditorTest, CompactClosesTheGaps) {
+  SetStage(1, SeriesCapacitor, {0, 1e-10, 0});
+  SetStage(2, SeriesInductor, {0, -1e-6, 50});
+  SetStage(3, InsertPlaceholder, {});
+  SetStage(5, SeriesResistor, {0, 10});
+  editor.Compact();
+  EXPECT_EQ(StagesNow(), (Stages{{3, -1e-6}, {14, 0}, {12, 10}, {0, 0}, {0, 0}}));
 }
 
 }  // namespace

@@ -43,5 +43,18 @@ TEST(Symbols, EachTypeDrawsItsOwnForm) {
   }
 }
 
+// The shunt stubs' tube walls: 300 and 460 below the rail on the Design page
+// and on paper, 290 and 470 in the strip.
+TEST(Symbols, ShuntStubWallsStandWhereEachMemberHasThem) {
+  for (const auto& [family, upper, lower] : {std::tuple{SymbolFamily::Design, 300.0, 460.0},
+                                             {SymbolFamily::Strip, 290.0, 470.0},
+                                             {SymbolFamily::Paper, 300.0, 460.0}}) {
+    DisplayList list;
+    SymbolPen(list, family, kRv, kS).DrawElementSymbol(ShuntOpenStub);
+    const double scale = family == SymbolFamily::Design ? 1 : kS;
+    EXPECT_GT(std::min(testing::RailEnd(list, upper * scale), testing::RailEnd(list, lower * scale)), 0) << upper;
+  }
+}
+
 }  // namespace
 }  // namespace kalvex

@@ -3,8 +3,6 @@
 #include <cmath>
 #include <complex>
 #include <cstdio>
-#include <fstream>
-#include <sstream>
 
 #include "files/spice_deck.h"
 #include "model/calculate.h"

@@ -9,31 +9,18 @@ namespace kalvex {
 namespace {
 
 TEST(Format, WritesEachFormatAsShown) {
-  struct Row {
-    double value;
-    const char* si;
-    const char* general;
-    const char* smallSI;
-  };
-  for (const Row& row : {Row{14'000'000, " 14 M", "14 M", "14 M"},
-                         Row{144'123'456, " 144.12 M", "144.123 M", "144.123 M"},
-                         Row{3.5, " 3.5 ", "3.5 ", "3.5 "}, Row{0.25, " 250 m", "0.25 ", "250 m"},
-                         Row{-0.005, "-5 m", "-0.005 ", "-5 m"}, Row{0, "0.0 ", "0 ", ""},
-                         Row{0.00005, " .05 m", "0 ", "50 u"},
-                         Row{999'999.9, " 1000 k", "1000 k", "1000 k"},
-                         Row{2.5e9, " 2.5 G", "2.5 G", "2.5 G"},
-                         Row{-1500, "-1500000 m", "-1.5 k", "-1.5 k"},
-                         Row{12.3456789, " 12.346 ", "12.346 ", "12.3457 "},
-                         Row{1.23456789, " 1.2346 ", "1.2346 ", "1.23457 "},
-                         Row{150, " 150 ", "150 ", "150 "}, Row{3e-12, "0.0 ", "0 ", "3 p"},
-                         Row{1e-15, "0.0 ", "0 ", ""},
-                         // Where the scaled number would need an exponent, the
-                         // text is unscaled so that it reads back.
-                         Row{1e-8, " 1E-08 ", "0 ", "10 n"},
-                         Row{1e20, " 1E+20 ", "1E+20 ", "1E+20 "}}) {
-    EXPECT_EQ(FormatSI(row.value), row.si);
-    EXPECT_EQ(FormatGeneral(row.value), row.general);
-    EXPECT_EQ(FormatSmallSI(row.value), row.smallSI);
+  // A value, then its texts in the SI, general and small-SI formats. Where the
+  // scaled number would need an exponent, the text is unscaled so that it reads back.
+  for (const auto& [value, si, general, smallSI] : {
+           std::tuple{14'000'000.0, " 14 M", "14 M", "14 M"}, {144'123'456, " 144.12 M", "144.123 M", "144.123 M"},
+           {3.5, " 3.5 ", "3.5 ", "3.5 "}, {0.25, " 250 m", "0.25 ", "250 m"}, {-0.005, "-5 m", "-0.005 ", "-5 m"},
+           {0, "0.0 ", "0 ", ""}, {0.00005, " .05 m", "0 ", "50 u"}, {999'999.9, " 1000 k", "1000 k", "1000 k"},
+           {2.5e9, " 2.5 G", "2.5 G", "2.5 G"}, {-1500, "-1500000 m", "-1.5 k", "-1.5 k"},
+           {12.3456789, " 12.346 ", "12.346 ", "12.3457 "}, {1.23456789, " 1.2346 ", "1.2346 ", "1.23457 "},
+           {150, " 150 ", "150 ", "150 "}, {3e-12, "0.0 ", "0 ", "3 p"}, {1e-15, "0.0 ", "0 ", ""},
+           {1e-8, " 1E-08 ", "0 ", "10 n"}, {1e20, " 1E+20 ", "1E+20 ", "1E+20 "}}) {
+    EXPECT_EQ(std::tuple(FormatSI(value), FormatGeneral(value), FormatSmallSI(value)),
+              std::tuple(si, general, smallSI)) << value;
   }
   for (const double value : {1e-8, 3e-7, 1e15, 2.5e30}) {
     for (const std::string& text : {FormatSI(value), FormatGeneral(value), FormatSmallSI(value)}) {

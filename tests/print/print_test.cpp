@@ -1,7 +1,6 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <cmath>
 
 #include "print/paper.h"
 #include "print/print_chart.h"
@@ -147,8 +146,7 @@ TEST_F(PrintTest, NoToTheCautionPrintsNothing) {
   dialogs.answers.push_back(MessageAnswer::No);
   PrintTable(session, dialogs);
   EXPECT_TRUE(dialogs.printed.Commands().empty());
-  EXPECT_EQ(dialogs.messages[0].title, "Caution");
-  EXPECT_EQ(dialogs.messages[0].buttons, MessageButtons::YesNo);
+  EXPECT_EQ(std::tuple(dialogs.messages[0].title, dialogs.messages[0].buttons), std::tuple("Caution", MessageButtons::YesNo));
 }
 
 TEST_F(PrintTest, ACancelledDialogEndsTheChartSilentlyAndTheTableWithPrinterError) {

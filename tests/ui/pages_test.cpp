@@ -3,7 +3,6 @@
 #include <QImage>
 #include <QTimer>
 #include <functional>
-#include <QLabel>
 #include <QPushButton>
 #include <QTest>
 
@@ -14,7 +13,6 @@
 #include "support/temp_dir.h"
 #include "ui/design_page.h"
 #include "ui/page_renderer.h"
-#include "ui/exit_dialog.h"
 #include "ui/welcome_page.h"
 #include "ui/analysis_page.h"
 #include "ui/overlay_setup_dialog.h"
