@@ -33,7 +33,6 @@ class ChartTest : public ::testing::Test {
     }
     return ends;
   }
-  const DrawCommand* TextAt(double x, double y) const { return testing::TextAt(list, x, y); }
   std::tuple<float, float, double> View() const {
     return {session.ChartCentreX, session.ChartCentreY, session.ChartRadius};
   }
@@ -109,8 +108,8 @@ TEST_F(ChartTest, QArcsOfOneCrossTheImaginaryAxisAtRootTwoLessOne) {
   }
   // Every impedance on the arcs has |X| = R: both over |1 − Γ|², 2|v| = 1 − |Γ|².
   for (const Gamma& g : ends) EXPECT_NEAR(std::fabs(2 * g.v), 1 - g.u * g.u - g.v * g.v, 1e-6);
-  ASSERT_NE(TextAt(5300, 8340), nullptr);
-  EXPECT_EQ(TextAt(5300, 8340)->text, "Q=1");
+  ASSERT_NE(testing::TextAt(list, 5300, 8340), nullptr);
+  EXPECT_EQ(testing::TextAt(list, 5300, 8340)->text, "Q=1");
 }
 
 TEST_F(ChartTest, QArcsTurnWhiteBeyondTheChartsEnds) {
@@ -151,8 +150,8 @@ TEST_F(ChartTest, VSWRCirclesHaveTheirReflectionMagnitude) {
     const std::vector<Gamma> ends = LineEndsIn(kVSWRRed);
     ASSERT_EQ(ends.size(), 72u);  // 73 points, the last back on the first
     for (const Gamma& g : ends) EXPECT_NEAR(std::hypot(g.u, g.v), rho, 1e-9) << vswr;
-    ASSERT_NE(TextAt(5300, 8140), nullptr);
-    EXPECT_EQ(TextAt(5300, 8140)->text, text);
+    ASSERT_NE(testing::TextAt(list, 5300, 8140), nullptr);
+    EXPECT_EQ(testing::TextAt(list, 5300, 8140)->text, text);
     EXPECT_EQ(session.VSWRCircle, vswr);
   }
 }

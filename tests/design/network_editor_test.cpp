@@ -76,6 +76,8 @@ TEST_F(NetworkEditorTest, SelectingTheLoadShowsItsValues) {
   EXPECT_EQ(session.Value[0][1], 20);
   EXPECT_EQ(session.Value[0][2], -7);
   EXPECT_EQ(editor.EditStage, NetworkEditor::kNothing);
+  editor.MouseDown(editor.StageX[3] + 1, 1000);  // a stage: the library hint replaces the select hint
+  EXPECT_TRUE(editor.EditStage == 3 && editor.controls.libraryHintShown && !editor.controls.selectHintShown);
 }
 
 // Every type's values are brought within range on Accept; a stub of no

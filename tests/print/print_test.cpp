@@ -118,9 +118,8 @@ TEST_F(PrintTest, ChartPageLeavesTheWindowsStripAndValuesAlone) {
   session.PartRightEdge = {1, 2, 3, 4, 5, 6};
   const Session before = session;
   DrawChartPage(session, list, "now");
-  EXPECT_EQ(session.PartRightEdge, before.PartRightEdge);
-  EXPECT_EQ(session.Value, before.Value);
-  EXPECT_EQ(session.Frequency, before.Frequency);
+  EXPECT_EQ(std::tuple(session.PartRightEdge, session.Value, session.Frequency),
+            std::tuple(before.PartRightEdge, before.Value, before.Frequency));
   EXPECT_NE(testing::FindText(list, "'F'= 1.1 MHz"), nullptr);  // the sweep's legend
 }
 
