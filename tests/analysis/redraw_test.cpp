@@ -184,7 +184,6 @@ TEST_F(RedrawTest, PathIsPaintedInTheStageColoursFromADot) {
   for (int stage = 1; stage <= 5; ++stage) {
     EXPECT_EQ(lines[1000 * stage - 2].colour, StageArcColour(stage)) << stage;
   }
-  EXPECT_EQ(StageArcColour(4), RGB(238, 153, 17));
 }
 
 TEST_F(RedrawTest, ReadoutsShowThePointsValues) {

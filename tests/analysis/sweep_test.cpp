@@ -20,15 +20,6 @@ namespace {
 class SweepTest : public ::testing::Test {
  protected:
   void SetUp() override { session = testing::FiveStageNetwork(); }
-  void LoadTable(int points) {
-    session.LoadSource = 2;
-    session.SweepPoints = static_cast<int16_t>(points);
-    for (int k = 1; k <= points; ++k) {
-      session.LoadFreq[k] = 13e6 + k * 0.1e6;
-      session.LoadR[k] = 40 + k;
-      session.LoadX[k] = -10 + 3 * k;
-    }
-  }
   // The network's input impedance at one frequency on one load.
   std::pair<double, double> Single(double frequency, double r, double x) const {
     Session single = session;
@@ -67,7 +58,10 @@ TEST_F(SweepTest, ManualPointsStoreWhatTheCalculationGives) {
 // A load-data sweep fills the table's indexes 1..n, each point the network on
 // that point's own load and frequency; the table sweep takes the middle point.
 TEST_F(SweepTest, LoadDataSweepFillsTheTableIndexes) {
-  LoadTable(7);
+  session.LoadSource = 2;
+  session.SweepPoints = 7;
+  const auto point = [](int k) { return std::tuple(13e6 + k * 1e5, 40.0 + k, 3.0 * k - 10); };
+  for (int k = 1; k <= 7; ++k) std::tie(session.LoadFreq[k], session.LoadR[k], session.LoadX[k]) = point(k);
   session.SweepFreq[0] = session.SweepFreq[8] = -1;
   const SweepIndexes indexes = RunSweepPoints(session, SweepUse::Chart);
   EXPECT_EQ(std::pair(indexes.first, indexes.last), std::pair(1, 7));

@@ -35,6 +35,7 @@ TEST_F(StripTest, CellWidthsFollowTheParts) {
   // stage, two leads and the shunt R 1200, series line 1400, series R 1480.
   EXPECT_EQ(session.PartRightEdge, (decltype(session.PartRightEdge){2290, 3154, 3154, 4234, 5494, 6826}));
   EXPECT_TRUE(AnyPartShown(session));
+  EXPECT_EQ(std::pair(PartAt(session, 690), PartAt(session, 691)), std::pair(-1, 0));  // the load's left edge
   // The colour key: a bar over every occupied stage's cell.
   const auto bars = testing::OfKind(list, DrawCommand::Kind::FillRect);
   EXPECT_EQ(std::count_if(bars.begin(), bars.end(),
@@ -96,6 +97,12 @@ TEST_F(TuningTest, FineStepsShrinkWithTheZoom) {
   // The Q steps by whole percents whatever the step size.
   StepBottomValue(session, "100", StepDirection::Down, kSmallStep);
   EXPECT_DOUBLE_EQ(session.Value[1][2], 100 / (1 + 0.01 / 8));
+  SetFineSteps(session, false);  // arithmetic steps add the base, shrunk by the zoom
+  Select(3, SeriesResistor, {0, 10});
+  ChooseTopStepMode(session, true, "20");
+  StepTopValue(session, "20", StepDirection::Down, kLargeStep);
+  EXPECT_EQ(std::tuple(session.TopStepMode[3], session.TopStepBase[3], session.Value[3][1]),
+            std::tuple(1, 20.0f, 20 - 2.0 / 8));
 }
 
 TEST_F(TuningTest, LoadResistanceOfZeroBecomesFiftyOhms) {

@@ -15,7 +15,6 @@
 namespace kalvex {
 namespace {
 
-using Kind = DrawCommand::Kind;
 constexpr Colour kTeal = RGB(17, 187, 187);
 constexpr Colour kVSWRRed = RGB(136, 17, 17);
 

@@ -29,6 +29,11 @@ TEST_F(SchematicTest, EmptyNetworkIsFiveWiresBetweenSeparators) {
   EXPECT_EQ(stageX[1], 2130);
   for (int s = 2; s <= 6; ++s) EXPECT_EQ(stageX[s], stageX[1] + 1280 * (s - 1));
   EXPECT_EQ(Wires(), 5);
+  const DrawCommand* generator = testing::TextAt(list, stageX[6] + 420, 1900);
+  EXPECT_TRUE(generator && generator->text == "50 ");  // the generator's impedance
+  DisplayList library;
+  DrawLibrary(library, 80);
+  EXPECT_TRUE(testing::OfKind(library, DrawCommand::Kind::FillRect).empty());  // the library in black
   const auto separators = testing::LinesIn(list, kSeparatorBlue);
   ASSERT_EQ(separators.size(), 6u);
   for (int s = 1; s <= 5; ++s) EXPECT_EQ(separators[s - 1].a.x, stageX[s] + 10);

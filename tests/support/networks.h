@@ -22,19 +22,15 @@ struct Part {
 
 inline const std::vector<Part>& ThirteenParts() {
   static const std::vector<Part> parts = {
-      {"series C", SeriesCapacitor, {0, 220e-12, 500}},
-      {"shunt C", ShuntCapacitor, {0, 220e-12, 500}},
-      {"series L", SeriesInductor, {0, 2e-6, 150}},
-      {"shunt L", ShuntInductor, {0, 2e-6, 150}},
-      {"line", SeriesLine, {0, 40, 5e6, 75}},
-      {"series shorted stub", SeriesShortedStub, {0, 40, 5e6, 75}},
+      {"series C", SeriesCapacitor, {0, 220e-12, 500}}, {"shunt C", ShuntCapacitor, {0, 220e-12, 500}},
+      {"series L", SeriesInductor, {0, 2e-6, 150}}, {"shunt L", ShuntInductor, {0, 2e-6, 150}},
+      {"line", SeriesLine, {0, 40, 5e6, 75}}, {"series shorted stub", SeriesShortedStub, {0, 40, 5e6, 75}},
       {"series open stub", SeriesOpenStub, {0, 40, 5e6, 75}},
       {"shunt shorted stub", ShuntShortedStub, {0, 40, 5e6, 75}},
       {"shunt open stub", ShuntOpenStub, {0, 40, 5e6, 75}},
       {"shunt series LC", ShuntSeriesLC, {0, 1e-6, 100, 300e-12, 800}},
       {"series parallel LC", SeriesParallelLC, {0, 1e-6, 100, 300e-12, 800}},
-      {"series R", SeriesResistor, {0, 15}},
-      {"shunt R", ShuntResistor, {0, 15}}};
+      {"series R", SeriesResistor, {0, 15}}, {"shunt R", ShuntResistor, {0, 15}}};
   return parts;
 }
 
