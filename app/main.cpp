@@ -1,13 +1,15 @@
 #include <QApplication>
 
-#include "ui/welcome_page.h"
 #include "model/session.h"
 #include "ui/qt_dialogs.h"
+#include "ui/shutdown_guard.h"
+#include "ui/welcome_page.h"
 
 int main(int argc, char** argv) {
   QApplication application(argc, argv);
   kalvex::Session session;
   kalvex::QtDialogs dialogs;
+  kalvex::SaveSessionOnShutdown(session, dialogs);
   // Pages delete themselves when they close, so the first one is on the heap too.
   (new kalvex::WelcomePage(session, dialogs))->showMaximized();
   return application.exec();

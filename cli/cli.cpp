@@ -1,6 +1,14 @@
 #include "cli.h"
 
 #include <array>
+#include <cerrno>
+#include <csignal>
+#include <cstdio>
+#include <cstring>
+#include <iostream>
+#include <exception>
+#include <new>
+#include <streambuf>
 
 #include "commands.h"
 
@@ -45,6 +53,34 @@ constexpr std::array kCommands = {
             nullptr},
 };
 
+// Passes text on with every control character but the line break made a
+// blank, so that a name or an option line echoed in a message cannot move the
+// terminal's cursor, change its colours or forge a line.
+class PrintableBuffer : public std::streambuf {
+ public:
+  explicit PrintableBuffer(std::streambuf* target) : target_(target) {}
+
+ protected:
+  int_type overflow(int_type c) override {
+    if (traits_type::eq_int_type(c, traits_type::eof())) return traits_type::not_eof(c);
+    return target_->sputc(Printable(traits_type::to_char_type(c)));
+  }
+  std::streamsize xsputn(const char* text, std::streamsize count) override {
+    for (std::streamsize k = 0; k < count; ++k) {
+      if (traits_type::eq_int_type(target_->sputc(Printable(text[k])), traits_type::eof())) return k;
+    }
+    return count;
+  }
+  int sync() override { return target_->pubsync(); }
+
+ private:
+  static char Printable(char c) {
+    const auto code = static_cast<unsigned char>(c);
+    return c != '\n' && (code < 0x20 || code == 0x7F) ? ' ' : c;
+  }
+  std::streambuf* target_;
+};
+
 void PrintHelp(std::ostream& out) {
   out << "kalvex-cli: Kalvex without the windows\n\n"
          "usage: kalvex-cli COMMAND [ARGUMENTS]\n\ncommands:\n";
@@ -62,8 +98,10 @@ int UsageError(const Command& command, const std::string& problem, std::ostream&
   return kExitUsage;
 }
 
-int RunCli(const std::vector<std::string>& args, std::ostream& out, std::ostream& err,
-           const DrawingCommands& drawing) {
+namespace {
+
+int RunCommand(const std::vector<std::string>& args, std::ostream& out, std::ostream& err,
+               const DrawingCommands& drawing) {
   if (args.empty()) {
     PrintHelp(err);
     return kExitUsage;
@@ -83,6 +121,34 @@ int RunCli(const std::vector<std::string>& args, std::ostream& out, std::ostream
   err << "kalvex-cli: unknown command " << args.front() << "\n\n";
   PrintHelp(err);
   return kExitUsage;
+}
+
+}  // namespace
+
+int RunCli(const std::vector<std::string>& args, std::ostream& out, std::ostream& err,
+           const DrawingCommands& drawing) {
+  PrintableBuffer printable(err.rdbuf());
+  std::ostream messages(&printable);
+  try {
+    return RunCommand(args, out, messages, drawing);
+  } catch (const std::bad_alloc&) {
+    messages << "kalvex-cli: not enough memory\n";
+  } catch (const std::exception& error) {
+    messages << "kalvex-cli: " << error.what() << "\n";
+  }
+  return kExitFailed;
+}
+
+int RunCliProgram(int argc, char** argv, const DrawingCommands& drawing) {
+  // A reader that went away is a write error to report, not a signal to die of.
+  std::signal(SIGPIPE, SIG_IGN);
+  int code = RunCli({argv + 1, argv + argc}, std::cout, std::cerr, drawing);
+  std::cout.flush();
+  if (!std::cout || std::fflush(stdout) != 0 || std::ferror(stdout) != 0) {
+    std::cerr << "kalvex-cli: cannot write to standard output: " << std::strerror(errno) << "\n";
+    code = kExitFailed;
+  }
+  return code;
 }
 
 }  // namespace kalvex

@@ -25,8 +25,15 @@ struct DrawingCommands {
 };
 extern const DrawingCommands kDrawHere;
 
-// Runs one kalvex-cli command; `args` excludes the program name.
+// Runs one kalvex-cli command; `args` excludes the program name. Control
+// characters in what goes to `err` are made blanks; running out of memory or
+// any other failure that escapes a command is a message and exit 1.
 int RunCli(const std::vector<std::string>& args, std::ostream& out, std::ostream& err,
            const DrawingCommands& drawing = kDrawHere);
+
+// A program's main: RunCli on its arguments with standard output and error,
+// then standard output flushed and checked, so that a full disk or a closed
+// pipe is a message and exit 1 rather than output silently lost.
+int RunCliProgram(int argc, char** argv, const DrawingCommands& drawing = kDrawHere);
 
 }  // namespace kalvex

@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <charconv>
 #include <cmath>
+#include <filesystem>
 
 namespace kalvex {
 
@@ -39,6 +40,17 @@ std::optional<CliArguments> SplitArguments(const std::vector<std::string>& words
       return std::nullopt;
     } else {
       arguments.positional.push_back(word);
+    }
+  }
+  if (const auto output = arguments.Option("-o")) {
+    std::vector<std::string> inputs = arguments.positional;
+    if (const auto load = arguments.Option("--load")) inputs.push_back(*load);
+    for (const std::string& input : inputs) {
+      std::error_code error;
+      if (std::filesystem::equivalent(*output, input, error)) {
+        problem = "-o names the input file " + input + ": the output would overwrite it";
+        return std::nullopt;
+      }
     }
   }
   return arguments;

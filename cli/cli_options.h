@@ -17,7 +17,8 @@ struct CliArguments {
 };
 
 // Splits `words` by the options a command takes (`valued` need a value,
-// `flags` stand alone). Returns nothing on a usage error, with its reason.
+// `flags` stand alone). Returns nothing on a usage error, with its reason;
+// "-o" naming one of the input files (FILE or --load) is one.
 std::optional<CliArguments> SplitArguments(const std::vector<std::string>& words,
                                            const std::vector<std::string>& valued,
                                            const std::vector<std::string>& flags,

@@ -26,6 +26,7 @@ class ConsoleDialogs : public Dialogs {
     return nullptr;
   }
   void Beep() override {}
+  void Diagnostic(const std::string& text) override { messages_ << text << '\n'; }
   void Pause(double seconds) override;
   std::string LocalDateTime() override;
 

@@ -1,3 +1,4 @@
+#include <cmath>
 #include <cstdio>
 
 #include "cli.h"
@@ -31,6 +32,11 @@ int RunImpedanceCommand(const Command& command, const std::vector<std::string>& 
   session.LoadSource = 1;
   if (frequency) session.Frequency = *frequency;
   CalculateNetwork(session, 0);
+  if (!std::isfinite(session.InputR) || !std::isfinite(session.InputX)) {
+    err << "kalvex-cli impedance: the network gives no finite input impedance at "
+        << session.Frequency << " Hz (its values are too large or too small)\n";
+    return kExitFailed;
+  }
 
   char line[64];
   std::snprintf(line, sizeof line, "%.12g %.12g", session.InputR, session.InputX);

@@ -18,7 +18,12 @@ int RunSpiceCommand(const Command& command, const std::vector<std::string>& word
   ConsoleDialogs dialogs(err);
   if (!ReadNetworkFile(session, dialogs, arguments->positional.front())) return kExitFailed;
   session.FileName = arguments->positional.front();
-  return WriteOutput(command.name, SpiceDeckText(session), arguments->Option("-o"), out, err);
+  const SpiceDeck deck = MakeSpiceDeck(session);
+  if (!deck.problem.empty()) {
+    err << "kalvex-cli spice: " << deck.problem << "\n";
+    return kExitFailed;
+  }
+  return WriteOutput(command.name, deck.text, arguments->Option("-o"), out, err);
 }
 
 }  // namespace kalvex

@@ -9,6 +9,7 @@
 #include "files/sweep_data_file.h"
 #include "files/text_file.h"
 #include "files/touchstone.h"
+#include "model/sweep_indexes.h"
 
 namespace kalvex {
 namespace {
@@ -49,6 +50,10 @@ int RunSweepCommand(const Command& command, const std::vector<std::string>& word
     text = SweepDataText(session, output.value_or("-"), dialogs.LocalDateTime());
   }
 
+  if (const int leftOut = NonFiniteSweepPoints(session); leftOut > 0) {
+    err << "kalvex-cli sweep: " << leftOut << " of the sweep's points give no finite input "
+        << "impedance (the network's values are too large or too small) and are left out\n";
+  }
   return WriteOutput(command.name, text, output, out, err);
 }
 

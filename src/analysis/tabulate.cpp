@@ -35,7 +35,9 @@ std::string TabulateRow(Session& session, int index) {
 std::vector<std::string> TabulateSweep(Session& session) {
   const SweepIndexes indexes = RunSweepPoints(session, SweepUse::Table);
   std::vector<std::string> rows;
-  for (int k = indexes.first; k <= indexes.last; ++k) rows.push_back(TabulateRow(session, k));
+  for (int k = indexes.first; k <= indexes.last; ++k) {
+    if (IsFiniteSweepPoint(session, k)) rows.push_back(TabulateRow(session, k));
+  }
   return rows;
 }
 

@@ -13,8 +13,11 @@ bool NetworkIsEmpty(const Session& session) {
 
 std::string EndAndQuit(const Session& session, Dialogs& dialogs,
                        const std::filesystem::path& lastSession) {
-  WriteLastSession(session, dialogs, lastSession);
-  return "Data for this session has been saved as 'LastSession'";
+  std::string failure;
+  if (WriteLastSession(session, dialogs, lastSession, &failure)) {
+    return "Data for this session has been saved as 'LastSession'";
+  }
+  return "Nothing was saved: " + failure;
 }
 
 std::optional<std::string> SaveThenExit(Session& session, Dialogs& dialogs,
@@ -24,9 +27,16 @@ std::optional<std::string> SaveThenExit(Session& session, Dialogs& dialogs,
   const std::string chosen = dialogs.ChooseSaveFile("Write Kalvex File", kNetworkFileFilter, "");
   if (chosen.empty()) return std::nullopt;
   session.FileName = chosen;
-  WriteNetworkFile(session, dialogs, session.FileName);
-  WriteLastSession(session, dialogs, lastSession);
-  return "This session data has been saved";
+  std::string networkFailure;
+  std::string sessionFailure;
+  const bool network = WriteNetworkFile(session, dialogs, session.FileName, &networkFailure);
+  const bool lastSessionWritten = WriteLastSession(session, dialogs, lastSession, &sessionFailure);
+  if (network && lastSessionWritten) return "This session data has been saved";
+  if (network) return "The network was saved; the last session was not: " + sessionFailure;
+  if (lastSessionWritten) {
+    return "The network was not saved: " + networkFailure + ". The last session was saved.";
+  }
+  return "Nothing was saved: " + networkFailure + "; " + sessionFailure;
 }
 
 }  // namespace kalvex

@@ -15,13 +15,14 @@ namespace kalvex {
 // True when no stage holds a part: the dialog then offers no "Save then exit".
 bool NetworkIsEmpty(const Session& session);
 
-// "End / Quit": saves the last session.
+// "End / Quit": saves the last session. The text says it was saved only when
+// it was; otherwise it names the file that could not be written and why.
 std::string EndAndQuit(const Session& session, Dialogs& dialogs,
                        const std::filesystem::path& lastSession);
 
 // "Save then exit": asks for a network file name (FileName), saves the network
 // there and the last session. Nothing, and the dialog stays, when the user
-// cancels the chooser.
+// cancels the chooser. The text says what was saved and what was not.
 std::optional<std::string> SaveThenExit(Session& session, Dialogs& dialogs,
                                         const std::filesystem::path& lastSession);
 

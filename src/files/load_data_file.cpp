@@ -50,7 +50,9 @@ void ParseLoadFile(Session& session, Dialogs& dialogs, const std::string& name) 
   session.SavedSweepPoints = session.SweepPoints;
   session.SweepPoints = 0;
 
-  const std::optional<std::string> contents = ReadTextFile(name);
+  std::string failure;
+  const std::optional<std::string> contents = ReadTextFile(name, &failure);
+  if (!contents) dialogs.Diagnostic(failure);
   bool failed = !contents;
   if (contents) {
     LineReader lines(*contents);

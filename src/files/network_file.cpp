@@ -149,12 +149,14 @@ std::string NetworkFileName(const std::string& chosenName) {
   return WithFileType(chosenName, ".SSF");
 }
 
-bool WriteNetworkFile(const Session& session, Dialogs& dialogs, const std::string& chosenName) {
+bool WriteNetworkFile(const Session& session, Dialogs& dialogs, const std::string& chosenName,
+                      std::string* failure) {
   const std::string name = NetworkFileName(chosenName);
   if (name.empty()) return false;
-  return WriteFileSafely(name,
-                         SessionFileText(session, "Kalvex network file", dialogs.LocalDateTime()))
-      .empty();
+  const std::string problem =
+      WriteFileSafely(name, SessionFileText(session, "Kalvex network file", dialogs.LocalDateTime()));
+  if (failure != nullptr) *failure = problem;
+  return problem.empty();
 }
 
 bool ReadNetworkFile(Session& session, Dialogs& dialogs, const std::string& chosenName) {
@@ -162,7 +164,9 @@ bool ReadNetworkFile(Session& session, Dialogs& dialogs, const std::string& chos
     dialogs.Message("No file was chosen;  we are exiting the file-reading routine.");
     return false;
   }
-  const std::optional<std::string> contents = ReadTextFile(chosenName);
+  std::string failure;
+  const std::optional<std::string> contents = ReadTextFile(chosenName, &failure);
+  if (!contents) dialogs.Diagnostic(failure);
   SetNetworkDefaults(session);
   if (contents &&
       SessionFieldsReader(*contents, /*checked=*/true).Read(session) == ReadEnd::Complete) {
@@ -173,16 +177,16 @@ bool ReadNetworkFile(Session& session, Dialogs& dialogs, const std::string& chos
   return false;
 }
 
-void WriteLastSession(const Session& session, Dialogs& dialogs,
-                      const std::filesystem::path& path) {
-  if (WriteFileSafely(path, SessionFileText(session, "Kalvex last-session file",
-                                            dialogs.LocalDateTime()))
-          .empty()) {
-    return;
-  }
+bool WriteLastSession(const Session& session, Dialogs& dialogs, const std::filesystem::path& path,
+                      std::string* failure) {
+  const std::string problem = WriteFileSafely(
+      path, SessionFileText(session, "Kalvex last-session file", dialogs.LocalDateTime()));
+  if (failure != nullptr) *failure = problem;
+  if (problem.empty()) return true;
   dialogs.Beep();
   dialogs.Message(std::string("WriteLastSessionErrorHandler") + kLineEnd +
                   "The Kalvex last-session file was not written.");
+  return false;
 }
 
 void ReadLastSession(Session& session, const std::filesystem::path& path) {

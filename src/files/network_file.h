@@ -18,8 +18,10 @@ std::string NetworkFileName(const std::string& chosenName);
 
 // Saves the network, the operating point, the circle values and the sweep
 // settings under NetworkFileName(chosenName). Writes nothing for an empty name;
-// returns false, without a message, when the file cannot be written.
-bool WriteNetworkFile(const Session& session, Dialogs& dialogs, const std::string& chosenName);
+// returns false, without a message, when the file cannot be written, with the
+// reason in `failure` when given.
+bool WriteNetworkFile(const Session& session, Dialogs& dialogs, const std::string& chosenName,
+                      std::string* failure = nullptr);
 
 // Reads a network file into the session, checking the values as they come.
 // On a failed check or an unreadable file it says so and falls back on the
@@ -29,9 +31,11 @@ bool ReadNetworkFile(Session& session, Dialogs& dialogs, const std::string& chos
 
 // The last-session file, written at every way out of the program and read once
 // at start-up. The reader checks nothing and falls back on the network defaults
-// silently; the writer beeps and says so when it fails.
-void WriteLastSession(const Session& session, Dialogs& dialogs,
-                      const std::filesystem::path& path = kLastSessionFileName);
+// silently; the writer beeps and says so when it fails, and returns false
+// with the reason in `failure` when given.
+bool WriteLastSession(const Session& session, Dialogs& dialogs,
+                      const std::filesystem::path& path = kLastSessionFileName,
+                      std::string* failure = nullptr);
 void ReadLastSession(Session& session, const std::filesystem::path& path = kLastSessionFileName);
 
 }  // namespace kalvex

@@ -5,13 +5,18 @@
 #include <unistd.h>
 
 #include <cerrno>
+#include <charconv>
+#include <csignal>
 #include <cstring>
+#include <random>
+
+#include "files/text_file.h"
 
 namespace kalvex {
 namespace {
 
 std::string Failure(const std::filesystem::path& path, const std::string& reason) {
-  return "cannot write " + path.string() + ": " + reason;
+  return "cannot write " + PrintableText(path.string()) + ": " + reason;
 }
 
 std::string SystemReason() { return std::strerror(errno); }
@@ -46,22 +51,84 @@ std::string WriteInPlace(const std::filesystem::path& path, std::string_view con
   return written ? "" : Failure(path, reason);
 }
 
+// Temporary files are named ".NAME.kalvex-PID-XXXXXX" beside the target, so
+// that a writer can tell which writer left one.
+std::string TemporaryPrefix(const std::filesystem::path& target) {
+  return "." + target.filename().string() + ".kalvex-";
+}
+
+// Removes the temporaries that writers of `target` killed before they could
+// clean up left beside it: those whose process is no longer running.
+void RemoveAbandonedTemporaries(const std::filesystem::path& folder,
+                                const std::filesystem::path& target) {
+  const std::string prefix = TemporaryPrefix(target);
+  std::error_code error;
+  for (std::filesystem::directory_iterator entry(folder, error), end; !error && entry != end;
+       entry.increment(error)) {
+    const std::string name = entry->path().filename().string();
+    if (!name.starts_with(prefix)) continue;
+    pid_t pid = 0;
+    const char* digits = name.data() + prefix.size();
+    const auto [stop, failed] = std::from_chars(digits, name.data() + name.size(), pid);
+    if (failed != std::errc() || stop == digits || *stop != '-' || pid <= 0) continue;
+    if (::kill(pid, 0) != 0 && errno == ESRCH) ::unlink(entry->path().c_str());
+  }
+}
+
+// An unnamed file in `folder` (O_TMPFILE), which vanishes with a writer
+// killed before it is named; -1 where the file system has none.
+int OpenUnnamedFile(const std::filesystem::path& folder, mode_t mode) {
+#ifdef O_TMPFILE
+  return ::open(folder.c_str(), O_TMPFILE | O_WRONLY | O_CLOEXEC, mode);
+#else
+  return -1;
+#endif
+}
+
+// Gives the unnamed file `fd` a temporary name in `folder`; false when the
+// system cannot link it (no /proc, say).
+bool NameUnnamedFile(int fd, const std::filesystem::path& folder, const std::string& prefix,
+                     std::string& temporary) {
+  const std::string source = "/proc/self/fd/" + std::to_string(fd);
+  for (unsigned attempt = 0; attempt < 16; ++attempt) {
+    temporary = (folder / (prefix + std::to_string(::getpid()) + "-" +
+                           std::to_string(std::random_device{}())))
+                    .string();
+    if (::linkat(AT_FDCWD, source.c_str(), AT_FDCWD, temporary.c_str(), AT_SYMLINK_FOLLOW) == 0) {
+      return true;
+    }
+    if (errno != EEXIST) return false;
+  }
+  return false;
+}
+
 std::string WriteByRenaming(const std::filesystem::path& target, std::string_view contents,
                             const struct stat* existing) {
   const std::filesystem::path folder =
       target.has_parent_path() ? target.parent_path() : std::filesystem::path(".");
-  std::string temporary = (folder / ("." + target.filename().string() + ".kalvex-XXXXXX")).string();
-  const int fd = ::mkstemp(temporary.data());
-  if (fd < 0) return Failure(target, SystemReason());
-  std::string reason;
+  RemoveAbandonedTemporaries(folder, target);
+  const std::string prefix = TemporaryPrefix(target);
   const mode_t mode = existing != nullptr ? existing->st_mode & 07777 : NewFileMode();
+  std::string temporary;
+  int fd = OpenUnnamedFile(folder, mode);
+  const bool unnamed = fd >= 0;
+  if (!unnamed) {
+    temporary = (folder / (prefix + std::to_string(::getpid()) + "-XXXXXX")).string();
+    fd = ::mkstemp(temporary.data());
+    if (fd < 0) return Failure(target, SystemReason());
+  }
+  std::string reason;
   if (!WriteAll(fd, contents) || ::fchmod(fd, mode) != 0 || ::fsync(fd) != 0) {
+    reason = SystemReason();
+  }
+  // The unnamed file gets its name only once it is whole.
+  if (reason.empty() && unnamed && !NameUnnamedFile(fd, folder, prefix, temporary)) {
     reason = SystemReason();
   }
   if (::close(fd) != 0 && reason.empty()) reason = SystemReason();
   if (reason.empty() && ::rename(temporary.c_str(), target.c_str()) != 0) reason = SystemReason();
   if (!reason.empty()) {
-    ::unlink(temporary.c_str());
+    if (!temporary.empty()) ::unlink(temporary.c_str());
     return Failure(target, reason);
   }
   // The rename itself reaches the disk with the folder.

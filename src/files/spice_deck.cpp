@@ -12,20 +12,28 @@
 namespace kalvex {
 namespace {
 
-// SPICE reads "1M" as a thousandth: numbers go out in exponent form only.
-std::string Num(double value) {
-  char buffer[32];
-  return std::string(buffer, std::to_chars(buffer, buffer + sizeof buffer, value,
-                                           std::chars_format::general, 12)
-                                 .ptr);
-}
-
 class Deck {
  public:
   explicit Deck(double frequency) : omega_(2 * std::numbers::pi * frequency) {}
 
+  // SPICE reads "1M" as a thousandth: numbers go out in exponent form only. A
+  // number that is not finite would make the deck unrunnable: the first one
+  // is kept as the problem, naming the part of the network being written.
+  std::string Num(double value) {
+    if (!std::isfinite(value) && problem_.empty()) {
+      problem_ = writing_ + " gives a number too large or too small for a SPICE deck: no deck was written.";
+    }
+    char buffer[32];
+    return std::string(buffer, std::to_chars(buffer, buffer + sizeof buffer, value,
+                                             std::chars_format::general, 12)
+                                   .ptr);
+  }
+  // What the lines that follow come from, for the problem's message.
+  void Writing(std::string what) { writing_ = std::move(what); }
+
+  // A line of the program's own; every text taken from outside goes through Comment.
   void Line(const std::string& line) { text_ += line + "\n"; }
-  void Comment(const std::string& line) { Line("* " + line); }
+  void Comment(const std::string& line) { Line("* " + PrintableText(line)); }
   std::string NewNode() {
     nodes_.push_back("n" + std::to_string(nodes_.size() + 1));
     return nodes_.back();
@@ -52,10 +60,13 @@ class Deck {
 
   const std::vector<std::string>& Nodes() const { return nodes_; }
   const std::string& Text() const { return text_; }
+  const std::string& Problem() const { return problem_; }
   double Omega() const { return omega_; }
 
  private:
   double omega_;
+  std::string writing_;
+  std::string problem_;
   std::vector<std::string> nodes_;
   std::string text_;
 };
@@ -79,6 +90,7 @@ const char* const kPartNames[] = {"",
 std::string Stage(Deck& deck, int s, int16_t type, const std::array<double, kSlotCount>& v,
                   double frequency, const std::string& in) {
   const std::string name = std::to_string(s);
+  deck.Writing("Stage " + name + " (" + kPartNames[type] + ")");
   deck.Comment("Stage " + name + ": " + kPartNames[type]);
   // A line or stub whose length is given without a reference frequency keeps
   // that length at the working frequency.
@@ -123,11 +135,11 @@ std::string Stage(Deck& deck, int s, int16_t type, const std::array<double, kSlo
     }
     case SeriesResistor: {
       const std::string out = deck.NewNode();
-      deck.Line("R" + name + " " + in + " " + out + " " + Num(v[1]));
+      deck.Line("R" + name + " " + in + " " + out + " " + deck.Num(v[1]));
       return out;
     }
     case ShuntResistor:
-      deck.Line("R" + name + " " + in + " 0 " + Num(v[1]));
+      deck.Line("R" + name + " " + in + " 0 " + deck.Num(v[1]));
       return in;
     default: return in;
   }
@@ -135,26 +147,28 @@ std::string Stage(Deck& deck, int s, int16_t type, const std::array<double, kSlo
 
 }  // namespace
 
-std::string SpiceDeckText(const Session& session) {
+SpiceDeck MakeSpiceDeck(const Session& session) {
   const double f = session.Frequency;
   Deck deck(f);
-  const std::string name = session.FileName.empty() ? "(not saved)" : session.FileName;
-  deck.Line("Kalvex network " + name + " at " + Num(f) + " Hz");
-  deck.Comment("Written by Kalvex " + session.Version + ". Working frequency " + Num(f) + " Hz.");
+  deck.Writing("The working frequency");
+  const std::string name = session.FileName.empty() ? "(not saved)" : PrintableText(session.FileName);
+  deck.Line("Kalvex network " + name + " at " + deck.Num(f) + " Hz");
+  deck.Comment("Written by Kalvex " + session.Version + ". Working frequency " + deck.Num(f) + " Hz.");
   deck.Comment("I1 drives the generator end with 1 A, so V(in) is the input impedance in ohms.");
 
   const double r = session.Value[0][1];
   const double x = session.Value[0][2];
-  deck.Comment("Load " + Num(r) + (x < 0 ? " - j" : " + j") + Num(std::fabs(x)) +
+  deck.Writing("The load");
+  deck.Comment("Load " + deck.Num(r) + (x < 0 ? " - j" : " + j") + deck.Num(std::fabs(x)) +
                " ohms: its resistance, and the part with its reactance at the working frequency.");
   std::string node = deck.NewNode();
   if (x == 0) {
-    deck.Line("RLOAD " + node + " 0 " + Num(r));
+    deck.Line("RLOAD " + node + " 0 " + deck.Num(r));
   } else {
     const std::string middle = deck.NewNode();
-    deck.Line("RLOAD " + node + " " + middle + " " + Num(r));
-    deck.Line(x > 0 ? "LLOAD " + middle + " 0 " + Num(x / deck.Omega())
-                    : "CLOAD " + middle + " 0 " + Num(1 / (deck.Omega() * -x)));
+    deck.Line("RLOAD " + node + " " + middle + " " + deck.Num(r));
+    deck.Line(x > 0 ? "LLOAD " + middle + " 0 " + deck.Num(x / deck.Omega())
+                    : "CLOAD " + middle + " 0 " + deck.Num(1 / (deck.Omega() * -x)));
   }
   for (int s = 1; s <= kLastStage; ++s) {
     const int16_t type = session.ElementType[s];
@@ -163,25 +177,31 @@ std::string SpiceDeckText(const Session& session) {
     }
   }
 
+  deck.Writing("The sweep settings");
+  const int points = std::max<int>(session.SweepPoints, 1);
+  const std::string sweep = ".ac lin " + std::to_string(points) + " " +
+                            deck.Num(session.SweepStart) + " " + deck.Num(session.SweepStop);
+  if (!deck.Problem().empty()) return {"", deck.Problem()};
+
   std::string text = deck.Text();
   text += "I1 0 in AC 1\n";
   text += "VIN in " + node + " 0\n";
   text += "* Every node is tied to ground by 1e12 ohms, so that none floats for the DC\n"
           "* operating point; at these frequencies they change nothing.\n";
   for (const std::string& n : deck.Nodes()) text += "RDC" + n + " " + n + " 0 1e12\n";
-  const int points = std::max<int>(session.SweepPoints, 1);
-  text += ".ac lin " + std::to_string(points) + " " + Num(session.SweepStart) + " " +
-          Num(session.SweepStop) + "\n";
+  text += sweep + "\n";
   text += ".print ac vr(in) vi(in)\n";
   text += ".end\n";
-  return text;
+  return {text, ""};
 }
 
 bool WriteSpiceDeck(const Session& session, Dialogs& dialogs) {
   const std::string name = WithFileType(
       dialogs.ChooseSaveFile(kSpiceDeckTitle, kSpiceDeckFilter, session.FileName), ".cir");
   if (name.empty()) return false;
-  const std::string failure = WriteFileSafely(name, SpiceDeckText(session));
+  const SpiceDeck deck = MakeSpiceDeck(session);
+  const std::string failure =
+      deck.problem.empty() ? WriteFileSafely(name, deck.text) : deck.problem;
   if (failure.empty()) return true;
   dialogs.Message(failure);
   return false;

@@ -15,12 +15,21 @@ inline constexpr const char* kSpiceDeckFilter = "SPICE decks (*.cir)|*.cir";
 // working frequency, each part with its Q loss as a series resistor |X| / Q at
 // the working frequency, lines and stubs as lossless T elements, the
 // generator end driven by "I1 0 in AC 1" so that V(in) is the input impedance,
-// and an AC sweep over the sweep settings. Numbers are plain exponent forms.
-std::string SpiceDeckText(const Session& session);
+// and an AC sweep over the sweep settings. Numbers are plain exponent forms;
+// names taken from the session go into comments only, as one line each.
+// Every line is composed here: nothing read from a file becomes a command.
+// A value whose number in the deck would not be finite (a 1E+308 H inductor)
+// gives no text and a problem naming the stage (or the load, the working
+// frequency or the sweep settings).
+struct SpiceDeck {
+  std::string text;
+  std::string problem;
+};
+SpiceDeck MakeSpiceDeck(const Session& session);
 
 // "Write LTspice": the save chooser, then the deck under the chosen name with
-// its type made ".cir"; a failure says "cannot write …". Returns true when
-// written.
+// its type made ".cir"; a deck that cannot be made, or a failure to write,
+// is said ("cannot write …"). Returns true when written.
 bool WriteSpiceDeck(const Session& session, Dialogs& dialogs);
 
 }  // namespace kalvex

@@ -15,13 +15,14 @@ std::string SweepDataText(const Session& session, const std::string& chosenName,
   std::string text;
   auto line = [&text](const std::string& content) { text += content + kLineEnd; };
   line("Kalvex data file");
-  line("Filename: " + chosenName);
+  line("Filename: " + PrintableText(chosenName));
   line(dateTime);
   line("");
   line("Freq, Resistance, Reactance, Rho, RhoAngle, Return loss, VSWR");
   line("");
   const SweepIndexes indexes = SweepIndexesOf(session);
   for (int k = indexes.first; k <= indexes.last; ++k) {
+    if (!IsFiniteSweepPoint(session, k)) continue;
     line(FileNumber(session.SweepFreq[k]) + FileNumber(session.SweepR[k]) +
          FileNumber(session.SweepX[k]) + FileNumber(session.SweepRho[k]) +
          FileNumber(session.SweepAngle[k]) + FileNumber(ReturnLossDb(session.SweepRho[k])) +

@@ -1,20 +1,85 @@
 #include "files/text_file.h"
 
-#include <fstream>
-#include <iterator>
-#include <system_error>
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <cstring>
 
 namespace kalvex {
+namespace {
 
-std::optional<std::string> ReadTextFile(const std::filesystem::path& path) {
-  std::error_code error;
-  if (!std::filesystem::is_regular_file(path, error)) return std::nullopt;
-  if (std::filesystem::file_size(path, error) > kLargestReadFile || error) return std::nullopt;
-  std::ifstream in(path, std::ios::binary);
-  if (!in) return std::nullopt;
-  std::string contents{std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
-  if (in.bad()) return std::nullopt;
+// Closes the descriptor when the read ends, whichever way it ends.
+class OpenFile {
+ public:
+  explicit OpenFile(const std::filesystem::path& path)
+      : fd_(::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NOCTTY | O_NONBLOCK)) {}
+  ~OpenFile() {
+    if (fd_ >= 0) ::close(fd_);
+  }
+  OpenFile(const OpenFile&) = delete;
+  OpenFile& operator=(const OpenFile&) = delete;
+  int fd() const { return fd_; }
+
+ private:
+  int fd_;
+};
+
+// Reads to the end of `fd`, but never more than kLargestReadFile bytes: what
+// the file claims to hold is not trusted, only what arrives is counted.
+// Returns the reason when the read fails or the file is too large.
+std::string ReadAll(int fd, std::uintmax_t sizeHint, std::string& contents) {
+  contents.reserve(static_cast<std::size_t>(std::min(sizeHint, kLargestReadFile)));
+  char buffer[1 << 16];
+  while (true) {
+    const ssize_t got = ::read(fd, buffer, sizeof buffer);
+    if (got == 0) return "";
+    if (got < 0) {
+      if (errno == EINTR) continue;
+      return std::strerror(errno);
+    }
+    if (contents.size() + static_cast<std::size_t>(got) > kLargestReadFile) {
+      return "it holds more than 64 MB";
+    }
+    contents.append(buffer, static_cast<std::size_t>(got));
+  }
+}
+
+}  // namespace
+
+std::optional<std::string> ReadTextFile(const std::filesystem::path& path, std::string* failure) {
+  auto fail = [&](const std::string& reason) -> std::optional<std::string> {
+    if (failure != nullptr) *failure = "cannot read " + PrintableText(path.string()) + ": " + reason;
+    return std::nullopt;
+  };
+  if (path.empty()) return fail("no file name");
+  const OpenFile file(path);
+  if (file.fd() < 0) return fail(std::strerror(errno));
+  struct stat status {};
+  if (::fstat(file.fd(), &status) != 0) return fail(std::strerror(errno));
+  if (S_ISDIR(status.st_mode)) return fail("it is a folder");
+  if (!S_ISREG(status.st_mode)) return fail("it is not a regular file");
+  std::string contents;
+  try {
+    if (const std::string reason = ReadAll(file.fd(), static_cast<std::uintmax_t>(status.st_size), contents);
+        !reason.empty()) {
+      return fail(reason);
+    }
+  } catch (const std::bad_alloc&) {
+    return fail("not enough memory");
+  }
   return contents;
+}
+
+std::string PrintableText(std::string_view text) {
+  std::string printable(text);
+  for (char& c : printable) {
+    const auto code = static_cast<unsigned char>(c);
+    if (code < 0x20 || code == 0x7F) c = ' ';
+  }
+  return printable;
 }
 
 std::string WithFileType(const std::string& chosenName, const std::string& type) {

@@ -6,7 +6,6 @@
 #include <complex>
 #include <numbers>
 #include <optional>
-#include <sstream>
 #include <vector>
 
 #include "files/line_reader.h"
@@ -43,14 +42,34 @@ std::string Lower(std::string_view text) {
   return lower;
 }
 
-std::vector<std::string> Words(std::string_view line) {
-  std::vector<std::string> words;
-  std::istringstream in{std::string(line)};
-  for (std::string word; in >> word;) words.push_back(word);
-  return words;
-}
+// Hands out the blank-separated words of a line as views into it, so that a
+// line of millions of words is walked without copying it.
+class WordReader {
+ public:
+  explicit WordReader(std::string_view line) : rest_(line) {}
 
-std::optional<double> Number(const std::string& word) {
+  std::optional<std::string_view> Next() {
+    const std::size_t start = rest_.find_first_not_of(" \t");
+    if (start == std::string_view::npos) return std::nullopt;
+    rest_.remove_prefix(start);
+    const std::size_t end = std::min(rest_.find_first_of(" \t"), rest_.size());
+    const std::string_view word = rest_.substr(0, end);
+    rest_.remove_prefix(end);
+    return word;
+  }
+
+  // The number of words not yet handed out.
+  std::size_t Remaining() {
+    std::size_t count = 0;
+    while (Next()) ++count;
+    return count;
+  }
+
+ private:
+  std::string_view rest_;
+};
+
+std::optional<double> Number(std::string_view word) {
   double value = 0;
   const char* end = word.data() + word.size();
   const auto [stop, error] = std::from_chars(word.data(), end, value);
@@ -59,9 +78,10 @@ std::optional<double> Number(const std::string& word) {
 }
 
 // The option line's words after "#"; false when one is not understood.
-bool ReadOptions(const std::vector<std::string>& words, Options& options) {
-  for (std::size_t k = 1; k < words.size(); ++k) {
-    const std::string word = Lower(words[k]);
+bool ReadOptions(WordReader words, Options& options) {
+  words.Next();  // "#"
+  while (const auto next = words.Next()) {
+    const std::string word = Lower(*next);
     if (word == "hz") options.hertzPerUnit = 1;
     else if (word == "khz") options.hertzPerUnit = 1e3;
     else if (word == "mhz") options.hertzPerUnit = 1e6;
@@ -72,8 +92,9 @@ bool ReadOptions(const std::vector<std::string>& words, Options& options) {
     else if (word == "ma") options.format = Format::MA;
     else if (word == "db") options.format = Format::DB;
     else if (word == "ri") options.format = Format::RI;
-    else if (word == "r" && k + 1 < words.size() && Number(words[k + 1]).value_or(0) > 0) {
-      options.reference = *Number(words[++k]);
+    else if (const auto reference = word == "r" ? words.Next() : std::nullopt;
+             reference && Number(*reference).value_or(0) > 0) {
+      options.reference = *Number(*reference);
     } else {
       return false;
     }
@@ -116,7 +137,21 @@ struct Reading {
   std::vector<DataPoint> points;
   Outcome outcome = Outcome::Complete;
   std::string refusal;
+  std::vector<long> leftOutLines;  // points whose load is not a finite R + jX
 };
+
+// A line of the file in a message: one line, and not the whole of a huge one.
+std::string Quoted(std::string_view line) {
+  constexpr std::size_t kShown = 80;
+  return PrintableText(line.substr(0, kShown)) + (line.size() > kShown ? "..." : "");
+}
+
+std::string LastWord(std::string_view line) {
+  WordReader words(line);
+  std::string_view last;
+  while (const auto word = words.Next()) last = *word;
+  return std::string(last);
+}
 
 Reading ReadPoints(const std::string& name, const std::string& contents) {
   Reading reading;
@@ -128,50 +163,72 @@ Reading ReadPoints(const std::string& name, const std::string& contents) {
   };
   Options options;
   LineReader lines(contents);
+  long lineNumber = 0;
   while (const auto raw = lines.Next()) {
+    ++lineNumber;
     std::string_view line = raw->substr(0, raw->find('!'));
     line = Trim(line, " \t");
     if (line.empty()) continue;
-    const std::vector<std::string> words = Words(line);
     if (line.front() == '#') {
-      if (!ReadOptions(words, options)) return refuse("The Touchstone option line of " + name + " is not understood: " + std::string(line));
+      if (!ReadOptions(WordReader(line), options)) {
+        return refuse("The Touchstone option line of " + name + " is not understood: " + Quoted(line));
+      }
       continue;
     }
     if (line.front() == '[') {
       const std::string keyword = Lower(line.substr(0, line.find(']') + 1));
-      const std::string value = words.empty() ? "" : words.back();
+      const std::string value = LastWord(line);
       options.version2 = true;
       if (keyword == "[number of ports]" && value != "1") {
-        return refuse(name + " is a " + value + "-port Touchstone file; load data comes from a one-port file (.s1p).");
+        return refuse(name + " is a " + Quoted(value) + "-port Touchstone file; load data comes from a one-port file (.s1p).");
       }
       if (keyword == "[reference]" && Number(value).value_or(0) > 0) options.reference = *Number(value);
       if (keyword == "[end]") break;
       continue;
     }
-    if (words.size() != 3) {
-      if (words.size() > 3 && words.size() % 2 == 1) {
+    WordReader words(line);
+    const auto frequency = Number(words.Next().value_or(""));
+    const auto a = Number(words.Next().value_or(""));
+    const auto b = Number(words.Next().value_or(""));
+    if (const std::size_t more = words.Remaining(); more > 0) {
+      if (more % 2 == 0) {
         return refuse(name + " holds more than one port; load data comes from a one-port file (.s1p).");
       }
       reading.outcome = Outcome::ParserError;
       break;
     }
-    const auto frequency = Number(words[0]);
-    const auto a = Number(words[1]);
-    const auto b = Number(words[2]);
-    if (!frequency || !a || !b) {
+    if (!frequency || !a || !b || std::ssize(reading.points) == kMaxLoadPoints) {
       reading.outcome = Outcome::ParserError;
       break;
     }
-    if (std::ssize(reading.points) == kMaxLoadPoints) {
-      reading.outcome = Outcome::ParserError;
-      break;
+    const DataPoint point{*frequency * options.hertzPerUnit, ImpedanceOf(options, *a, *b)};
+    if (std::isfinite(point.frequency) && std::isfinite(point.impedance.real()) &&
+        std::isfinite(point.impedance.imag())) {
+      reading.points.push_back(point);
+    } else {
+      reading.leftOutLines.push_back(lineNumber);
     }
-    reading.points.push_back({*frequency * options.hertzPerUnit, ImpedanceOf(options, *a, *b)});
   }
   if (reading.points.empty() && reading.outcome == Outcome::Complete) {
-    return refuse(name + " holds no data points.");
+    return refuse(reading.leftOutLines.empty()
+                      ? name + " holds no data points."
+                      : name + " holds no point whose load is a finite impedance.");
   }
   return reading;
+}
+
+// "NAME: the points of lines 7, 9 give no finite load impedance and are left
+// out.", naming the first twenty lines.
+std::string LeftOutMessage(const std::string& name, const std::vector<long>& lines) {
+  constexpr std::size_t kNamed = 20;
+  std::string list;
+  for (std::size_t k = 0; k < std::min(lines.size(), kNamed); ++k) {
+    list += (k == 0 ? "" : ", ") + std::to_string(lines[k]);
+  }
+  if (lines.size() > kNamed) list += " and " + std::to_string(lines.size() - kNamed) + " more";
+  return name + ": the point" + (lines.size() == 1 ? " of line " : "s of lines ") + list +
+         (lines.size() == 1 ? " gives" : " give") +
+         " no finite load impedance and" + (lines.size() == 1 ? " is" : " are") + " left out.";
 }
 
 // Full precision, shortest round-tripping text.
@@ -193,8 +250,10 @@ void ReadTouchstone(Session& session, Dialogs& dialogs, const std::string& name)
                     "-port Touchstone file; load data comes from a one-port file (.s1p).");
     return;
   }
-  const std::optional<std::string> contents = ReadTextFile(name);
+  std::string failure;
+  const std::optional<std::string> contents = ReadTextFile(name, &failure);
   if (!contents) {
+    dialogs.Diagnostic(failure);
     dialogs.Message("Parser error");
     session.FileName.clear();
     return;
@@ -204,6 +263,7 @@ void ReadTouchstone(Session& session, Dialogs& dialogs, const std::string& name)
     dialogs.Message(reading.refusal);
     return;
   }
+  if (!reading.leftOutLines.empty()) dialogs.Message(LeftOutMessage(name, reading.leftOutLines));
   std::stable_sort(reading.points.begin(), reading.points.end(),
                    [](const DataPoint& a, const DataPoint& b) { return a.frequency < b.frequency; });
   for (const DataPoint& point : reading.points) {
@@ -225,6 +285,7 @@ std::string TouchstoneText(const Session& session, const std::string& dateTime) 
   text += "# Hz S RI R " + Exact(session.SystemZ) + "\n";
   const SweepIndexes indexes = SweepIndexesOf(session);
   for (int k = indexes.first; k <= indexes.last; ++k) {
+    if (!IsFiniteSweepPoint(session, k)) continue;
     const Complex z = Complex(session.SweepR[k], session.SweepX[k]) / session.SystemZ;
     const Complex gamma = (z - 1.0) / (z + 1.0);
     text += Exact(session.SweepFreq[k]) + " " + Exact(gamma.real()) + " " + Exact(gamma.imag()) +

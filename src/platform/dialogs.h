@@ -53,6 +53,11 @@ class Dialogs {
 
   virtual void Beep() = 0;
 
+  // Why a file could not be read ("cannot read PATH: reason"), said before the
+  // reader's own message. The command line prints it; the windows leave it
+  // out, as each page has its own message for a file it cannot use.
+  virtual void Diagnostic(const std::string& /*text*/) {}
+
   // Waits for `seconds` while the windows keep painting.
   virtual void Pause(double seconds) = 0;
 

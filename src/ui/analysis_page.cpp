@@ -282,6 +282,9 @@ void AnalysisPage::GoToDesignPage() {
   SwitchTo(new DesignPage(session_, dialogs_));
 }
 
-void AnalysisPage::OnUserClose() { SaveSessionAndEnd(session_, dialogs_); }
+bool AnalysisPage::OnUserClose() {
+  SaveSessionAndEnd(session_, dialogs_);
+  return true;
+}
 
 }  // namespace kalvex

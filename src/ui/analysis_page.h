@@ -60,7 +60,7 @@ class AnalysisPage : public Page {
   void OnMouseDown(int button, double x, double y) override;
   void OnMouseMove(int button, double x, double y) override;
   void OnMouseUp(int button, double x, double y) override;
-  void OnUserClose() override;
+  bool OnUserClose() override;
 
  private:
   void Redraw();

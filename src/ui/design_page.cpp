@@ -215,6 +215,9 @@ void DesignPage::OpenOptions() {
   SwitchTo(new OptionsPage(session_, dialogs_));
 }
 
-void DesignPage::OnUserClose() { SaveSessionAndEnd(session_, dialogs_); }
+bool DesignPage::OnUserClose() {
+  SaveSessionAndEnd(session_, dialogs_);
+  return true;
+}
 
 }  // namespace kalvex

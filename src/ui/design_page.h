@@ -56,7 +56,7 @@ class DesignPage : public Page {
 
  protected:
   void OnMouseDown(int button, double x, double y) override;
-  void OnUserClose() override;
+  bool OnUserClose() override;
 
  private:
   void OpenDesignPage();

@@ -2,6 +2,8 @@
 
 #include <QCoreApplication>
 
+#include <algorithm>
+
 #include "files/exit_actions.h"
 #include "files/network_file.h"
 #include "ui/controls.h"
@@ -51,9 +53,12 @@ ExitDialog::ExitDialog(Session& session, Dialogs& dialogs, QWidget* parent)
 }
 
 void ExitDialog::ShowSavedAndEnd(const std::string& message) {
-  Label2->setGeometry(0, 0, width(), Twips(450));
-  Label2->setStyleSheet("background: rgb(221, 255, 221);");
   Label2->setText(QString::fromStdString(message));
+  // A message of what could not be saved is longer than the line the saved
+  // message takes: it wraps, and the label grows to hold it.
+  Label2->setWordWrap(true);
+  Label2->setGeometry(0, 0, width(), std::max(Twips(450), Label2->heightForWidth(width())));
+  Label2->setStyleSheet("background: rgb(221, 255, 221);");
   Label2->show();
   dialogs_.Pause(2);
   Label2->hide();

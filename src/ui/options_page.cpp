@@ -54,6 +54,13 @@ OptionsPage::OptionsPage(Session& session, Dialogs& dialogs)
   FollowLayoutWithTab();
 }
 
+// The close box leaves the page as "Return" does, after the close event: the
+// velocity factor's limits are enforced and the Design page comes back.
+bool OptionsPage::OnUserClose() {
+  QMetaObject::invokeMethod(this, &OptionsPage::Return, Qt::QueuedConnection);
+  return false;
+}
+
 void OptionsPage::Return() {
   ReturnFromOptions(session_, dialogs_, txtVelocityFactor->text().toStdString());
   SwitchTo(new DesignPage(session_, dialogs_));

@@ -35,6 +35,9 @@ class OptionsPage : public Page {
   QLabel* lbldB;
   QPushButton* cmdExit;
 
+ protected:
+  bool OnUserClose() override;
+
  private:
   void Return();
 

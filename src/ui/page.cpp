@@ -131,13 +131,16 @@ void Page::SwitchTo(Page* next) {
 }
 
 void Page::closeEvent(QCloseEvent* event) {
-  if (!closingByProgram_) OnUserClose();
-  event->accept();
+  if (closingByProgram_ || OnUserClose()) {
+    event->accept();
+  } else {
+    event->ignore();
+  }
 }
 
 void Page::OnMouseDown(int, double, double) {}
 void Page::OnMouseMove(int, double, double) {}
 void Page::OnMouseUp(int, double, double) {}
-void Page::OnUserClose() {}
+bool Page::OnUserClose() { return true; }
 
 }  // namespace kalvex

@@ -44,8 +44,10 @@ class Page : public QWidget {
   virtual void OnMouseDown(int button, double x, double y);
   virtual void OnMouseMove(int button, double x, double y);
   virtual void OnMouseUp(int button, double x, double y);
-  // The user closed the window with its close box.
-  virtual void OnUserClose();
+  // The user closed the window with its close box (or the window system
+  // closed it). Returns whether the window closes; a page that stays open
+  // leaves the way its own buttons would.
+  virtual bool OnUserClose();
 
   void paintEvent(QPaintEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;

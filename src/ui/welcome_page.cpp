@@ -31,8 +31,11 @@ void WelcomePage::Start() {
   SwitchTo(new DesignPage(session_, dialogs_));
 }
 
-// Closing the welcome page is no way out of a session: nothing was worked on,
-// and a last-session file that failed to read stays for the next start.
-void WelcomePage::OnUserClose() { EndProgram(); }
+// Closing the welcome page ends the program, and every way out saves the
+// session, here the one the last-session file gave.
+bool WelcomePage::OnUserClose() {
+  SaveSessionAndEnd(session_, dialogs_);
+  return true;
+}
 
 }  // namespace kalvex

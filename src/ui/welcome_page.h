@@ -22,7 +22,7 @@ class WelcomePage : public Page {
 
  protected:
   // Closing the first window also ends the program, with the session saved.
-  void OnUserClose() override;
+  bool OnUserClose() override;
 
  private:
   void Start();

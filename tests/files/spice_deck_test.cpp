@@ -46,7 +46,7 @@ TEST_P(SpiceDecks, NgspiceFindsTheCalculatedInputImpedance) {
   session.SweepPoints = 1;
   CalculateNetwork(session, 0);
   const std::complex<double> expected(session.InputR, session.InputX);
-  const auto simulated = RunNgspice(SpiceDeckText(session));
+  const auto simulated = RunNgspice(MakeSpiceDeck(session).text);
   ASSERT_TRUE(simulated.has_value());
   // ngspice prints seven significant digits.
   EXPECT_LT(std::abs(*simulated - expected), 1e-6 * std::abs(expected))
@@ -61,7 +61,7 @@ TEST(SpiceDeck, WritesPlainExponentsAndTheSweep) {
   InitialiseSession(session);
   session.ElementType[1] = SeriesInductor;
   session.Value[1] = {0, 1.2e-6, 0};
-  const std::string deck = SpiceDeckText(session);
+  const std::string deck = MakeSpiceDeck(session).text;
   EXPECT_NE(deck.find("L1 n1 n2 1.2e-06\n"), std::string::npos) << deck;
   EXPECT_NE(deck.find("I1 0 in AC 1\n"), std::string::npos);
   EXPECT_NE(deck.find(".ac lin 21 900000 1100000\n"), std::string::npos);
