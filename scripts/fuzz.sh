@@ -11,7 +11,8 @@ cmake -S . -B build-fuzz -G Ninja -DCMAKE_BUILD_TYPE=RelWithDebInfo -DKALVEX_FUZ
 cmake --build build-fuzz
 mkdir -p build-fuzz/findings
 status=0
-for target in network_file defaults_file load_data_file parse_value; do
+for target in network_file defaults_file load_data_file parse_value touchstone sweep_outputs \
+              deck_name; do
   # libFuzzer adds what it finds to its first corpus folder: a copy, not the seeds.
   work=build-fuzz/corpus/$target
   mkdir -p "$work"

@@ -61,6 +61,8 @@ std::optional<std::string> ReadTextFile(const std::filesystem::path& path, std::
   if (::fstat(file.fd(), &status) != 0) return fail(std::strerror(errno));
   if (S_ISDIR(status.st_mode)) return fail("it is a folder");
   if (!S_ISREG(status.st_mode)) return fail("it is not a regular file");
+  // What the file claims refuses it early; what arrives is counted all the same.
+  if (static_cast<std::uintmax_t>(status.st_size) > kLargestReadFile) return fail("it holds more than 64 MB");
   std::string contents;
   try {
     if (const std::string reason = ReadAll(file.fd(), static_cast<std::uintmax_t>(status.st_size), contents);

@@ -50,6 +50,7 @@ TEST_F(HostileInputTest, NothingInjectedNothingNonFinite) {
            {{"spice", PathOf("tiny.SSF")}, kExitFailed, "Stage 1 (shunt capacitor)"},
            {{"sweep", PathOf(forged), "-o", PathOf("out\n.DAT")}, kExitOk, ""},
            {{"sweep", PathOf("huge.SSF"), "--table"}, kExitOk, "5 of the sweep's points"},
+           {{"sweep", PathOf("huge.SSF")}, kExitOk, "5 of the sweep's points"},
            {{"impedance", PathOf("huge.SSF")}, kExitFailed, "no finite input impedance"},
            {{"sweep", PathOf("net.SSF"), "--load", PathOf("mixed.s1p")}, kExitOk, "lines 2, 4 give"},
            {{"sweep", PathOf("net.SSF"), "--load", PathOf("y.s1p"), "--touchstone"}, kExitOk, "line 2 gives"},

@@ -13,6 +13,7 @@
 #include "support/temp_dir.h"
 #include "ui/design_page.h"
 #include "ui/page_renderer.h"
+#include "ui/options_page.h"
 #include "ui/welcome_page.h"
 #include "ui/analysis_page.h"
 #include "ui/overlay_setup_dialog.h"
@@ -140,6 +141,28 @@ TEST_F(DesignPageTest, GetNetShowsTheFileInTheCaption) {
   EXPECT_EQ(page->windowTitle(), "Kalvex 2.12 - Design tuner.SSF");
   page->cmdGetNet->click();  // cancelled: the network stays
   EXPECT_EQ(std::tuple(session.ElementType[1], session.FileName), std::tuple(SeriesInductor, "tuner.SSF"));
+}
+
+// The options page's close box leaves it as "Return" does: the velocity
+// factor's limits enforced and the Design page shown, the program still running.
+TEST_F(DesignPageTest, ClosingTheOptionsPageReturnsToTheDesignPage) {
+  session.ElementType[1] = SeriesInductor;
+  auto* options = new OptionsPage(session, dialogs);
+  options->setAttribute(Qt::WA_DeleteOnClose);
+  options->show();
+  options->txtVelocityFactor->setText("7");
+  // The page stays until the Design page replaces it: at no moment is the
+  // program without a window, which would end it.
+  EXPECT_FALSE(options->close());
+  EXPECT_TRUE(options->isVisible());
+  QApplication::processEvents();
+  EXPECT_EQ(session.VelocityFactor, 1);
+  EXPECT_EQ(dialogs.MessageTexts().back(), "Velocity factor has been reset to the maximum allowed.");
+  const auto shown = QApplication::topLevelWidgets();
+  EXPECT_TRUE(std::any_of(shown.begin(), shown.end(), [this](QWidget* w) {
+    return w != page.get() && w->isVisible() && qobject_cast<DesignPage*>(w) != nullptr;
+  }));
+  EXPECT_EQ(session.ElementType[1], SeriesInductor);
 }
 
 class AnalysisPageTest : public PagesInFolder {
