@@ -35,11 +35,13 @@ constexpr std::array kCommands = {
             RunSpiceCommand},
     Command{"render",
             "render [FILE] --page welcome|design|analysis [--grid 1..6] [--zoom N] [--aspect A]\n"
-            "             [--q-arcs] [--vswr-circle] [--sweep] [--load LOADFILE] [--size WxH] -o OUT",
+            "             [--q-arcs] [--vswr-circle] [--sweep] [--load LOADFILE] [--size WxH]\n"
+            "             [--screen WxH] -o OUT",
             "draws the welcome page, the Design page's schematic and library, or the Analysis\n"
             "      page's chart with the network's path, for FILE's network (without FILE: the\n"
             "      one Kalvex would start with), to a PNG, SVG or PDF file chosen by OUT's\n"
-            "      suffix; 1200x900 pixels unless --size; the chart at grid type, zoom factor\n"
+            "      suffix; 1920x1080 pixels unless --size, the page in the proportions of a\n"
+            "      1920x1080 screen unless --screen; the chart at grid type, zoom factor\n"
             "      (1..8) and aspect (0.5..1.5), with the Q arcs, the VSWR circle and the sweep\n"
             "      of FILE's settings, over the points of a load-data file with --load",
             nullptr},

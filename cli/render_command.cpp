@@ -46,7 +46,7 @@ int RunRenderCommand(const Command& command, const std::vector<std::string>& wor
               std::ostream& err) {
   std::string problem;
   const auto arguments = SplitArguments(
-      words, {"--page", "--size", "--grid", "--zoom", "--aspect", "--load", "-o"},
+      words, {"--page", "--size", "--screen", "--grid", "--zoom", "--aspect", "--load", "-o"},
       {"--q-arcs", "--vswr-circle", "--sweep"}, problem);
   if (!arguments) return UsageError(command, problem, err);
   if (arguments->positional.size() > 1) return UsageError(command, "at most one FILE", err);
@@ -61,8 +61,12 @@ int RunRenderCommand(const Command& command, const std::vector<std::string>& wor
   }
   const auto output = arguments->Option("-o");
   if (!output) return UsageError(command, "-o OUT is needed", err);
-  const auto size = SizeOf(arguments->Option("--size").value_or("1200x900"));
-  if (!size) return UsageError(command, "--size takes WxH in pixels from 16x16 to 16384x16384, such as 1200x900", err);
+  const auto size = SizeOf(arguments->Option("--size").value_or("1920x1080"));
+  if (!size) return UsageError(command, "--size takes WxH in pixels from 16x16 to 16384x16384, such as 1920x1080", err);
+  // The screen the page is drawn for: a page fills a screen's available area,
+  // and is letterboxed into --size in that screen's proportions.
+  const auto screen = SizeOf(arguments->Option("--screen").value_or("1920x1080"));
+  if (!screen) return UsageError(command, "--screen takes WxH in pixels, such as 1920x1080", err);
 
   Session session;
   StartSession(session);
@@ -76,7 +80,7 @@ int RunRenderCommand(const Command& command, const std::vector<std::string>& wor
     return *stop;
   }
 
-  const float coilArcRadius = CoilArcRadiusFor(size->width, size->height);
+  const float coilArcRadius = CoilArcRadiusFor(screen->width, screen->height);
   DisplayList drawing;
   PageSize pageSize = kDesignPage;
   if (page == "welcome") {
@@ -90,7 +94,9 @@ int RunRenderCommand(const Command& command, const std::vector<std::string>& wor
     RefreshAnalysis(session, drawing);
     pageSize = kAnalysisPage;
   }
-  const std::string failure = RenderToFile(drawing, pageSize, size->width, size->height, *output);
+  const std::string failure =
+      RenderToFile(drawing, pageSize, size->width, size->height, *output, 0,
+                   {static_cast<double>(screen->width), static_cast<double>(screen->height)});
   if (!failure.empty()) {
     err << "kalvex-cli render: " << failure << "\n";
     return kExitFailed;

@@ -47,8 +47,8 @@ std::optional<int> ApplySweepOptions(Session& session, Dialogs& dialogs,
   if (settleSweep || start || stop || points) {
     // Option texts read as the sweep setup's boxes do, limits and messages included.
     AcceptSweepSettings(session, dialogs,
-                        start ? ParseValueUnlimited(*start) : session.SweepStart,
-                        stop ? ParseValueUnlimited(*stop) : session.SweepStop,
+                        start ? ParseValue(*start) : session.SweepStart,
+                        stop ? ParseValue(*stop) : session.SweepStop,
                         points ? ParseValue(*points) : session.SweepPoints);
   }
   return std::nullopt;

@@ -117,10 +117,10 @@ void RedrawChart(Session& session, Canvas& canvas) {
   DrawCaption(session, canvas);                // 6
   DrawNetworkListing(session, canvas);         // 7
   DrawNetworkArcs(session, canvas);            // 8
+  DrawColourBars(session, canvas);             //   and the strip's colour key again
   DrawQArcs(session, canvas);                  // 9
   DrawVSWRCircle(session, canvas);             // 10
   RunSweep(session, canvas);                   // 11
-  DrawColourBars(session, canvas);             // the strip's colour key, over everything
 }
 
 void RefreshAnalysis(Session& session, Canvas& canvas) {

@@ -8,9 +8,9 @@ namespace kalvex {
 
 // The full redraw of the Analysis page, in this order: background, white chart
 // face, the grids of GridType, the real axis, the outline, the caption, the
-// network strip, the path of the network, the Q arcs, the VSWR circle and the
-// sweep when they are on, and the strip's colour key. Sets the grid colours of
-// the session from GridType.
+// network strip (with its colour key), the path of the network and the colour
+// key again, then the Q arcs, the VSWR circle and the sweep when they are on,
+// which paint over the key. Sets the grid colours of the session from GridType.
 void RedrawChart(Session& session, Canvas& canvas);
 
 // What every change on the Analysis page ends with: the network strip drawn

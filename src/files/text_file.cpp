@@ -84,6 +84,18 @@ std::string PrintableText(std::string_view text) {
   return printable;
 }
 
+std::string WithFilterType(const std::string& chosenName, const std::string& filterName) {
+  const std::size_t componentStart = chosenName.find_last_of('/') + 1;  // npos + 1 == 0
+  const std::size_t pattern = filterName.find("(*.");
+  if (chosenName.empty() || chosenName.find('.', componentStart) != std::string::npos ||
+      pattern == std::string::npos) {
+    return chosenName;
+  }
+  const std::size_t typeStart = pattern + 2;
+  const std::size_t typeEnd = filterName.find_first_of(" ;)", typeStart);
+  return chosenName + filterName.substr(typeStart, typeEnd - typeStart);
+}
+
 std::string WithFileType(const std::string& chosenName, const std::string& type) {
   if (chosenName.empty()) return "";
   const std::size_t componentStart = chosenName.find_last_of("\\/") + 1;  // npos + 1 == 0

@@ -26,6 +26,11 @@ std::string PrintableText(std::string_view text);
 // ".SSF" gives "amp.SSF"). Empty for an empty (cancelled) choice.
 std::string WithFileType(const std::string& chosenName, const std::string& type);
 
+// A name chosen under a filter such as "PNG images (*.png)" with the filter's
+// first type appended when the name has none ("export1" gives
+// "export1.png"); a name with a type, or an empty one, as it is.
+std::string WithFilterType(const std::string& chosenName, const std::string& filterName);
+
 // Files are plain text with lines ended by CR LF.
 inline constexpr const char* kLineEnd = "\r\n";
 

@@ -93,8 +93,8 @@ AnalysisPage::AnalysisPage(Session& session, Dialogs& dialogs)
                                cmdTabulate, cmdPrint}) {
     SetBackground(button, session_.AnalysisControlColour);
   }
-  // The table matches the settings only once a sweep has run on this visit.
-  cmdTabulate->setEnabled(false);
+  // Tabulate keeps its default enabled state at load: only an edit in the
+  // sweep setup, or a sweep whose settings are not usable, disables it.
   for (std::size_t i = 0; i < std::size(kReadoutColumns); ++i) {
     const ReadoutColumn& column = kReadoutColumns[i];
     readoutCaptions[i] = ColouredLabel(this, column.caption, "rgb(187, 221, 255)");
@@ -268,14 +268,19 @@ void AnalysisPage::HideReadout() {
 }
 
 // The page's drawing as it stands, through the renderer kalvex-cli render
-// uses, at the window's size.
+// uses, at the size the window shows it; a name without a type takes the
+// chosen filter's.
 void AnalysisPage::ExportImage() {
   const std::string chosen = dialogs_.ChooseSaveFile(
       "Export chart image",
       "PNG images (*.png)|*.png|SVG drawings (*.svg)|*.svg|PDF documents (*.pdf)|*.pdf", "");
   if (chosen.empty()) return;
-  const std::string failure = RenderToFile(Drawing(), kAnalysisPage, width(), height(), chosen);
-  if (!failure.empty()) dialogs_.Message(failure);
+  // The page as the window shows it, in its screen's proportions, without margins.
+  const QSizeF shown = Frame().size();
+  const std::string failure =
+      RenderToFile(Drawing(), kAnalysisPage, static_cast<int>(shown.width()),
+                   static_cast<int>(shown.height()), chosen, 0, {shown.width(), shown.height()});
+  if (!failure.empty()) dialogs_.Message("The chart was not exported: " + failure + ".");
 }
 
 void AnalysisPage::GoToDesignPage() {

@@ -8,6 +8,8 @@
 #include <QPainter>
 #include <cmath>
 
+#include "platform/pages.h"
+#include "ui/page_frame.h"
 #include "ui/painter_canvas.h"
 
 namespace kalvex {
@@ -55,9 +57,15 @@ const QRectF& Page::PlaceOf(QWidget* control) const {
   return kNowhere;
 }
 
+QRectF Page::Frame() const {
+  const QScreen* shown = screen() != nullptr ? screen() : QGuiApplication::primaryScreen();
+  return PageFrame(size(), shown != nullptr ? QSizeF(shown->availableGeometry().size()) : QSizeF(size()));
+}
+
 QPointF Page::ToPage(QPointF widgetPoint) const {
-  return {widgetPoint.x() * logicalSize_.width() / width(),
-          widgetPoint.y() * logicalSize_.height() / height()};
+  const QRectF frame = Frame();
+  return {(widgetPoint.x() - frame.x()) * logicalSize_.width() / frame.width(),
+          (widgetPoint.y() - frame.y()) * logicalSize_.height() / frame.height()};
 }
 
 void Page::Place(QWidget* control, double left, double top, double width, double height) {
@@ -67,11 +75,12 @@ void Page::Place(QWidget* control, double left, double top, double width, double
 
 void Page::ApplyPlacement(const Placement& placement) {
   if (placement.control.isNull()) return;
-  const double sx = width() / logicalSize_.width();
-  const double sy = height() / logicalSize_.height();
+  const QRectF frame = Frame();
+  const double sx = frame.width() / logicalSize_.width();
+  const double sy = frame.height() / logicalSize_.height();
   const QRectF& p = placement.place;
-  placement.control->setGeometry(static_cast<int>(std::lround(p.x() * sx)),
-                                 static_cast<int>(std::lround(p.y() * sy)),
+  placement.control->setGeometry(static_cast<int>(std::lround(frame.x() + p.x() * sx)),
+                                 static_cast<int>(std::lround(frame.y() + p.y() * sy)),
                                  static_cast<int>(std::lround(p.width() * sx)),
                                  static_cast<int>(std::lround(p.height() * sy)));
   // Glyphs keep their proportions: the font follows the smaller of the two
@@ -89,9 +98,12 @@ void Page::resizeEvent(QResizeEvent* event) {
 
 void Page::paintEvent(QPaintEvent*) {
   QPainter painter(this);
-  painter.fillRect(rect(), Qt::white);
-  const double sx = width() / logicalSize_.width();
-  const double sy = height() / logicalSize_.height();
+  // The margins beside the page, where the window is not in the screen's proportions.
+  painter.fillRect(rect(), PainterCanvas::ToQColor(kPageBackground));
+  const QRectF frame = Frame();
+  const double sx = frame.width() / logicalSize_.width();
+  const double sy = frame.height() / logicalSize_.height();
+  painter.translate(frame.topLeft());
   painter.scale(sx, sy);
   PainterCanvas canvas(painter, logicalSize_, std::sqrt(sx * sy));
   drawing_.Replay(canvas);

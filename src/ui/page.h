@@ -38,6 +38,9 @@ class Page : public QWidget {
   void SwitchTo(Page* next);
 
   QPointF ToPage(QPointF widgetPoint) const;
+  // Where the page is drawn in the window: in the proportions of the screen's
+  // available area, as large as fits, centred (see PageFrame).
+  QRectF Frame() const;
   QSizeF LogicalSize() const { return logicalSize_; }
 
  protected:

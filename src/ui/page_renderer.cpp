@@ -13,6 +13,7 @@
 #include <optional>
 
 #include "files/safe_write.h"
+#include "ui/page_frame.h"
 #include "ui/painter_canvas.h"
 
 namespace kalvex {
@@ -22,13 +23,19 @@ namespace {
 // for a paged device how to begin the next page.
 struct Target {
   QSizeF pageSize;
+  QSizeF shape;
   double unitsPerWidth;
   std::function<void()> newPage;
 };
 
 void Paint(const DisplayList& drawing, QPainter& painter, const Target& target, QSizeF device) {
-  const double sx = device.width() / target.pageSize.width();
-  const double sy = device.height() / target.pageSize.height();
+  const QRectF frame = PageFrame(device, target.shape);
+  if (frame.size() != device) {
+    painter.fillRect(QRectF(QPointF(0, 0), device), PainterCanvas::ToQColor(kPageBackground));
+  }
+  const double sx = frame.width() / target.pageSize.width();
+  const double sy = frame.height() / target.pageSize.height();
+  painter.translate(frame.topLeft());
   painter.scale(sx, sy);
   PainterCanvas canvas(painter, target.pageSize, std::sqrt(sx * sy), target.newPage,
                        target.unitsPerWidth);
@@ -85,16 +92,19 @@ std::optional<QByteArray> Render(const DisplayList& drawing, Target target, QSiz
 }  // namespace
 
 std::string RenderToFile(const DisplayList& drawing, PageSize page, int width, int height,
-                         const std::string& path, double unitsPerWidth) {
+                         const std::string& path, double unitsPerWidth, PageSize shape) {
   const QString suffix = QFileInfo(QString::fromStdString(path)).suffix().toLower();
   if (suffix != "png" && suffix != "svg" && suffix != "pdf") {
-    return "the output must end in .png, .svg or .pdf: " + path;
+    return path + " is not of a type Kalvex writes images in (.png, .svg or .pdf)";
   }
   EnsureGuiApplication();
   const std::optional<QByteArray> bytes =
-      Render(drawing, {QSizeF(page.width, page.height), unitsPerWidth, {}}, QSize(width, height),
-             suffix);
-  if (!bytes) return "cannot draw " + path;
+      Render(drawing,
+             {QSizeF(page.width, page.height),
+              shape.width > 0 ? QSizeF(shape.width, shape.height) : QSizeF(page.width, page.height),
+              unitsPerWidth, {}},
+             QSize(width, height), suffix);
+  if (!bytes) return "the drawing for " + path + " could not be made";
   return WriteFileSafely(path, std::string_view(bytes->constData(), bytes->size()));
 }
 

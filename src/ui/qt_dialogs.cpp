@@ -8,6 +8,7 @@
 #include <QPrintDialog>
 #include <QThread>
 
+#include "files/text_file.h"
 #include "ui/qt_print_job.h"
 
 namespace kalvex {
@@ -70,9 +71,13 @@ std::string QtDialogs::ChooseOpenFile(const std::string& title, const std::strin
 
 std::string QtDialogs::ChooseSaveFile(const std::string& title, const std::string& filter,
                                       const std::string& startName) {
-  return QFileDialog::getSaveFileName(ActiveWindow(), QString::fromStdString(title),
-                                      QString::fromStdString(startName), QtFileFilter(filter))
-      .toStdString();
+  QString selected;
+  const std::string chosen =
+      QFileDialog::getSaveFileName(ActiveWindow(), QString::fromStdString(title),
+                                   QString::fromStdString(startName), QtFileFilter(filter),
+                                   &selected)
+          .toStdString();
+  return WithFilterType(chosen, selected.toStdString());
 }
 
 std::unique_ptr<PrintJob> QtDialogs::StartPrint(PageSize page, std::string& error) {

@@ -2,6 +2,8 @@
 
 #include <cmath>
 
+#include "ui/page_frame.h"
+
 namespace kalvex {
 
 std::unique_ptr<PrintJob> QtPrintJob::Start(std::unique_ptr<QPrinter> printer, PageSize page,
@@ -11,12 +13,16 @@ std::unique_ptr<PrintJob> QtPrintJob::Start(std::unique_ptr<QPrinter> printer, P
     error = "The printer could not be started.";
     return nullptr;
   }
+  // Printer pixels are square: one scale across and down keeps the chart
+  // round on every paper size, the page centred in the printable area.
   const QRectF area = job->printer_->pageRect(QPrinter::DevicePixel);
-  const double sx = area.width() / page.width;
-  const double sy = area.height() / page.height;
+  const QRectF frame = PageFrame(area.size(), QSizeF(page.width, page.height));
+  const double sx = frame.width() / page.width;
+  const double sy = frame.height() / page.height;
+  job->painter_.translate(frame.topLeft());
   job->painter_.scale(sx, sy);
   QPrinter* device = job->printer_.get();
-  const double unitsPerWidth = page.width * job->printer_->resolution() / 600 / area.width();
+  const double unitsPerWidth = page.width * job->printer_->resolution() / 600 / frame.width();
   job->canvas_ = std::make_unique<PainterCanvas>(
       job->painter_, QSizeF(page.width, page.height), std::sqrt(sx * sy),
       [device] { device->newPage(); }, unitsPerWidth);

@@ -61,8 +61,8 @@ SweepSetupDialog::SweepSetupDialog(Session& session, Dialogs& dialogs,
 void SweepSetupDialog::Accept() {
   // Frequencies are read without the parser's 10 GHz cap, so that the
   // maximum's message can be told.
-  AcceptSweepSettings(session_, dialogs_, ParseValueUnlimited(txtStart->text().toStdString()),
-                      ParseValueUnlimited(txtStop->text().toStdString()),
+  AcceptSweepSettings(session_, dialogs_, ParseValue(txtStart->text().toStdString()),
+                      ParseValue(txtStop->text().toStdString()),
                       ParseValue(txtPoints->text().toStdString()));
   sweepSwitchable_(SweepSettingsSwitchable(session_));
   accept();

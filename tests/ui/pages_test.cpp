@@ -256,16 +256,18 @@ TEST_F(AnalysisPageTest, OverlayDialogsSwitchTheirOverlayOnHoweverTheyClose) {
 }
 
 TEST_F(AnalysisPageTest, SweepSetupSwitchesTheSweepOnAndEditsDisableTheTable) {
-  EXPECT_FALSE(page->cmdTabulate->isEnabled());
+  EXPECT_TRUE(page->cmdTabulate->isEnabled());  // its default state at load
   WhenModalShows<SweepSetupDialog>([](SweepSetupDialog& dialog) {
     EXPECT_EQ(dialog.txtStart->text(), " 900 k");  // the start values
-    dialog.txtStart->setText("13M");
+    dialog.txtStart->setText("20G");  // the value parser's limit: 10 GHz, no message
     dialog.txtStop->setText("15M");
     dialog.txtPoints->setText("5");
     dialog.cmdAccept->click();
   });
   page->cmdSweepSetup->click();
-  EXPECT_EQ(std::tuple(session.SweepShown, session.SweepPoints, session.SweepFreq[4]), std::tuple(1, 5, 15e6));
+  EXPECT_EQ(std::tuple(session.SweepShown, session.SweepPoints, session.SweepStart, session.SweepFreq[4]),
+            std::tuple(1, 5, 1e10, 15e6));
+  EXPECT_TRUE(dialogs.messages.empty());
   EXPECT_TRUE(page->cmdTabulate->isEnabled());  // the sweep just ran
 
   QPushButton* tabulate = page->cmdTabulate;
