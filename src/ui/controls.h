@@ -11,6 +11,12 @@ namespace kalvex {
 
 inline QString Q(const std::string& text) { return QString::fromStdString(text); }
 
+// A dialog's frame: a title and a close box, no minimise or maximise buttons.
+inline void DialogFrame(QWidget* dialog) {
+  dialog->setWindowFlags(Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint |
+                         Qt::WindowCloseButtonHint);
+}
+
 // The light green of a button whose switch is on, and of the tuning panel.
 inline constexpr Colour kOnColour = RGB(238, 255, 238);
 

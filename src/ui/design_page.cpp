@@ -106,6 +106,11 @@ DesignPage::DesignPage(Session& session, Dialogs& dialogs)
   connect(cmdExit, &QPushButton::clicked, this,
           [this] { ExitDialog(session_, dialogs_, this).exec(); });
   FollowLayoutWithTab();
+  // A part's boxes follow one another, then its buttons, before the rest of
+  // the page: Tab from the value goes to the Q, not to the system impedance.
+  QWidget* const partChain[] = {txtValue[0], txtValue[1], txtValue[2], txtValue[3], cmdAccept,
+                                cmdDontAccept};
+  for (std::size_t k = 1; k < std::size(partChain); ++k) setTabOrder(partChain[k - 1], partChain[k]);
   OpenDesignPage();
 }
 
@@ -180,11 +185,15 @@ void DesignPage::OnMouseDown(int, double x, double y) {
 }
 
 void DesignPage::Analyze() {
-  std::string systemZ = txtSystemZ->text().toStdString();
-  std::string frequency = txtFrequency->text().toStdString();
+  const std::string typedSystemZ = txtSystemZ->text().toStdString();
+  const std::string typedFrequency = txtFrequency->text().toStdString();
+  std::string systemZ = typedSystemZ;
+  std::string frequency = typedFrequency;
   LimitDesignValues(session_, dialogs_, systemZ, frequency);
-  WriteBox(txtSystemZ, systemZ);
-  WriteBox(txtFrequency, frequency);
+  // Only a value that was reset is written back: a box re-reads what is
+  // written, and "-2M" read again would undo the frequency's absolute value.
+  if (systemZ != typedSystemZ) WriteBox(txtSystemZ, systemZ);
+  if (frequency != typedFrequency) WriteBox(txtFrequency, frequency);
   SwitchTo(new AnalysisPage(session_, dialogs_));
 }
 
@@ -200,8 +209,9 @@ void DesignPage::SaveNetwork() {
 
 // A cancelled chooser leaves the network as it is, after the reader's message.
 void DesignPage::GetNetwork() {
-  const std::string chosen =
-      dialogs_.ChooseOpenFile("Read Kalvex network file", kNetworkFileFilter, session_.FileName);
+  // The chooser starts at the file a save wrote ("net3" was saved as "net3.SSF").
+  const std::string chosen = dialogs_.ChooseOpenFile("Read Kalvex network file", kNetworkFileFilter,
+                                                     NetworkFileName(session_.FileName));
   if (chosen.empty()) {
     ReadNetworkFile(session_, dialogs_, chosen);
     return;

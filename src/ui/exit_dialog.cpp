@@ -26,6 +26,7 @@ ExitDialog::ExitDialog(Session& session, Dialogs& dialogs, QWidget* parent)
       dialogs_(dialogs) {
   setWindowTitle("Exit ?");
   setModal(true);
+  DialogFrame(this);
   setFixedSize(Twips(6000), Twips(6000));
   cmdCancel->setGeometry(Twips(1500), Twips(1200), Twips(3000), Twips(450));
   cmdSave->setGeometry(Twips(1500), Twips(2100), Twips(3000), Twips(450));

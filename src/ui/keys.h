@@ -19,15 +19,21 @@ struct Key {
   std::function<void()> action;
 };
 
-// Binds each key on `page`, and F1 to the list of them.
+// Binds each key on `page`, and F1 to the list of them: a table, so that the
+// descriptions line up whatever the keys' widths.
 inline void BindKeys(QWidget* page, Dialogs& dialogs, std::vector<Key> keys) {
-  std::string list = "Keys of this page:\r\n";
+  QString rows;
+  auto row = [&rows](const QString& keys, const QString& what) {
+    rows += "<tr><td>" + keys.toHtmlEscaped() + "</td><td>" + what.toHtmlEscaped() + "</td></tr>";
+  };
   for (Key& key : keys) {
-    list += "\r\n" + key.keys.toString(QKeySequence::NativeText).toStdString() + "\t" + key.what;
+    row(key.keys.toString(QKeySequence::NativeText), key.what);
     QObject::connect(new QShortcut(key.keys, page), &QShortcut::activated, page,
                      std::move(key.action));
   }
-  list += "\r\nF1\tthis list";
+  row("F1", "this list");
+  const std::string list =
+      ("<p>Keys of this page:</p><table cellspacing=\"4\">" + rows + "</table>").toStdString();
   QObject::connect(new QShortcut(QKeySequence(Qt::Key_F1), page), &QShortcut::activated, page,
                    [&dialogs, list] { dialogs.Message(list, "Kalvex keys"); });
 }

@@ -13,6 +13,7 @@ OverlaySetupDialog::OverlaySetupDialog(Session& session, Dialogs& dialogs, Overl
       cmdAccept(new QPushButton("Accept", this)) {
   setWindowTitle(overlay == Overlay::QArcs ? "Q circle setup" : "VSWR circle setup");
   setModal(true);
+  DialogFrame(this);
   setFixedSize(Twips(4200), Twips(1900));
   Label1->setGeometry(Twips(240), Twips(150), Twips(3700), Twips(300));
   Label2->setGeometry(Twips(240), Twips(650), Twips(1500), Twips(300));

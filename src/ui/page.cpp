@@ -28,9 +28,13 @@ Page::Page(QSizeF logicalSize, QWidget* parent) : QWidget(parent), logicalSize_(
   setAttribute(Qt::WA_OpaquePaintEvent);
   // A click on the drawing takes the keyboard away from the boxes.
   setFocusPolicy(Qt::ClickFocus);
-  // A page is sized to the screen, as its logical extents come from it.
+  // A page is shown maximised, filling the screen as its logical extents
+  // intend; its normal geometry, which un-maximising gives, is three quarters
+  // of the available area, centred, so that the window with its frame fits.
   if (const QScreen* screen = QGuiApplication::primaryScreen()) {
-    resize(screen->availableGeometry().size());
+    const QRect available = screen->availableGeometry();
+    const QSize normal = available.size() * 3 / 4;
+    setGeometry(QRect(available.center() - QPoint(normal.width() / 2, normal.height() / 2), normal));
   }
 }
 

@@ -9,6 +9,7 @@
 #include <QThread>
 
 #include "files/text_file.h"
+#include "ui/controls.h"
 #include "ui/qt_print_job.h"
 
 namespace kalvex {
@@ -54,6 +55,7 @@ MessageAnswer QtDialogs::Message(const std::string& text, const std::string& tit
   body.replace("\r\n", "\n");
   QMessageBox box(IconOf(icon), QString::fromStdString(title.empty() ? kProgramTitle : title),
                   body, ButtonsOf(buttons), ActiveWindow());
+  DialogFrame(&box);
   switch (box.exec()) {
     case QMessageBox::Cancel: return MessageAnswer::Cancel;
     case QMessageBox::Yes: return MessageAnswer::Yes;

@@ -13,10 +13,7 @@ std::unique_ptr<PrintJob> QtPrintJob::Start(std::unique_ptr<QPrinter> printer, P
     error = "The printer could not be started.";
     return nullptr;
   }
-  // Printer pixels are square: one scale across and down keeps the chart
-  // round on every paper size, the page centred in the printable area.
-  const QRectF area = job->printer_->pageRect(QPrinter::DevicePixel);
-  const QRectF frame = PageFrame(area.size(), QSizeF(page.width, page.height));
+  const QRectF frame = PrintedFrame(*job->printer_, page);
   const double sx = frame.width() / page.width;
   const double sy = frame.height() / page.height;
   job->painter_.translate(frame.topLeft());
@@ -27,6 +24,10 @@ std::unique_ptr<PrintJob> QtPrintJob::Start(std::unique_ptr<QPrinter> printer, P
       job->painter_, QSizeF(page.width, page.height), std::sqrt(sx * sy),
       [device] { device->newPage(); }, unitsPerWidth);
   return job;
+}
+
+QRectF QtPrintJob::PrintedFrame(const QPrinter& printer, PageSize page) {
+  return PageFrame(printer.pageRect(QPrinter::DevicePixel).size(), QSizeF(page.width, page.height));
 }
 
 QtPrintJob::~QtPrintJob() {

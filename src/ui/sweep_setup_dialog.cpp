@@ -29,6 +29,7 @@ SweepSetupDialog::SweepSetupDialog(Session& session, Dialogs& dialogs,
       sweepSwitchable_(std::move(sweepSwitchable)) {
   setWindowTitle("Sweep setup");
   setModal(true);
+  DialogFrame(this);
   setFixedSize(Twips(6000), Twips(4500));
   Label1->setGeometry(Twips(240), Twips(150), Twips(5500), Twips(300));
   Frame1->setGeometry(Twips(240), Twips(540), Twips(5520), Twips(840));

@@ -1,11 +1,14 @@
 #include "ui/tabulate_page.h"
 
 #include <QFontDatabase>
+#include <QGuiApplication>
+#include <QScreen>
 
 #include "analysis/tabulate.h"
 #include "files/sweep_data_file.h"
 #include "print/print_table.h"
 #include "ui/controls.h"
+#include "ui/keys.h"
 
 namespace kalvex {
 
@@ -21,7 +24,14 @@ TabulatePage::TabulatePage(Session& session, Dialogs& dialogs, QWidget* parent)
       dialogs_(dialogs) {
   setWindowTitle(Q("Kalvex " + session_.Version + " Tabulated output " + session_.FileName));
   setModal(true);
-  setFixedSize(Twips(12000), Twips(7800));
+  // Sized to the screen; the buttons' font is the screen height in twips × 0.0008 points.
+  if (const QScreen* shown = QGuiApplication::primaryScreen()) {
+    resize(shown->availableGeometry().size());
+    setWindowState(windowState() | Qt::WindowMaximized);
+    QFont buttons = cmdExit->font();
+    buttons.setPointSizeF(shown->geometry().height() * 15 * 0.0008);
+    for (QPushButton* button : {cmdExit, cmdPrint, cmdFile}) button->setFont(buttons);
+  }
   const QFont fixedPitch = QFontDatabase::systemFont(QFontDatabase::FixedFont);
   lblHeading0->setFont(fixedPitch);
   lstTabulatedOutput->setFont(fixedPitch);
@@ -42,6 +52,10 @@ TabulatePage::TabulatePage(Session& session, Dialogs& dialogs, QWidget* parent)
   connect(cmdExit, &QPushButton::clicked, this, &QDialog::accept);
   connect(cmdPrint, &QPushButton::clicked, this, [this] { PrintTable(session_, dialogs_); });
   connect(cmdFile, &QPushButton::clicked, this, &TabulatePage::WriteToFile);
+  BindKeys(this, dialogs_,
+           {{QKeySequence(Qt::CTRL | Qt::Key_P), "To printer", [this] { cmdPrint->click(); }},
+            {QKeySequence(Qt::CTRL | Qt::Key_S), "To file", [this] { cmdFile->click(); }},
+            {QKeySequence(Qt::Key_Escape), "Return", [this] { cmdExit->click(); }}});
 }
 
 void TabulatePage::WriteToFile() {

@@ -5,6 +5,7 @@
 #include "files/startup.h"
 #include "ui/design_page.h"
 #include "ui/exit_dialog.h"
+#include "ui/keys.h"
 
 namespace kalvex {
 
@@ -25,6 +26,9 @@ WelcomePage::WelcomePage(Session& session, Dialogs& dialogs)
                                              " from Brenlow Software"));
   DrawWelcomePage(Drawing(), session_.ChartAspect, session_.CoilArcRadius);
   connect(cmdStart, &QPushButton::clicked, this, &WelcomePage::Start);
+  BindKeys(this, dialogs_,
+           {{QKeySequence(Qt::Key_Return), "Start", [this] { cmdStart->click(); }},
+            {QKeySequence(Qt::Key_Enter), "Start (keypad)", [this] { cmdStart->click(); }}});
 }
 
 void WelcomePage::Start() {

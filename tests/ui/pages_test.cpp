@@ -13,7 +13,9 @@
 #include "support/temp_dir.h"
 #include "ui/design_page.h"
 #include "ui/page_renderer.h"
+#include "print/paper.h"
 #include "ui/options_page.h"
+#include "ui/qt_print_job.h"
 #include "ui/welcome_page.h"
 #include "ui/analysis_page.h"
 #include "ui/overlay_setup_dialog.h"
@@ -141,6 +143,29 @@ TEST_F(DesignPageTest, GetNetShowsTheFileInTheCaption) {
   EXPECT_EQ(page->windowTitle(), "Kalvex 2.12 - Design tuner.SSF");
   page->cmdGetNet->click();  // cancelled: the network stays
   EXPECT_EQ(std::tuple(session.ElementType[1], session.FileName), std::tuple(SeriesInductor, "tuner.SSF"));
+}
+
+// Analyze takes the frequency's absolute value, and the Analysis page shows it.
+TEST_F(DesignPageTest, AnalyzeTakesTheAbsoluteFrequency) {
+  page->txtFrequency->setText("-2M");
+  page->cmdAnalyze->click();
+  const auto shown = QApplication::topLevelWidgets();
+  const auto analysis = std::find_if(shown.begin(), shown.end(),
+                                     [](QWidget* w) { return qobject_cast<AnalysisPage*>(w) != nullptr; });
+  ASSERT_NE(analysis, shown.end());
+  EXPECT_EQ(session.Frequency, 2e6);
+  EXPECT_EQ(qobject_cast<AnalysisPage*>(*analysis)->tuning->txtFreq->text().trimmed(), "2 M");
+  (*analysis)->close();
+}
+
+// Tab goes through a part's boxes before anything else on the page.
+TEST_F(DesignPageTest, TabGoesFromAPartsValueToItsQ) {
+  Click(page->Editor().StageX[1] + 300, 1000);
+  Click(4000, 6000);  // a series capacitor: value and Q
+  QApplication::setActiveWindow(page.get());
+  page->txtValue[0]->setFocus();
+  QTest::keyClick(page->txtValue[0], Qt::Key_Tab);
+  EXPECT_EQ(QApplication::focusWidget(), page->txtValue[1]);
 }
 
 // The options page's close box leaves it as "Return" does: the velocity
@@ -336,6 +361,38 @@ TEST_F(AnalysisPageTest, KeysZoomAndExportTheChart) {
   dialogs.fileNames.push_back("chart.png");
   QTest::keyClick(page.get(), Qt::Key_E, Qt::ControlModifier);
   EXPECT_EQ(QImage("chart.png").size(), page->size());
+}
+
+// The chart keeps its proportions whatever the window's: the page is drawn in
+// the screen's proportions with one scale, so the face's width over its height
+// is the aspect corrected for the screen, at every window shape.
+TEST_F(AnalysisPageTest, TheChartKeepsItsShapeAtEveryWindowSize) {
+  const QSizeF screen = QGuiApplication::primaryScreen()->availableGeometry().size();
+  const double expected = session.ChartAspect * (screen.width() / screen.height()) / (12000.0 / 9000);
+  for (const QSize size : {QSize(800, 600), QSize(1500, 600), QSize(500, 900)}) {
+    page->resize(size);
+    QImage image(size, QImage::Format_RGB32);
+    page->render(&image, {}, {}, QWidget::DrawWindowBackground);
+    QRect face;  // the chart's white face, below the strip
+    for (int y = size.height() / 4; y < size.height(); ++y) {
+      for (int x = 0; x < size.width(); ++x) {
+        if (image.pixel(x, y) == qRgb(255, 255, 255)) face |= QRect(x, y, 1, 1);
+      }
+    }
+    EXPECT_NEAR(double(face.width()) / face.height(), expected, 0.03) << size.width() << "x" << size.height();
+  }
+}
+
+// The printed page keeps its proportions on any paper: one scale across and down.
+TEST(PrintedPage, KeepsItsProportionsOnA4AndLetter) {
+  for (const QPageSize::PageSizeId paper : {QPageSize::A4, QPageSize::Letter}) {
+    QPrinter printer(QPrinter::HighResolution);
+    printer.setOutputFormat(QPrinter::PdfFormat);
+    printer.setPageSize(QPageSize(paper));
+    const QRectF frame = QtPrintJob::PrintedFrame(printer, kChartPaper);
+    EXPECT_NEAR(frame.width() / frame.height(), kChartPaper.width / kChartPaper.height, 1e-9);
+    EXPECT_TRUE(QRectF(QPointF(0, 0), printer.pageRect(QPrinter::DevicePixel).size()).contains(frame));
+  }
 }
 
 }  // namespace
