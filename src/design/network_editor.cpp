@@ -11,7 +11,6 @@ namespace {
 
 constexpr Colour kFrameGreen = RGB(0, 255, 0);
 constexpr Colour kPreviewGreen = RGB(17, 136, 17);
-constexpr int kValueSlots = 4;
 
 const char* const kCapacitorCaptions[] = {"Capacitance (F): ", "Capacitor Q: "};
 const char* const kInductorCaptions[] = {"Inductance (H): ", "Inductor Q: "};
@@ -54,6 +53,48 @@ double ReferenceFrequencyOf(double parsed) {
 }
 
 }  // namespace
+
+StageValues AcceptedValues(const Session& session, int16_t type, const StageValues& parsed) {
+  const float capacitorQ = session.DefaultCapacitorQ;
+  const float inductorQ = session.DefaultInductorQ;
+  StageValues v{};
+  switch (type) {
+    case SeriesCapacitor: case ShuntCapacitor:
+      v[1] = AtLeast(std::fabs(parsed[1]), 1e-12);
+      v[2] = QOf(parsed[2], capacitorQ);
+      break;
+    case SeriesInductor: case ShuntInductor:
+      // An inductance is kept as entered, even negative.
+      v[1] = parsed[1];
+      v[2] = type == ShuntInductor ? ShuntInductorQOf(parsed[2], inductorQ) : QOf(parsed[2], inductorQ);
+      break;
+    case SeriesLine:
+      v[1] = std::fabs(parsed[1]);
+      v[2] = ReferenceFrequencyOf(parsed[2]);
+      if (v[1] <= 0) v[1] = 1;
+      v[3] = std::fabs(parsed[3]);
+      if (v[3] <= 0) v[3] = 1;
+      break;
+    case SeriesShortedStub: case SeriesOpenStub: case ShuntShortedStub: case ShuntOpenStub:
+      v[1] = std::fabs(parsed[1]);
+      v[2] = ReferenceFrequencyOf(parsed[2]);
+      v[3] = AtLeast(std::fabs(parsed[3]), 1);
+      break;
+    case ShuntSeriesLC: case SeriesParallelLC:
+      v[1] = AtLeast(std::fabs(parsed[1]), 1e-9);
+      v[2] = QOf(parsed[2], inductorQ);
+      // The series-parallel pair keeps the sign of its capacitance entry.
+      v[3] = AtLeast(type == SeriesParallelLC ? parsed[3] : std::fabs(parsed[3]), 1e-12);
+      v[4] = QOf(parsed[4], capacitorQ);
+      break;
+    case SeriesResistor: case ShuntResistor:
+      v[1] = AtLeast(std::fabs(parsed[1]), 1);
+      break;
+    default: break;
+  }
+  return v;
+}
+
 
 int LibraryPartAt(double x, double y) {
   if (!(x > 2500)) return -1;
@@ -255,48 +296,9 @@ void NetworkEditor::Accept() {
 }
 
 void NetworkEditor::AcceptStage(int s) {
-  std::array<double, kValueSlots + 1> parsed{};
+  StageValues parsed{};
   for (int k = 1; k <= kValueSlots; ++k) parsed[k] = ParseValue(controls.value[k - 1].text);
-  const float capacitorQ = session_.DefaultCapacitorQ;
-  const float inductorQ = session_.DefaultInductorQ;
-  std::array<double, kValueSlots + 1> v{};
-  switch (session_.ElementType[s]) {
-    case SeriesCapacitor: case ShuntCapacitor:
-      v[1] = AtLeast(std::fabs(parsed[1]), 1e-12);
-      v[2] = QOf(parsed[2], capacitorQ);
-      break;
-    case SeriesInductor: case ShuntInductor:
-      // An inductance is kept as entered, even negative.
-      v[1] = parsed[1];
-      v[2] = session_.ElementType[s] == ShuntInductor ? ShuntInductorQOf(parsed[2], inductorQ)
-                                                       : QOf(parsed[2], inductorQ);
-      break;
-    case SeriesLine:
-      v[1] = std::fabs(parsed[1]);
-      v[2] = ReferenceFrequencyOf(parsed[2]);
-      if (v[1] <= 0) v[1] = 1;
-      v[3] = std::fabs(parsed[3]);
-      if (v[3] <= 0) v[3] = 1;
-      break;
-    case SeriesShortedStub: case SeriesOpenStub: case ShuntShortedStub: case ShuntOpenStub:
-      v[1] = std::fabs(parsed[1]);
-      v[2] = ReferenceFrequencyOf(parsed[2]);
-      v[3] = AtLeast(std::fabs(parsed[3]), 1);
-      break;
-    case ShuntSeriesLC: case SeriesParallelLC:
-      v[1] = AtLeast(std::fabs(parsed[1]), 1e-9);
-      v[2] = QOf(parsed[2], inductorQ);
-      // The series-parallel pair keeps the sign of its capacitance entry.
-      v[3] = AtLeast(session_.ElementType[s] == SeriesParallelLC ? parsed[3]
-                                                                  : std::fabs(parsed[3]),
-                     1e-12);
-      v[4] = QOf(parsed[4], capacitorQ);
-      break;
-    case SeriesResistor: case ShuntResistor:
-      v[1] = AtLeast(std::fabs(parsed[1]), 1);
-      break;
-    default: break;
-  }
+  const StageValues v = AcceptedValues(session_, session_.ElementType[s], parsed);
   for (int k = 1; k <= kValueSlots; ++k) session_.Value[s][k] = v[k];
 }
 

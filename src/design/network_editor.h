@@ -10,6 +10,16 @@
 
 namespace kalvex {
 
+// A stage's values 1..4 (index 0 unused), as the value boxes give them.
+inline constexpr int kValueSlots = 4;
+using StageValues = std::array<double, kValueSlots + 1>;
+
+// The values Accept stores for a stage of `type` from the numbers its boxes
+// gave: magnitudes, minimums, the session's default Q for a Q of 0, and the
+// reference frequency within 10 kHz..10 GHz, as the type's rules say. Every
+// way a stage is filled (Accept, a computed match) goes through it.
+StageValues AcceptedValues(const Session& session, int16_t type, const StageValues& parsed);
+
 // One caption and text box of the value entry (lblValueN over txtValueN).
 struct ValueBox {
   bool shown = false;
