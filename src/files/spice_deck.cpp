@@ -71,27 +71,12 @@ class Deck {
   std::string text_;
 };
 
-const char* const kPartNames[] = {"",
-                                  "series capacitor",
-                                  "shunt capacitor",
-                                  "series inductor",
-                                  "shunt inductor",
-                                  "line section",
-                                  "series shorted stub",
-                                  "series open stub",
-                                  "shunt shorted stub",
-                                  "shunt open stub",
-                                  "shunt series LC",
-                                  "series parallel LC",
-                                  "series resistor",
-                                  "shunt resistor"};
-
 // One stage from node `in`; returns the node it leaves the signal on.
 std::string Stage(Deck& deck, int s, int16_t type, const std::array<double, kSlotCount>& v,
                   double frequency, const std::string& in) {
   const std::string name = std::to_string(s);
-  deck.Writing("Stage " + name + " (" + kPartNames[type] + ")");
-  deck.Comment("Stage " + name + ": " + kPartNames[type]);
+  deck.Writing("Stage " + name + " (" + PartName(type) + ")");
+  deck.Comment("Stage " + name + ": " + PartName(type));
   // A line or stub whose length is given without a reference frequency keeps
   // that length at the working frequency.
   const double reference = v[2] > 0 ? v[2] : frequency;

@@ -29,6 +29,16 @@ enum ElementKind : int16_t {
   InsertPlaceholder = 14,
 };
 
+// What each element type is called in texts: "series capacitor", ...
+inline const char* PartName(int16_t type) {
+  static const char* const kNames[] = {
+      "wire", "series capacitor", "shunt capacitor", "series inductor", "shunt inductor",
+      "line section", "series shorted stub", "series open stub", "shunt shorted stub",
+      "shunt open stub", "shunt series LC", "series parallel LC", "series resistor",
+      "shunt resistor"};
+  return type >= 0 && type <= ShuntResistor ? kNames[type] : "unknown part";
+}
+
 inline constexpr int kLastStage = 5;       // stages 1..5 run from the load to the generator
 inline constexpr int kStageCount = 21;     // ElementType(0..20)
 inline constexpr int kValueStageCount = 11;  // Value(0..10, ·)

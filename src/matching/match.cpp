@@ -1,0 +1,220 @@
+#include "matching/match.h"
+
+#include <algorithm>
+#include <cmath>
+#include <sstream>
+
+#include "analysis/sweep.h"
+#include "matching/synthesis.h"
+#include "model/calculate.h"
+#include "model/format.h"
+
+namespace kalvex {
+namespace {
+
+bool IsSeries(int16_t type) {
+  return type == SeriesCapacitor || type == SeriesInductor || type == SeriesLine ||
+         type == SeriesShortedStub || type == SeriesOpenStub || type == SeriesParallelLC ||
+         type == SeriesResistor;
+}
+
+// Lumped parts only: series inductors with shunt capacitors pass the low
+// frequencies, series capacitors with shunt inductors the high ones; a mix,
+// and anything made of lines (which repeats along the frequency axis), a band.
+MatchResponse ResponseOf(const MatchStages& stages) {
+  bool low = false;
+  bool high = false;
+  for (const MatchStage& stage : stages) {
+    switch (stage.type) {
+      case SeriesInductor: case ShuntCapacitor: low = true; break;
+      case SeriesCapacitor: case ShuntInductor: high = true; break;
+      default: return MatchResponse::BandPass;
+    }
+  }
+  if (low && !high) return MatchResponse::LowPass;
+  if (high && !low) return MatchResponse::HighPass;
+  return MatchResponse::BandPass;
+}
+
+// DC reaches the load when no series part blocks it and no shunt part shorts it.
+bool PassesDC(const MatchStages& stages) {
+  for (const MatchStage& stage : stages) {
+    switch (stage.type) {
+      case SeriesCapacitor: case SeriesOpenStub: case ShuntInductor: case ShuntShortedStub:
+        return false;
+      default: break;
+    }
+  }
+  return true;
+}
+
+// A session holding just the solution's stages, lossless or through Accept.
+Session WithStages(const Session& session, const MatchStages& stages, bool accepted) {
+  Session trial = session;
+  for (int s = 1; s <= kLastStage; ++s) {
+    trial.ElementType[s] = Empty;
+    std::fill(trial.Value[s].begin(), trial.Value[s].end(), 0.0);
+  }
+  for (std::size_t k = 0; k < stages.size() && k < kLastStage; ++k) {
+    const int s = static_cast<int>(k) + 1;
+    const MatchStage& stage = stages[k];
+    const StageValues values = accepted ? AcceptedValues(session, stage.type, stage.values) : stage.values;
+    trial.ElementType[s] = stage.type;
+    for (int j = 1; j <= kValueSlots; ++j) trial.Value[s][j] = values[j];
+  }
+  return trial;
+}
+
+// The largest |X| / R of the impedances at the nodes after each stage.
+double LoadedQ(const Session& session, const MatchStages& stages) {
+  double q = 0;
+  for (std::size_t n = 1; n <= stages.size(); ++n) {
+    Session trial = WithStages(session, MatchStages(stages.begin(), stages.begin() + n), false);
+    CalculateNetwork(trial, trial.DataIndex);
+    q = std::max(q, std::fabs(trial.InputX) / std::max(trial.InputR, 1e-300));
+  }
+  return q;
+}
+
+// A value the Design page's Accept would change (a Q of 0 becomes the default
+// Q as intended; anything else changed is outside what the page takes).
+bool OutOfRange(const Session& session, const MatchStage& stage) {
+  const StageValues accepted = AcceptedValues(session, stage.type, stage.values);
+  for (int j = 1; j <= kValueSlots; ++j) {
+    const bool qSlot = (j == 2 && stage.type <= ShuntInductor) ||
+                       ((j == 2 || j == 4) && (stage.type == ShuntSeriesLC || stage.type == SeriesParallelLC));
+    if (!qSlot && accepted[j] != stage.values[j]) return true;
+  }
+  return false;
+}
+
+MatchSolution Evaluate(const Session& session, MatchKind kind, const MatchStages& stages) {
+  MatchSolution solution{kind, stages};
+  solution.loadedQ = LoadedQ(session, stages);
+  solution.response = ResponseOf(stages);
+  solution.passesDC = PassesDC(stages);
+  solution.outOfRange = std::any_of(stages.begin(), stages.end(),
+                                    [&session](const MatchStage& s) { return OutOfRange(session, s); });
+  Session built = WithStages(session, stages, true);
+  CalculateNetwork(built, built.DataIndex);
+  solution.input = {built.InputR, built.InputX};
+  const SweepIndexes indexes = RunSweepPoints(built, SweepUse::Table);
+  for (int k = indexes.first; k <= indexes.last; ++k) {
+    solution.worstVSWR = std::max(solution.worstVSWR, built.SweepVSWR[k]);
+  }
+  if (indexes.last < indexes.first) {
+    solution.worstVSWR = VSWROf(PlotImpedance(solution.input.R, solution.input.X, session.SystemZ).rho);
+  }
+  return solution;
+}
+
+bool SameStages(const MatchStages& a, const MatchStages& b) {
+  return std::equal(a.begin(), a.end(), b.begin(), b.end(), [](const MatchStage& x, const MatchStage& y) {
+    return x.type == y.type && std::equal(x.values.begin(), x.values.end(), y.values.begin(),
+                                          [](double u, double v) { return std::fabs(u - v) <= 1e-9 * std::fabs(u); });
+  });
+}
+
+std::string QText(double q) {
+  std::ostringstream text;
+  text.precision(4);
+  text << q;
+  return text.str();
+}
+
+}  // namespace
+
+const char* MatchKindName(MatchKind kind) {
+  switch (kind) {
+    case MatchKind::L: return "L";
+    case MatchKind::Pi: return "Pi";
+    case MatchKind::T: return "T";
+    case MatchKind::Stub: return "stub";
+    case MatchKind::QuarterWave: return "quarter-wave";
+    case MatchKind::Binomial: return "binomial";
+    case MatchKind::Chebyshev: return "chebyshev";
+  }
+  return "";
+}
+
+const char* MatchResponseName(MatchResponse response) {
+  switch (response) {
+    case MatchResponse::LowPass: return "low-pass";
+    case MatchResponse::HighPass: return "high-pass";
+    case MatchResponse::BandPass: return "band-pass";
+  }
+  return "";
+}
+
+MatchLoad LoadToMatch(const Session& session) {
+  if (session.LoadSource == 2) {
+    const int k = std::clamp<int>(session.DataIndex, 1, kLoadPointCount - 1);
+    return {{session.LoadR[k], session.LoadX[k]}, session.LoadFreq[k]};
+  }
+  return {{session.Value[0][1], session.Value[0][2]}, session.Frequency};
+}
+
+MatchResult FindMatches(const Session& session, const MatchRequest& request) {
+  MatchResult result;
+  const auto [load, f] = LoadToMatch(session);
+  const double z0 = session.SystemZ;
+  if (!(load.R > 0) || !(f > 0) || !(z0 > 0) || !std::isfinite(load.X)) {
+    result.notes.push_back("No matching network exists for a load without resistance.");
+    return result;
+  }
+  Session base = session;
+  if (base.LoadSource != 2) base.LoadSource = 1;
+  base.DataIndex = base.LoadSource == 2 ? static_cast<int16_t>(base.SweepPoints / 2 + 1) : 1;
+
+  const double smallestQ = std::max(SmallestPiQ(load, z0), SmallestTQ(load, z0));
+  const double q = request.loadedQ > 0 ? request.loadedQ : std::max(1.0, 2 * smallestQ);
+  std::vector<int> sectionCounts = {2, 3, 4};
+  if (request.sections >= 2 && request.sections <= 4) sectionCounts = {request.sections};
+
+  for (const MatchKind kind : request.kinds) {
+    std::vector<MatchStages> found;
+    switch (kind) {
+      case MatchKind::L: found = LNetworks(load, z0, f); break;
+      case MatchKind::Pi: case MatchKind::T: {
+        const double smallest = kind == MatchKind::Pi ? SmallestPiQ(load, z0) : SmallestTQ(load, z0);
+        if (q < smallest) {
+          result.refusal = "A loaded Q of " + QText(q) + " is too small for a " + MatchKindName(kind) +
+                           " network on this load: the smallest possible is " + QText(smallest) + ".";
+          continue;
+        }
+        found = kind == MatchKind::Pi ? PiNetworks(load, z0, f, q) : TNetworks(load, z0, f, q);
+        break;
+      }
+      case MatchKind::Stub: found = StubMatches(load, z0, f); break;
+      case MatchKind::QuarterWave: found = QuarterWaveMatches(load, z0, f); break;
+      case MatchKind::Binomial: case MatchKind::Chebyshev:
+        for (const int n : sectionCounts) {
+          const auto more = kind == MatchKind::Binomial ? BinomialMatches(load, z0, f, n)
+                                                        : ChebyshevMatches(load, z0, f, n, request.rippleDb);
+          found.insert(found.end(), more.begin(), more.end());
+        }
+        break;
+    }
+    std::vector<MatchStages> distinct;
+    for (const MatchStages& stages : found) {
+      const bool repeated = std::any_of(distinct.begin(), distinct.end(),
+                                        [&stages](const MatchStages& d) { return SameStages(d, stages); });
+      if (!repeated && !stages.empty() && stages.size() <= kLastStage) distinct.push_back(stages);
+    }
+    if (distinct.empty()) {
+      result.notes.push_back(std::string("No ") + MatchKindName(kind) + " match exists for this load.");
+    }
+    for (const MatchStages& stages : distinct) result.solutions.push_back(Evaluate(base, kind, stages));
+  }
+  std::stable_sort(result.solutions.begin(), result.solutions.end(),
+                   [](const MatchSolution& a, const MatchSolution& b) { return a.loadedQ < b.loadedQ; });
+  return result;
+}
+
+void ApplyMatch(Session& session, const MatchSolution& solution) {
+  const Session built = WithStages(session, solution.stages, true);
+  session.ElementType = built.ElementType;
+  session.Value = built.Value;
+}
+
+}  // namespace kalvex
