@@ -33,6 +33,15 @@ constexpr std::array kCommands = {
             "      impedance, over an AC sweep of the file's sweep settings; to OUT or standard\n"
             "      output",
             RunSpiceCommand},
+    Command{"match",
+            "match FILE [--kinds L,PI,T,STUB,QW,MULTI] [--q Q] [--sections N] [--ripple DB]\n"
+            "            [--json] [--apply N -o OUT]",
+            "every matching network for FILE's load at its frequency to the system impedance:\n"
+            "      L, Pi and T networks (loaded Q --q), single stubs, quarter-wave and binomial\n"
+            "      and Chebyshev transformers (--sections 2..4, --ripple in dB), lowest loaded Q\n"
+            "      first, as a table or with --json as one object; --apply N writes FILE's\n"
+            "      network with solution N to the network file OUT",
+            RunMatchCommand},
     Command{"render",
             "render [FILE] --page welcome|design|analysis [--grid 1..6] [--zoom N] [--aspect A]\n"
             "             [--q-arcs] [--vswr-circle] [--sweep] [--load LOADFILE] [--size WxH]\n"

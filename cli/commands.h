@@ -22,6 +22,8 @@ int RunSweepCommand(const Command& self, const std::vector<std::string>& words, 
              std::ostream& err);
 int RunSpiceCommand(const Command& self, const std::vector<std::string>& words, std::ostream& out,
                     std::ostream& err);
+int RunMatchCommand(const Command& self, const std::vector<std::string>& words, std::ostream& out,
+                    std::ostream& err);
 int RunPrintCommand(const Command& self, const std::vector<std::string>& words, std::ostream& out,
                     std::ostream& err);
 int RunRenderCommand(const Command& self, const std::vector<std::string>& words, std::ostream& out,

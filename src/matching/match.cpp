@@ -65,8 +65,32 @@ Session WithStages(const Session& session, const MatchStages& stages, bool accep
   return trial;
 }
 
-// The largest |X| / R of the impedances at the nodes after each stage.
-double LoadedQ(const Session& session, const MatchStages& stages) {
+bool IsLumped(MatchKind kind) {
+  return kind == MatchKind::L || kind == MatchKind::Pi || kind == MatchKind::T;
+}
+
+// The loaded Q of a lumped network: the largest |X| / R of the impedances at
+// the nodes after each stage. A network of lines has real impedances at its
+// nodes at the working frequency: its loaded Q is that of its input, from the
+// slope of the input reactance, ω / 2R · dX/dω.
+double LoadedQ(const Session& session, MatchKind kind, const MatchStages& stages) {
+  if (!IsLumped(kind)) {
+    Session trial = WithStages(session, stages, false);
+    trial.LoadSource = 1;
+    trial.Value[0][1] = LoadToMatch(session).z.R;
+    trial.Value[0][2] = LoadToMatch(session).z.X;
+    const double f = LoadToMatch(session).frequency;
+    constexpr double kStep = 1e-6;
+    double x[2];
+    for (int side = 0; side < 2; ++side) {
+      trial.Frequency = f * (side == 0 ? 1 - kStep : 1 + kStep);
+      CalculateNetwork(trial, 1);
+      x[side] = trial.InputX;
+    }
+    trial.Frequency = f;
+    CalculateNetwork(trial, 1);
+    return std::fabs(x[1] - x[0]) / (2 * kStep) / (2 * trial.InputR);
+  }
   double q = 0;
   for (std::size_t n = 1; n <= stages.size(); ++n) {
     Session trial = WithStages(session, MatchStages(stages.begin(), stages.begin() + n), false);
@@ -90,7 +114,7 @@ bool OutOfRange(const Session& session, const MatchStage& stage) {
 
 MatchSolution Evaluate(const Session& session, MatchKind kind, const MatchStages& stages) {
   MatchSolution solution{kind, stages};
-  solution.loadedQ = LoadedQ(session, stages);
+  solution.loadedQ = LoadedQ(session, kind, stages);
   solution.response = ResponseOf(stages);
   solution.passesDC = PassesDC(stages);
   solution.outOfRange = std::any_of(stages.begin(), stages.end(),

@@ -13,6 +13,7 @@
 #include "ui/design_page.h"
 #include "ui/exit_dialog.h"
 #include "ui/keys.h"
+#include "ui/match_dialog.h"
 #include "ui/page_renderer.h"
 #include "ui/overlay_setup_dialog.h"
 #include "ui/sweep_setup_dialog.h"
@@ -147,7 +148,14 @@ AnalysisPage::AnalysisPage(Session& session, Dialogs& dialogs)
             {QKeySequence(Qt::CTRL | Qt::Key_E), "Export the chart as PNG, SVG or PDF",
              [this] { ExportImage(); }},
             {QKeySequence(Qt::Key_Plus), "Zoom in", [this] { cmdIn->click(); }},
-            {QKeySequence(Qt::Key_Minus), "Zoom out", [this] { cmdOut->click(); }}});
+            {QKeySequence(Qt::Key_Minus), "Zoom out", [this] { cmdOut->click(); }},
+            {QKeySequence(Qt::CTRL | Qt::Key_M), "Match: compute a matching network for the load",
+             [this] {
+               // A new network: the page opens again on it, as a visit would.
+               if (MatchDialog(session_, this).exec() == QDialog::Accepted) {
+                 SwitchTo(new AnalysisPage(session_, dialogs_));
+               }
+             }}});
   connect(cmdExit, &QPushButton::clicked, this,
           [this] { ExitDialog(session_, dialogs_, this).exec(); });
   // A typed factor counts once the user presses Enter or leaves the box, so

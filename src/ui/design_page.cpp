@@ -4,6 +4,7 @@
 #include "design/welcome_pictures.h"
 #include "files/load_data_file.h"
 #include "files/network_file.h"
+#include "ui/match_dialog.h"
 #include "files/spice_deck.h"
 #include "model/format.h"
 #include "ui/analysis_page.h"
@@ -102,7 +103,9 @@ DesignPage::DesignPage(Session& session, Dialogs& dialogs)
             {QKeySequence(Qt::CTRL | Qt::Key_Comma), "Setup: line length unit and velocity factor",
              [this] { cmdSetup->click(); }},
             {QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_E), "Write LTspice: the network as a SPICE deck",
-             [this] { cmdSpice->click(); }}});
+             [this] { cmdSpice->click(); }},
+            {QKeySequence(Qt::CTRL | Qt::Key_M), "Match: compute a matching network for the load",
+             [this] { OpenMatch(); }}});
   connect(cmdExit, &QPushButton::clicked, this,
           [this] { ExitDialog(session_, dialogs_, this).exec(); });
   FollowLayoutWithTab();
@@ -219,6 +222,10 @@ void DesignPage::GetNetwork() {
   session_.FileName = chosen;
   ReadNetworkFile(session_, dialogs_, session_.FileName);
   ReopenDesignPage();
+}
+
+void DesignPage::OpenMatch() {
+  if (MatchDialog(session_, this).exec() == QDialog::Accepted) ReopenDesignPage();
 }
 
 void DesignPage::OpenOptions() {

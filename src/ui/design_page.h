@@ -56,6 +56,7 @@ class DesignPage : public Page {
 
  protected:
   void OnMouseDown(int button, double x, double y) override;
+  void OpenMatch();
   bool OnUserClose() override;
 
  private:

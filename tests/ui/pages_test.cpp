@@ -14,6 +14,7 @@
 #include "ui/design_page.h"
 #include "ui/page_renderer.h"
 #include "print/paper.h"
+#include "ui/match_dialog.h"
 #include "ui/options_page.h"
 #include "ui/qt_print_job.h"
 #include "ui/welcome_page.h"
@@ -393,6 +394,23 @@ TEST(PrintedPage, KeepsItsProportionsOnA4AndLetter) {
     EXPECT_NEAR(frame.width() / frame.height(), kChartPaper.width / kChartPaper.height, 1e-9);
     EXPECT_TRUE(QRectF(QPointF(0, 0), printer.pageRect(QPrinter::DevicePixel).size()).contains(frame));
   }
+}
+
+// Apply in the Match dialog puts the chosen network into the stages.
+TEST_F(DesignPageTest, MatchDialogAppliesTheChosenNetwork) {
+  session.Value[0][1] = 25;
+  session.Value[0][2] = 80;
+  MatchDialog dialog(session);
+  dialog.cboKind->setCurrentIndex(1);  // L networks
+  dialog.cmdCompute->click();
+  ASSERT_EQ(dialog.lstSolutions->rowCount(), 4);
+  dialog.lstSolutions->selectRow(3);
+  const QString parts = dialog.lstSolutions->item(3, 1)->text();
+  dialog.cmdApply->click();
+  EXPECT_EQ(dialog.result(), QDialog::Accepted);
+  EXPECT_TRUE(parts.startsWith(PartName(session.ElementType[1])));
+  EXPECT_TRUE(parts.contains(QString("; ") + PartName(session.ElementType[2])));
+  EXPECT_EQ(session.ElementType[3], Empty);
 }
 
 }  // namespace

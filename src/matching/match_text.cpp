@@ -1,0 +1,91 @@
+#include "matching/match_text.h"
+
+#include <charconv>
+#include <cstdio>
+
+#include "design/schematic.h"
+#include "model/format.h"
+#include "model/trim.h"
+
+namespace kalvex {
+namespace {
+
+// Shortest text that reads back to the same double; JSON has no infinity.
+std::string Json(double value) {
+  if (!std::isfinite(value)) return "null";
+  char buffer[32];
+  return std::string(buffer, std::to_chars(buffer, buffer + sizeof buffer, value).ptr);
+}
+
+std::string Fixed(const char* format, double value) {
+  char buffer[64];
+  std::snprintf(buffer, sizeof buffer, format, value);
+  return buffer;
+}
+
+// Number texts carry blanks of their own: one blank between words is enough here.
+std::string OneBlank(std::string text) {
+  std::string collapsed;
+  for (const char c : text) {
+    if (c != ' ' || (!collapsed.empty() && collapsed.back() != ' ')) collapsed += c;
+  }
+  while (!collapsed.empty() && collapsed.back() == ' ') collapsed.pop_back();
+  return collapsed;
+}
+
+}  // namespace
+
+std::string MatchPartsText(const MatchSolution& solution) {
+  std::string text;
+  for (const MatchStage& stage : solution.stages) {
+    std::array<double, kSlotCount> values{};
+    std::copy(stage.values.begin(), stage.values.end(), values.begin());
+    text += (text.empty() ? "" : "; ") + std::string(PartName(stage.type));
+    for (const std::string& line : PartValueLines(stage.type, values)) {
+      if (!line.starts_with("Q:")) text += " " + std::string(Trim(line, " "));
+    }
+  }
+  return OneBlank(text) + (solution.outOfRange ? " (a value outside what the Design page accepts)" : "");
+}
+
+std::string MatchJson(const Session& session, const MatchResult& result) {
+  const MatchLoad load = LoadToMatch(session);
+  std::string json = "{\"frequency\": " + Json(load.frequency) + ", \"load\": [" + Json(load.z.R) +
+                     ", " + Json(load.z.X) + "], \"system_impedance\": " + Json(session.SystemZ) +
+                     ", \"solutions\": [";
+  for (std::size_t n = 0; n < result.solutions.size(); ++n) {
+    const MatchSolution& s = result.solutions[n];
+    json += std::string(n == 0 ? "" : ", ") + "{\"kind\": \"" + MatchKindName(s.kind) + "\", \"stages\": [";
+    for (std::size_t k = 0; k < s.stages.size(); ++k) {
+      const StageValues& v = s.stages[k].values;
+      json += std::string(k == 0 ? "" : ", ") + "{\"type\": " + std::to_string(s.stages[k].type) +
+              ", \"values\": [" + Json(v[1]) + ", " + Json(v[2]) + ", " + Json(v[3]) + ", " +
+              Json(v[4]) + ", 0]}";
+    }
+    json += "], \"loaded_q\": " + Json(s.loadedQ) + ", \"response\": \"" +
+            MatchResponseName(s.response) + "\", \"dc\": \"" + (s.passesDC ? "passes" : "blocks") +
+            "\", \"input\": [" + Json(s.input.R) + ", " + Json(s.input.X) +
+            "], \"worst_vswr\": " + Json(s.worstVSWR) + "}";
+  }
+  return json + "]}\n";
+}
+
+std::string MatchTable(const Session& session, const MatchResult& result) {
+  const MatchLoad load = LoadToMatch(session);
+  std::string text = OneBlank("Load " + LoadValueText(load.z.R, load.z.X) + " ohms at " +
+                              FormatSI(load.frequency) + "Hz to " + FormatGeneral(session.SystemZ) +
+                              " ohms") + "\n" +
+                     " #  kind          loaded Q  response   DC      worst VSWR  input (ohms)          parts from the load\n";
+  for (std::size_t n = 0; n < result.solutions.size(); ++n) {
+    const MatchSolution& s = result.solutions[n];
+    char row[160];
+    std::snprintf(row, sizeof row, "%2zu  %-12s  %-8s  %-9s  %-6s  %-10s  %-20s  ", n + 1,
+                  MatchKindName(s.kind), Fixed("%.4g", s.loadedQ).c_str(), MatchResponseName(s.response),
+                  s.passesDC ? "passes" : "blocks", Fixed("%.4g", s.worstVSWR).c_str(),
+                  (Fixed("%.6g", s.input.R) + Fixed(" %+.4g", s.input.X)).c_str());
+    text += row + MatchPartsText(s) + "\n";
+  }
+  return text;
+}
+
+}  // namespace kalvex

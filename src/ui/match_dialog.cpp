@@ -1,0 +1,112 @@
+#include "ui/match_dialog.h"
+
+#include <QGridLayout>
+#include <QHeaderView>
+#include <QVBoxLayout>
+
+#include "matching/match_text.h"
+#include "model/format.h"
+#include "ui/controls.h"
+
+namespace kalvex {
+namespace {
+
+const std::vector<std::vector<MatchKind>> kKindChoices = {
+    {MatchKind::L, MatchKind::Pi, MatchKind::T, MatchKind::Stub, MatchKind::QuarterWave,
+     MatchKind::Binomial, MatchKind::Chebyshev},
+    {MatchKind::L}, {MatchKind::Pi}, {MatchKind::T}, {MatchKind::Stub}, {MatchKind::QuarterWave},
+    {MatchKind::Binomial, MatchKind::Chebyshev}};
+
+QString Number(double value) { return QString::number(value, 'g', 4); }
+
+}  // namespace
+
+MatchDialog::MatchDialog(Session& session, QWidget* parent)
+    : QDialog(parent),
+      cboKind(new QComboBox(this)),
+      txtQ(new QLineEdit(this)),
+      cboSections(new QComboBox(this)),
+      txtRipple(new QLineEdit("0.1", this)),
+      cmdCompute(new QPushButton("Compute", this)),
+      lstSolutions(new QTableWidget(this)),
+      lblNotes(new QLabel(this)),
+      cmdApply(new QPushButton("Apply", this)),
+      cmdClose(new QPushButton("Close", this)),
+      session_(session) {
+  setWindowTitle("Match");
+  setModal(true);
+  DialogFrame(this);
+  cboKind->addItems({"All kinds", "L", "Pi", "T", "Stub", "Quarter-wave", "Multi-section"});
+  cboSections->addItems({"2 to 4", "2", "3", "4"});
+  txtQ->setPlaceholderText("twice the smallest");
+  lstSolutions->setColumnCount(6);
+  lstSolutions->setHorizontalHeaderLabels({"Kind", "Parts from the load", "Loaded Q", "Response", "DC", "Worst VSWR"});
+  lstSolutions->setSelectionBehavior(QAbstractItemView::SelectRows);
+  lstSolutions->setSelectionMode(QAbstractItemView::SingleSelection);
+  lstSolutions->setEditTriggers(QAbstractItemView::NoEditTriggers);
+  lstSolutions->horizontalHeader()->setSectionResizeMode(1, QHeaderView::Stretch);
+  lblNotes->setWordWrap(true);
+
+  auto* choices = new QGridLayout;
+  const std::pair<const char*, QWidget*> fields[] = {
+      {"Kind", cboKind}, {"Loaded Q (Pi, T)", txtQ}, {"Sections", cboSections}, {"Ripple (dB)", txtRipple}};
+  int column = 0;
+  for (const auto& [caption, field] : fields) {
+    choices->addWidget(new QLabel(caption, this), 0, column);
+    choices->addWidget(field, 1, column++);
+  }
+  choices->addWidget(cmdCompute, 1, column);
+  auto* buttons = new QHBoxLayout;
+  buttons->addStretch();
+  buttons->addWidget(cmdApply);
+  buttons->addWidget(cmdClose);
+  auto* layout = new QVBoxLayout(this);
+  layout->addLayout(choices);
+  layout->addWidget(lstSolutions);
+  layout->addWidget(lblNotes);
+  layout->addLayout(buttons);
+  resize(Twips(16000), Twips(7000));
+
+  connect(cmdCompute, &QPushButton::clicked, this, &MatchDialog::Compute);
+  connect(cmdApply, &QPushButton::clicked, this, &MatchDialog::Apply);
+  connect(cmdClose, &QPushButton::clicked, this, &QDialog::reject);
+  connect(lstSolutions, &QTableWidget::cellDoubleClicked, this, &MatchDialog::Apply);
+  Compute();
+}
+
+void MatchDialog::Compute() {
+  MatchRequest request;
+  request.kinds = kKindChoices[static_cast<std::size_t>(std::max(0, cboKind->currentIndex()))];
+  request.loadedQ = txtQ->text().trimmed().isEmpty() ? 0 : ParseValue(txtQ->text().toStdString());
+  request.sections = cboSections->currentIndex() == 0 ? 0 : cboSections->currentIndex() + 1;
+  request.rippleDb = ParseValue(txtRipple->text().toStdString());
+  if (!(request.rippleDb > 0)) request.rippleDb = 0.1;
+  result_ = FindMatches(session_, request);
+
+  lstSolutions->setRowCount(static_cast<int>(result_.solutions.size()));
+  for (int row = 0; row < lstSolutions->rowCount(); ++row) {
+    const MatchSolution& s = result_.solutions[static_cast<std::size_t>(row)];
+    const QString cells[] = {MatchKindName(s.kind), Q(MatchPartsText(s)), Number(s.loadedQ),
+                             MatchResponseName(s.response), s.passesDC ? "passes" : "blocks",
+                             Number(s.worstVSWR)};
+    for (int column = 0; column < 6; ++column) {
+      lstSolutions->setItem(row, column, new QTableWidgetItem(cells[column]));
+    }
+  }
+  lstSolutions->resizeColumnToContents(0);
+  if (lstSolutions->rowCount() > 0) lstSolutions->selectRow(0);
+  QStringList notes;
+  for (const std::string& note : result_.notes) notes << Q(note);
+  if (!result_.refusal.empty()) notes << Q(result_.refusal);
+  lblNotes->setText(notes.join("\n"));
+  cmdApply->setEnabled(lstSolutions->rowCount() > 0);
+}
+
+void MatchDialog::Apply() {
+  const int row = lstSolutions->currentRow();
+  if (row < 0 || row >= static_cast<int>(result_.solutions.size())) return;
+  ApplyMatch(session_, result_.solutions[static_cast<std::size_t>(row)]);
+  accept();
+}
+
+}  // namespace kalvex
