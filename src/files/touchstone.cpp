@@ -287,7 +287,8 @@ std::string TouchstoneText(const Session& session, const std::string& dateTime) 
   for (int k = indexes.first; k <= indexes.last; ++k) {
     if (!IsFiniteSweepPoint(session, k)) continue;
     const Complex z = Complex(session.SweepR[k], session.SweepX[k]) / session.SystemZ;
-    const Complex gamma = (z - 1.0) / (z + 1.0);
+    // A huge impedance would overflow the quotient's square: 1 − 2 / (z + 1) is the same there.
+    const Complex gamma = std::abs(z) < 1e100 ? (z - 1.0) / (z + 1.0) : 1.0 - 2.0 / (z + 1.0);
     text += Exact(session.SweepFreq[k]) + " " + Exact(gamma.real()) + " " + Exact(gamma.imag()) +
             "\n";
   }
