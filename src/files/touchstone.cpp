@@ -287,8 +287,12 @@ std::string TouchstoneText(const Session& session, const std::string& dateTime) 
   for (int k = indexes.first; k <= indexes.last; ++k) {
     if (!IsFiniteSweepPoint(session, k)) continue;
     const Complex z = Complex(session.SweepR[k], session.SweepX[k]) / session.SystemZ;
-    // A huge impedance would overflow the quotient's square: 1 − 2 / (z + 1) is the same there.
-    const Complex gamma = std::abs(z) < 1e100 ? (z - 1.0) / (z + 1.0) : 1.0 - 2.0 / (z + 1.0);
+    Complex gamma = (z - 1.0) / (z + 1.0);
+    // Where that overflows (a huge impedance, or exactly −SystemZ) the sweep's
+    // own reflection stands, the chart's: its reactance of 0 taken as 1e-12.
+    if (!std::isfinite(gamma.real()) || !std::isfinite(gamma.imag())) {
+      gamma = std::polar(session.SweepRho[k], session.SweepAngle[k] * kDegree);
+    }
     text += Exact(session.SweepFreq[k]) + " " + Exact(gamma.real()) + " " + Exact(gamma.imag()) +
             "\n";
   }
