@@ -42,17 +42,26 @@ constexpr std::array kCommands = {
             "      first, as a table or with --json as one object; --apply N writes FILE's\n"
             "      network with solution N to the network file OUT",
             RunMatchCommand},
+    Command{"band",
+            "band FILE [--start HZ] [--stop HZ] [--points N] [--load LOADFILE]\n"
+            "           [--thresholds 1.5,2,3] [--json] [-o OUT]",
+            "the match over the sweep band: worst and best VSWR and return loss, the band\n"
+            "      edges at each VSWR threshold with the bandwidth, and the Bode-Fano bound of\n"
+            "      the load with how much of it the network reaches; with --json one object",
+            RunBandCommand},
     Command{"render",
-            "render [FILE] --page welcome|design|analysis [--grid 1..6] [--zoom N] [--aspect A]\n"
-            "             [--q-arcs] [--vswr-circle] [--sweep] [--load LOADFILE] [--size WxH]\n"
-            "             [--screen WxH] -o OUT",
+            "render [FILE] --page welcome|design|analysis|band [--grid 1..6] [--zoom N]\n"
+            "             [--aspect A] [--q-arcs] [--vswr-circle] [--sweep] [--load LOADFILE]\n"
+            "             [--start HZ] [--stop HZ] [--points N] [--plot vswr|rl|gamma]\n"
+            "             [--size WxH] [--screen WxH] -o OUT",
             "draws the welcome page, the Design page's schematic and library, or the Analysis\n"
             "      page's chart with the network's path, for FILE's network (without FILE: the\n"
             "      one Kalvex would start with), to a PNG, SVG or PDF file chosen by OUT's\n"
             "      suffix; 1920x1080 pixels unless --size, the page in the proportions of a\n"
             "      1920x1080 screen unless --screen; the chart at grid type, zoom factor\n"
             "      (1..8) and aspect (0.5..1.5), with the Q arcs, the VSWR circle and the sweep\n"
-            "      of FILE's settings, over the points of a load-data file with --load",
+            "      of FILE's settings, over the points of a load-data file with --load; or the\n"
+            "      band plot of VSWR, return loss or |Gamma| against frequency over the sweep",
             nullptr},
     Command{"print",
             "print FILE [--table] [--start HZ] [--stop HZ] [--points N] [--load LOADFILE]\n"

@@ -1,6 +1,8 @@
 #include <memory>
 #include <regex>
 
+#include "analysis/band.h"
+#include "analysis/band_plot.h"
 #include "analysis/redraw.h"
 #include "chart/analysis_view.h"
 #include "chart/chart_view.h"
@@ -46,13 +48,18 @@ int RunRenderCommand(const Command& command, const std::vector<std::string>& wor
               std::ostream& err) {
   std::string problem;
   const auto arguments = SplitArguments(
-      words, {"--page", "--size", "--screen", "--grid", "--zoom", "--aspect", "--load", "-o"},
+      words, {"--page", "--size", "--screen", "--grid", "--zoom", "--aspect", "--load", "--start",
+              "--stop", "--points", "--plot", "-o"},
       {"--q-arcs", "--vswr-circle", "--sweep"}, problem);
   if (!arguments) return UsageError(command, problem, err);
   if (arguments->positional.size() > 1) return UsageError(command, "at most one FILE", err);
   const std::string page = arguments->Option("--page").value_or("");
-  if (page != "welcome" && page != "design" && page != "analysis") {
-    return UsageError(command, "--page takes welcome, design or analysis", err);
+  if (page != "welcome" && page != "design" && page != "analysis" && page != "band") {
+    return UsageError(command, "--page takes welcome, design, analysis or band", err);
+  }
+  const std::string plot = arguments->Option("--plot").value_or("vswr");
+  if (plot != "vswr" && plot != "rl" && plot != "gamma") {
+    return UsageError(command, "--plot takes vswr, rl or gamma", err);
   }
   const auto aspect = arguments->Option("--aspect");
   const double aspectValue = aspect ? CliNumber(*aspect).value_or(0) : 0;
@@ -87,6 +94,16 @@ int RunRenderCommand(const Command& command, const std::vector<std::string>& wor
     DrawWelcomePage(drawing, session.ChartAspect, coilArcRadius);
   } else if (page == "design") {
     DrawDesignPage(session, drawing, coilArcRadius);
+  } else if (page == "band") {
+    if (session.LoadSource != 2) session.LoadSource = 1;
+    DrawBandPlot(ComputeBandFigures(session),
+                 plot == "rl" ? BandQuantity::ReturnLoss : plot == "gamma" ? BandQuantity::Gamma : BandQuantity::VSWR,
+                 drawing);
+    // The plot keeps its own proportions, whatever the screen.
+    const std::string failure = RenderToFile(drawing, kBandPage, size->width, size->height, *output);
+    if (failure.empty()) return kExitOk;
+    err << "kalvex-cli render: " << failure << "\n";
+    return kExitFailed;
   } else {
     if (aspect) session.ChartAspect = static_cast<float>(aspectValue);
     session.LoadSource = session.LoadSource == 0 ? 1 : session.LoadSource;

@@ -10,6 +10,7 @@
 
 #include "files/line_reader.h"
 #include "files/text_file.h"
+#include "model/number_text.h"
 #include "model/sweep_indexes.h"
 #include "model/trim.h"
 
@@ -231,12 +232,6 @@ std::string LeftOutMessage(const std::string& name, const std::vector<long>& lin
          " no finite load impedance and" + (lines.size() == 1 ? " is" : " are") + " left out.";
 }
 
-// Full precision, shortest round-tripping text.
-std::string Exact(double value) {
-  char buffer[32];
-  return std::string(buffer, std::to_chars(buffer, buffer + sizeof buffer, value).ptr);
-}
-
 }  // namespace
 
 bool IsTouchstoneName(const std::string& name) { return PortsOfName(name) > 0; }
@@ -282,7 +277,7 @@ std::string TouchstoneText(const Session& session, const std::string& dateTime) 
   std::string text = "! Kalvex " + session.Version + ", " + dateTime + "\n";
   text += "! input reflection of the network, sweep of " + std::to_string(session.SweepPoints) +
           " points\n";
-  text += "# Hz S RI R " + Exact(session.SystemZ) + "\n";
+  text += "# Hz S RI R " + ExactNumberText(session.SystemZ) + "\n";
   const SweepIndexes indexes = SweepIndexesOf(session);
   for (int k = indexes.first; k <= indexes.last; ++k) {
     if (!IsFiniteSweepPoint(session, k)) continue;
@@ -293,7 +288,7 @@ std::string TouchstoneText(const Session& session, const std::string& dateTime) 
     if (!std::isfinite(gamma.real()) || !std::isfinite(gamma.imag())) {
       gamma = std::polar(session.SweepRho[k], session.SweepAngle[k] * kDegree);
     }
-    text += Exact(session.SweepFreq[k]) + " " + Exact(gamma.real()) + " " + Exact(gamma.imag()) +
+    text += ExactNumberText(session.SweepFreq[k]) + " " + ExactNumberText(gamma.real()) + " " + ExactNumberText(gamma.imag()) +
             "\n";
   }
   return text;

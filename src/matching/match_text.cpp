@@ -5,17 +5,11 @@
 
 #include "design/schematic.h"
 #include "model/format.h"
+#include "model/number_text.h"
 #include "model/trim.h"
 
 namespace kalvex {
 namespace {
-
-// Shortest text that reads back to the same double; JSON has no infinity.
-std::string Json(double value) {
-  if (!std::isfinite(value)) return "null";
-  char buffer[32];
-  return std::string(buffer, std::to_chars(buffer, buffer + sizeof buffer, value).ptr);
-}
 
 std::string Fixed(const char* format, double value) {
   char buffer[64];
@@ -50,8 +44,8 @@ std::string MatchPartsText(const MatchSolution& solution) {
 
 std::string MatchJson(const Session& session, const MatchResult& result) {
   const MatchLoad load = LoadToMatch(session);
-  std::string json = "{\"frequency\": " + Json(load.frequency) + ", \"load\": [" + Json(load.z.R) +
-                     ", " + Json(load.z.X) + "], \"system_impedance\": " + Json(session.SystemZ) +
+  std::string json = "{\"frequency\": " + JsonNumber(load.frequency) + ", \"load\": [" + JsonNumber(load.z.R) +
+                     ", " + JsonNumber(load.z.X) + "], \"system_impedance\": " + JsonNumber(session.SystemZ) +
                      ", \"solutions\": [";
   for (std::size_t n = 0; n < result.solutions.size(); ++n) {
     const MatchSolution& s = result.solutions[n];
@@ -59,13 +53,13 @@ std::string MatchJson(const Session& session, const MatchResult& result) {
     for (std::size_t k = 0; k < s.stages.size(); ++k) {
       const StageValues& v = s.stages[k].values;
       json += std::string(k == 0 ? "" : ", ") + "{\"type\": " + std::to_string(s.stages[k].type) +
-              ", \"values\": [" + Json(v[1]) + ", " + Json(v[2]) + ", " + Json(v[3]) + ", " +
-              Json(v[4]) + ", 0]}";
+              ", \"values\": [" + JsonNumber(v[1]) + ", " + JsonNumber(v[2]) + ", " + JsonNumber(v[3]) + ", " +
+              JsonNumber(v[4]) + ", 0]}";
     }
-    json += "], \"loaded_q\": " + Json(s.loadedQ) + ", \"response\": \"" +
+    json += "], \"loaded_q\": " + JsonNumber(s.loadedQ) + ", \"response\": \"" +
             MatchResponseName(s.response) + "\", \"dc\": \"" + (s.passesDC ? "passes" : "blocks") +
-            "\", \"input\": [" + Json(s.input.R) + ", " + Json(s.input.X) +
-            "], \"worst_vswr\": " + Json(s.worstVSWR) + "}";
+            "\", \"input\": [" + JsonNumber(s.input.R) + ", " + JsonNumber(s.input.X) +
+            "], \"worst_vswr\": " + JsonNumber(s.worstVSWR) + "}";
   }
   return json + "]}\n";
 }

@@ -1,6 +1,7 @@
 #include "model/number_text.h"
 
 #include <charconv>
+#include <cmath>
 
 namespace kalvex {
 
@@ -27,5 +28,12 @@ std::string PrintNumberText(double value, int significantDigits) {
   if (text.compare(digitsStart, 2, "0.") == 0) text.erase(digitsStart, 1);
   return negative ? text : " " + text;
 }
+
+std::string ExactNumberText(double value) {
+  char buffer[32];
+  return std::string(buffer, std::to_chars(buffer, buffer + sizeof buffer, value).ptr);
+}
+
+std::string JsonNumber(double value) { return std::isfinite(value) ? ExactNumberText(value) : "null"; }
 
 }  // namespace kalvex

@@ -17,4 +17,11 @@ std::string PlainNumberText(double value, int significantDigits);
 // no "0" stands before the point: " .5", " 14", "-.25".
 std::string PrintNumberText(double value, int significantDigits);
 
+// The shortest text that reads back to the same double ("1.4e+07"), as
+// machine-read outputs (Touchstone, JSON) carry numbers.
+std::string ExactNumberText(double value);
+
+// A number in JSON: ExactNumberText, or null where it is not finite.
+std::string JsonNumber(double value);
+
 }  // namespace kalvex

@@ -12,6 +12,7 @@
 #include "ui/controls.h"
 #include "ui/design_page.h"
 #include "ui/exit_dialog.h"
+#include "ui/band_window.h"
 #include "ui/keys.h"
 #include "ui/match_dialog.h"
 #include "ui/page_renderer.h"
@@ -146,9 +147,11 @@ AnalysisPage::AnalysisPage(Session& session, Dialogs& dialogs)
   BindKeys(this, dialogs_,
            {{QKeySequence(Qt::CTRL | Qt::Key_P), "Print", [this] { cmdPrint->click(); }},
             {QKeySequence(Qt::CTRL | Qt::Key_E), "Export the chart as PNG, SVG or PDF",
-             [this] { ExportImage(); }},
+             [this] { ExportImage(dialogs_, "Export chart image", kAnalysisPage); }},
             {QKeySequence(Qt::Key_Plus), "Zoom in", [this] { cmdIn->click(); }},
             {QKeySequence(Qt::Key_Minus), "Zoom out", [this] { cmdOut->click(); }},
+            {QKeySequence(Qt::CTRL | Qt::Key_G), "Band: VSWR against frequency, bandwidths, Bode-Fano bound",
+             [this] { BandWindow::Show(session_, dialogs_); }},
             {QKeySequence(Qt::CTRL | Qt::Key_M), "Match: compute a matching network for the load",
              [this] {
                // A new network: the page opens again on it, as a visit would.
@@ -191,6 +194,7 @@ void AnalysisPage::Redraw() {
   ShowSwitch(cmdVSWRon, OverlayOn(session_, Overlay::VSWRCircle));
   ShowSwitch(cmdSweep, session_.SweepShown == 1);
   update();
+  BandWindow::RefreshOpen();
 }
 
 void AnalysisPage::ShowSwitch(QPushButton* button, bool on) {
@@ -273,22 +277,6 @@ void AnalysisPage::ShowReadout(double x, double y) {
 void AnalysisPage::HideReadout() {
   for (QLabel* label : readoutCaptions) label->hide();
   for (QLabel* label : readoutValues) label->hide();
-}
-
-// The page's drawing as it stands, through the renderer kalvex-cli render
-// uses, at the size the window shows it; a name without a type takes the
-// chosen filter's.
-void AnalysisPage::ExportImage() {
-  const std::string chosen = dialogs_.ChooseSaveFile(
-      "Export chart image",
-      "PNG images (*.png)|*.png|SVG drawings (*.svg)|*.svg|PDF documents (*.pdf)|*.pdf", "");
-  if (chosen.empty()) return;
-  // The page as the window shows it, in its screen's proportions, without margins.
-  const QSizeF shown = Frame().size();
-  const std::string failure =
-      RenderToFile(Drawing(), kAnalysisPage, static_cast<int>(shown.width()),
-                   static_cast<int>(shown.height()), chosen, 0, {shown.width(), shown.height()});
-  if (!failure.empty()) dialogs_.Message("The chart was not exported: " + failure + ".");
 }
 
 void AnalysisPage::GoToDesignPage() {

@@ -74,7 +74,6 @@ class AnalysisPage : public Page {
   void ShowReadout(double x, double y);
   void HideReadout();
   void GoToDesignPage();
-  void ExportImage();
 
   Session& session_;
   Dialogs& dialogs_;

@@ -10,6 +10,7 @@
 
 #include "platform/pages.h"
 #include "ui/page_frame.h"
+#include "ui/page_renderer.h"
 #include "ui/painter_canvas.h"
 
 namespace kalvex {
@@ -62,6 +63,7 @@ const QRectF& Page::PlaceOf(QWidget* control) const {
 }
 
 QRectF Page::Frame() const {
+  if (ownProportions_) return PageFrame(size(), logicalSize_);
   const QScreen* shown = screen() != nullptr ? screen() : QGuiApplication::primaryScreen();
   return PageFrame(size(), shown != nullptr ? QSizeF(shown->availableGeometry().size()) : QSizeF(size()));
 }
@@ -126,6 +128,17 @@ void Page::mouseMoveEvent(QMouseEvent* event) {
 void Page::mouseReleaseEvent(QMouseEvent* event) {
   const QPointF p = ToPage(event->position());
   OnMouseUp(ButtonNumber(event->button()), p.x(), p.y());
+}
+
+void Page::ExportImage(Dialogs& dialogs, const std::string& title, PageSize page) {
+  const std::string chosen = dialogs.ChooseSaveFile(
+      title, "PNG images (*.png)|*.png|SVG drawings (*.svg)|*.svg|PDF documents (*.pdf)|*.pdf", "");
+  if (chosen.empty()) return;
+  const QSizeF shown = Frame().size();
+  const std::string failure =
+      RenderToFile(Drawing(), page, static_cast<int>(shown.width()), static_cast<int>(shown.height()),
+                   chosen, 0, {shown.width(), shown.height()});
+  if (!failure.empty()) dialogs.Message("The image was not exported: " + failure + ".");
 }
 
 void Page::CloseByProgram() {

@@ -5,7 +5,9 @@
 #include <QWidget>
 #include <vector>
 
+#include "platform/dialogs.h"
 #include "platform/display_list.h"
+#include "platform/pages.h"
 
 namespace kalvex {
 
@@ -29,6 +31,17 @@ class Page : public QWidget {
 
   // The page's drawing surface; call update() after drawing into it.
   DisplayList& Drawing() { return drawing_; }
+
+  // Ctrl+E: the page's drawing as it stands, through the renderer kalvex-cli
+  // render uses, at the size the window shows it, without margins, to a PNG,
+  // SVG or PDF file by the chosen type (a name without a type takes the
+  // chosen filter's); a failure is said.
+  void ExportImage(Dialogs& dialogs, const std::string& title, PageSize page);
+
+  // Draws the page in its own proportions rather than the screen's: a window
+  // that is not a page of the screen (the band plot) resizes without
+  // stretching.
+  void KeepOwnProportions() { ownProportions_ = true; }
 
   // Closes the page as the program, not the user, does.
   void CloseByProgram();
@@ -71,6 +84,7 @@ class Page : public QWidget {
   DisplayList drawing_;
   std::vector<Placement> placements_;
   bool closingByProgram_ = false;
+  bool ownProportions_ = false;
 };
 
 }  // namespace kalvex

@@ -8,6 +8,7 @@
 #include "files/sweep_data_file.h"
 #include "print/print_table.h"
 #include "ui/controls.h"
+#include "ui/band_window.h"
 #include "ui/keys.h"
 
 namespace kalvex {
@@ -55,7 +56,9 @@ TabulatePage::TabulatePage(Session& session, Dialogs& dialogs, QWidget* parent)
   BindKeys(this, dialogs_,
            {{QKeySequence(Qt::CTRL | Qt::Key_P), "To printer", [this] { cmdPrint->click(); }},
             {QKeySequence(Qt::CTRL | Qt::Key_S), "To file", [this] { cmdFile->click(); }},
-            {QKeySequence(Qt::Key_Escape), "Return", [this] { cmdExit->click(); }}});
+            {QKeySequence(Qt::Key_Escape), "Return", [this] { cmdExit->click(); }},
+            {QKeySequence(Qt::CTRL | Qt::Key_G), "Band: VSWR against frequency, bandwidths, Bode-Fano bound",
+             [this] { BandWindow::Show(session_, dialogs_, true); }}});
 }
 
 void TabulatePage::WriteToFile() {

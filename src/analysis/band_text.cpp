@@ -1,0 +1,78 @@
+#include "analysis/band_text.h"
+
+#include <cstdio>
+
+#include "model/format.h"
+#include "model/number_text.h"
+#include "model/trim.h"
+
+namespace kalvex {
+namespace {
+
+std::string Json(const std::optional<double>& value) { return value ? JsonNumber(*value) : "null"; }
+
+std::string PointJson(const BandPoint& p) {
+  return "{\"frequency\": " + JsonNumber(p.frequency) + ", \"vswr\": " + JsonNumber(p.vswr) +
+         ", \"return_loss\": " + JsonNumber(p.returnLoss) + "}";
+}
+
+std::string FitJson(const BodeFanoFit& fit) {
+  return std::string("{\"model\": \"") + (fit.capacitive ? "RC" : "RL") + "\", \"r\": " +
+         JsonNumber(fit.r) + ", \"reactive\": " + JsonNumber(fit.reactive) + ", \"gamma\": " +
+         JsonNumber(fit.gamma) + ", \"vswr\": " + JsonNumber(fit.vswr) + ", \"return_loss\": " +
+         Json(fit.returnLoss) + "}";
+}
+
+std::string Frequency(const std::optional<double>& f) {
+  return f ? std::string(Trim(FormatSI(*f), " ")) + "Hz" : "none";
+}
+
+std::string Figure(const char* format, double value) {
+  char text[64];
+  std::snprintf(text, sizeof text, format, value);
+  return text;
+}
+
+std::string FitLine(const char* form, const BodeFanoFit& fit) {
+  if (fit.reactive == 0) return std::string(form) + ": the load is a plain resistance, no limit\n";
+  const std::string part = fit.capacitive ? std::string(Trim(FormatCapacitance(fit.reactive), " "))
+                                          : std::string(Trim(FormatInductance(fit.reactive), " "));
+  return std::string(form) + " R" + (fit.capacitive ? "C" : "L") + " (" +
+         Figure("%.4g", fit.r) + " ohms, " + std::string(Trim(part, " ")) + "): |Gamma| >= " +
+         Figure("%.4g", fit.gamma) + ", VSWR " + Figure("%.4g", fit.vswr) + ", return loss " +
+         (fit.returnLoss ? Figure("%.3f dB", *fit.returnLoss) : std::string("none")) + "\n";
+}
+
+}  // namespace
+
+std::string BandJson(const BandFigures& figures) {
+  std::string json = "{\"worst\": " + PointJson(figures.worst) + ", \"best\": " + PointJson(figures.best) +
+                     ", \"bandwidths\": [";
+  for (std::size_t k = 0; k < figures.edges.size(); ++k) {
+    const BandEdges& e = figures.edges[k];
+    json += std::string(k == 0 ? "" : ", ") + "{\"vswr\": " + JsonNumber(e.vswr) + ", \"low\": " +
+            Json(e.low) + ", \"high\": " + Json(e.high) + ", \"hertz\": " + Json(e.hertz) +
+            ", \"percent\": " + Json(e.percent) + "}";
+  }
+  return json + "], \"bode_fano\": {\"series\": " + FitJson(figures.series) + ", \"parallel\": " +
+         FitJson(figures.parallel) + "}, \"bound_used\": " + Json(figures.boundUsed) + "}\n";
+}
+
+std::string BandReport(const BandFigures& figures) {
+  std::string text = "Band " + Frequency(figures.low) + " to " + Frequency(figures.high) +
+                     ", working frequency " + Frequency(figures.workingFrequency) + "\n";
+  text += "Worst: VSWR " + Figure("%.4g", figures.worst.vswr) + ", return loss " +
+          Figure("%.3f dB", figures.worst.returnLoss) + " at " + Frequency(figures.worst.frequency) + "\n";
+  text += "Best:  VSWR " + Figure("%.4g", figures.best.vswr) + ", return loss " +
+          Figure("%.3f dB", figures.best.returnLoss) + " at " + Frequency(figures.best.frequency) + "\n";
+  for (const BandEdges& e : figures.edges) {
+    text += "VSWR " + Figure("%g", e.vswr) + ": " + Frequency(e.low) + " to " + Frequency(e.high) +
+            (e.hertz ? ", " + Frequency(e.hertz) + " wide, " + Figure("%.3f %%", *e.percent) : "") + "\n";
+  }
+  text += "Bode-Fano bound over the band:\n";
+  text += FitLine("  series", figures.series) + FitLine("  parallel", figures.parallel);
+  if (figures.boundUsed) text += "The network reaches " + Figure("%.1f %%", 100 * *figures.boundUsed) + " of the bound\n";
+  return text;
+}
+
+}  // namespace kalvex

@@ -1,0 +1,106 @@
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <numbers>
+
+#include "analysis/band.h"
+#include "analysis/band_plot.h"
+#include "platform/display_list.h"
+#include "support/drawing_queries.h"
+
+namespace kalvex {
+namespace {
+
+constexpr double kTwoPi = 2 * std::numbers::pi;
+
+// An ideal series L and C resonant at 14 MHz on a matched 50 ohm load, swept
+// over 10..18 MHz.
+Session SeriesResonance() {
+  Session session;
+  InitialiseSession(session);
+  session.LoadSource = 1;
+  session.Frequency = 14e6;
+  session.ElementType[1] = SeriesInductor;
+  session.Value[1][1] = 1e-6;
+  session.ElementType[2] = SeriesCapacitor;
+  session.Value[2][1] = 1 / (std::pow(kTwoPi * 14e6, 2) * 1e-6);
+  session.SweepStart = 10e6;
+  session.SweepStop = 18e6;
+  session.SweepPoints = 81;
+  return session;
+}
+
+// The band edges at VSWR 2 lie where ωL − 1/(ωC) = ∓50/√2: the roots of
+// Lω² ∓ 35.355ω − 1/C = 0.
+TEST(BandFigures, EdgesSolveTheCalculation) {
+  const Session session = SeriesResonance();
+  const BandFigures figures = ComputeBandFigures(session, {2});
+  const double l = 1e-6;
+  const double c = session.Value[2][1];
+  const double x = 50 / std::sqrt(2.0);
+  const auto edge = [&](double sign) { return (sign * x + std::sqrt(x * x + 4 * l / c)) / (2 * l) / kTwoPi; };
+  ASSERT_EQ(figures.edges.size(), 1u);
+  EXPECT_NEAR(*figures.edges[0].low / edge(-1), 1, 1e-9);
+  EXPECT_NEAR(*figures.edges[0].high / edge(1), 1, 1e-9);
+  EXPECT_NEAR(*figures.edges[0].percent, 100 * (edge(1) - edge(-1)) / 14e6, 1e-6);
+  EXPECT_NEAR(figures.best.vswr, 1, 1e-6);
+  EXPECT_EQ(figures.worst.frequency, 10e6);  // the capacitor's side is steeper
+}
+
+// A load no network was built for keeps its VSWR of 4: no edges at all.
+TEST(BandFigures, ACurveThatNeverCrossesHasNoEdges) {
+  Session session = SeriesResonance();
+  session.ElementType[1] = session.ElementType[2] = Empty;
+  session.Value[0][1] = 200;
+  const BandFigures figures = ComputeBandFigures(session);
+  for (const BandEdges& e : figures.edges) {
+    EXPECT_FALSE(e.low || e.high || e.hertz || e.percent) << e.vswr;
+  }
+  EXPECT_NEAR(figures.worst.vswr, 4, 1e-9);
+  EXPECT_FALSE(figures.boundUsed);  // a plain resistance sets no bound
+}
+
+// The Bode–Fano limit of a series RC from its formula, and the parallel form
+// of the same load.
+TEST(BandFigures, BodeFanoBoundOfASeriesRC) {
+  Session session = SeriesResonance();
+  session.ElementType[1] = session.ElementType[2] = Empty;
+  session.Value[0][2] = -100;  // 50 − j100 at 14 MHz
+  const BandFigures figures = ComputeBandFigures(session);
+  const double c = 1 / (kTwoPi * 14e6 * 100);
+  const double gamma = std::exp(-std::numbers::pi * 50 * c / (1 / (kTwoPi * 10e6) - 1 / (kTwoPi * 18e6)));
+  EXPECT_TRUE(figures.series.capacitive);
+  EXPECT_NEAR(figures.series.reactive, c, 1e-24);
+  EXPECT_NEAR(figures.series.gamma, gamma, 1e-12);
+  EXPECT_NEAR(*figures.series.returnLoss, -20 * std::log10(gamma), 1e-9);
+  // In parallel: G + jB = 0.004 + j0.008, so R = 250 and C = 0.008 / ω0.
+  const double cp = 0.008 / (kTwoPi * 14e6);
+  EXPECT_NEAR(figures.parallel.r, 250, 1e-9);
+  EXPECT_NEAR(figures.parallel.gamma, std::exp(-std::numbers::pi / (250 * cp) / (kTwoPi * 8e6)), 1e-12);
+}
+
+// The plot: each threshold's line and label, the edges marked, the bound dashed.
+TEST(BandPlot, DrawsThresholdsEdgesAndBound) {
+  const BandFigures figures = ComputeBandFigures(SeriesResonance());
+  DisplayList plot;
+  DrawBandPlot(figures, BandQuantity::VSWR, plot);
+  std::vector<std::string> texts;
+  for (const DrawCommand& c : testing::OfKind(plot, DrawCommand::Kind::Text)) texts.push_back(c.text);
+  for (const char* label : {"VSWR 1.5", "VSWR 2", "VSWR 3", "f0 14 MHz", "Frequency (Hz)"}) {
+    EXPECT_NE(std::find(texts.begin(), texts.end(), label), texts.end()) << label;
+  }
+  // Each edge found (VSWR 3 is not reached above the band's centre) is a circle on its line.
+  std::size_t edges = 0;
+  for (const BandEdges& e : figures.edges) edges += (e.low ? 1 : 0) + (e.high ? 1 : 0);
+  EXPECT_EQ(edges, 5u);
+  EXPECT_EQ(testing::OfKind(plot, DrawCommand::Kind::Ellipse).size(), edges);
+  for (const DrawCommand& circle : testing::OfKind(plot, DrawCommand::Kind::Ellipse)) {
+    const auto lines = testing::LinesIn(plot, RGB(238, 153, 17));
+    EXPECT_TRUE(std::any_of(lines.begin(), lines.end(), [&](const DrawCommand& l) {
+      return std::fabs(l.a.y - circle.a.y) < 1e-9 && l.a.x < circle.a.x && l.b.x > circle.a.x;
+    }));
+  }
+}
+
+}  // namespace
+}  // namespace kalvex
