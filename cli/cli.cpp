@@ -49,6 +49,15 @@ constexpr std::array kCommands = {
             "      edges at each VSWR threshold with the bandwidth, and the Bode-Fano bound of\n"
             "      the load with how much of it the network reaches; with --json one object",
             RunBandCommand},
+    Command{"optimize",
+            "optimize FILE --free 1,2[,...] [--free-z0] [--start HZ] [--stop HZ] [--points N]\n"
+            "            [--load LOADFILE] [--json] [-o OUT]",
+            "tunes the parts of the stages --free names (and with --free-z0 their line and\n"
+            "      stub impedances) for the smallest worst VSWR over the band that --start,\n"
+            "      --stop, --points or --load give, or at the working frequency without one;\n"
+            "      prints the worst VSWR before and after and the new values, with --json as\n"
+            "      one object; -o writes the optimised network file",
+            RunOptimizeCommand},
     Command{"render",
             "render [FILE] --page welcome|design|analysis|band [--grid 1..6] [--zoom N]\n"
             "             [--aspect A] [--q-arcs] [--vswr-circle] [--sweep] [--load LOADFILE]\n"

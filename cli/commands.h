@@ -26,6 +26,8 @@ int RunMatchCommand(const Command& self, const std::vector<std::string>& words, 
                     std::ostream& err);
 int RunBandCommand(const Command& self, const std::vector<std::string>& words, std::ostream& out,
                    std::ostream& err);
+int RunOptimizeCommand(const Command& self, const std::vector<std::string>& words, std::ostream& out,
+                       std::ostream& err);
 int RunPrintCommand(const Command& self, const std::vector<std::string>& words, std::ostream& out,
                     std::ostream& err);
 int RunRenderCommand(const Command& self, const std::vector<std::string>& words, std::ostream& out,

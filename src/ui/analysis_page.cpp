@@ -15,6 +15,7 @@
 #include "ui/band_window.h"
 #include "ui/keys.h"
 #include "ui/match_dialog.h"
+#include "ui/optimise_dialog.h"
 #include "ui/page_renderer.h"
 #include "ui/overlay_setup_dialog.h"
 #include "ui/sweep_setup_dialog.h"
@@ -152,6 +153,12 @@ AnalysisPage::AnalysisPage(Session& session, Dialogs& dialogs)
             {QKeySequence(Qt::Key_Minus), "Zoom out", [this] { cmdOut->click(); }},
             {QKeySequence(Qt::CTRL | Qt::Key_G), "Band: VSWR against frequency, bandwidths, Bode-Fano bound",
              [this] { BandWindow::Show(session_, dialogs_); }},
+            {QKeySequence(Qt::CTRL | Qt::Key_T), "Optimise: tune the chosen parts for the best match over the band",
+             [this] {
+               if (OptimiseDialog(session_, this).exec() == QDialog::Accepted) {
+                 SwitchTo(new AnalysisPage(session_, dialogs_));
+               }
+             }},
             {QKeySequence(Qt::CTRL | Qt::Key_M), "Match: compute a matching network for the load",
              [this] {
                // A new network: the page opens again on it, as a visit would.

@@ -15,6 +15,7 @@
 #include "ui/page_renderer.h"
 #include "print/paper.h"
 #include "ui/match_dialog.h"
+#include "ui/optimise_dialog.h"
 #include "ui/options_page.h"
 #include "ui/qt_print_job.h"
 #include "ui/welcome_page.h"
@@ -411,6 +412,21 @@ TEST_F(DesignPageTest, MatchDialogAppliesTheChosenNetwork) {
   EXPECT_TRUE(parts.startsWith(PartName(session.ElementType[1])));
   EXPECT_TRUE(parts.contains(QString("; ") + PartName(session.ElementType[2])));
   EXPECT_EQ(session.ElementType[3], Empty);
+}
+
+// The Optimise dialog searches off the window's thread and applies its result.
+TEST_F(AnalysisPageTest, OptimiseDialogTunesTheFreeStages) {
+  session.Value[1][1] = 300e-12;  // the series capacitor, far from resonating the load
+  OptimiseDialog dialog(session);
+  dialog.optWorking->setChecked(true);
+  dialog.cmdStart->click();
+  dialog.WaitForSearch();
+  EXPECT_TRUE(dialog.lblWorst->text().startsWith("Worst VSWR"));
+  ASSERT_TRUE(dialog.cmdApply->isEnabled());
+  const double before = session.Value[1][1];
+  dialog.cmdApply->click();
+  EXPECT_EQ(dialog.result(), QDialog::Accepted);
+  EXPECT_NE(session.Value[1][1], before);
 }
 
 }  // namespace

@@ -1,0 +1,118 @@
+#include "ui/optimise_dialog.h"
+
+#include <QCoreApplication>
+#include <QHBoxLayout>
+#include <QPointer>
+#include <QVBoxLayout>
+
+#include "ui/controls.h"
+
+namespace kalvex {
+
+OptimiseDialog::OptimiseDialog(Session& session, QWidget* parent)
+    : QDialog(parent),
+      chkImpedances(new QCheckBox("Line and stub impedances free too", this)),
+      optBand(new QRadioButton("Worst point over the sweep band", this)),
+      optWorking(new QRadioButton("At the working frequency", this)),
+      cmdStart(new QPushButton("Start", this)),
+      barProgress(new QProgressBar(this)),
+      lblWorst(new QLabel(this)),
+      cmdCancel(new QPushButton("Cancel", this)),
+      cmdApply(new QPushButton("Apply", this)),
+      session_(session) {
+  setWindowTitle("Optimise");
+  setModal(true);
+  DialogFrame(this);
+  auto* layout = new QVBoxLayout(this);
+  layout->addWidget(new QLabel("Free stages (the others stay as they are):", this));
+  for (int s = 1; s <= kLastStage; ++s) {
+    const int16_t type = session_.ElementType[s];
+    QCheckBox*& box = chkStage[s - 1];
+    box = new QCheckBox(QString("Stage %1: %2").arg(s).arg(PartName(type)), this);
+    box->setEnabled(type >= SeriesCapacitor && type <= ShuntResistor);
+    box->setChecked(box->isEnabled());
+    layout->addWidget(box);
+  }
+  layout->addWidget(chkImpedances);
+  layout->addWidget(optBand);
+  layout->addWidget(optWorking);
+  optBand->setChecked(true);
+  barProgress->setRange(0, 0);
+  barProgress->hide();
+  layout->addWidget(barProgress);
+  layout->addWidget(lblWorst);
+  auto* buttons = new QHBoxLayout;
+  buttons->addStretch();
+  for (QPushButton* button : {cmdStart, cmdApply, cmdCancel}) buttons->addWidget(button);
+  layout->addLayout(buttons);
+  cmdApply->setEnabled(false);
+
+  connect(cmdStart, &QPushButton::clicked, this, &OptimiseDialog::Start);
+  connect(cmdApply, &QPushButton::clicked, this, [this] {
+    ApplyOptimised(session_, result_);
+    accept();
+  });
+  // Cancel stops a running search (its best so far can still be applied);
+  // otherwise it closes the dialog.
+  connect(cmdCancel, &QPushButton::clicked, this, [this] {
+    if (search_.joinable()) {
+      cancel_ = true;
+    } else {
+      reject();
+    }
+  });
+}
+
+OptimiseDialog::~OptimiseDialog() {
+  cancel_ = true;
+  if (search_.joinable()) search_.join();
+}
+
+void OptimiseDialog::WaitForSearch() {
+  if (search_.joinable()) search_.join();
+  QCoreApplication::sendPostedEvents(this);
+}
+
+void OptimiseDialog::Start() {
+  if (search_.joinable()) return;
+  OptimiseRequest request;
+  for (int s = 1; s <= kLastStage; ++s) {
+    if (chkStage[s - 1]->isChecked()) request.freeStages.push_back(s);
+  }
+  request.freeImpedances = chkImpedances->isChecked();
+  request.overBand = optBand->isChecked();
+  cancel_ = false;
+  cmdStart->setEnabled(false);
+  cmdApply->setEnabled(false);
+  barProgress->show();
+  lblWorst->setText("Searching...");
+  QPointer<OptimiseDialog> self(this);
+  search_ = std::thread([this, self, request, session = session_] {
+    const OptimiseResult result = Optimise(session, request, [this, self](int evaluations, double worst) {
+      if (evaluations % 64 == 0) {
+        QMetaObject::invokeMethod(self, [self, evaluations, worst] {
+          if (self) self->lblWorst->setText(QString("Worst VSWR now %1 (%2 evaluations)").arg(worst, 0, 'g', 6).arg(evaluations));
+        }, Qt::QueuedConnection);
+      }
+      return !cancel_;
+    });
+    QMetaObject::invokeMethod(self, [self, result] {
+      if (self) self->Finished(result);
+    }, Qt::QueuedConnection);
+  });
+}
+
+void OptimiseDialog::Finished(const OptimiseResult& result) {
+  if (search_.joinable()) search_.join();
+  result_ = result;
+  barProgress->hide();
+  lblWorst->setText(QString("Worst VSWR %1 before, %2 after%3 (%4 evaluations)")
+                        .arg(result.before, 0, 'g', 6)
+                        .arg(result.after, 0, 'g', 6)
+                        .arg(result.cancelled ? ", stopped" : "")
+                        .arg(result.evaluations));
+  cmdStart->setEnabled(true);
+  cmdApply->setEnabled(result.after < result.before);
+}
+
+}  // namespace kalvex

@@ -1,0 +1,103 @@
+#include <gtest/gtest.h>
+
+#include <cmath>
+
+#include "matching/match.h"
+#include "matching/optimise.h"
+#include "model/calculate.h"
+#include "model/reflection.h"
+
+namespace kalvex {
+namespace {
+
+// 25 + j80 ohms at 14 MHz with an L network (shunt C, series L) from the
+// closed form, each value then made ten times wrong.
+Session MistunedL() {
+  Session session;
+  InitialiseSession(session);
+  session.LoadSource = 1;
+  session.Frequency = 14e6;
+  session.Value[0][1] = 25;
+  session.Value[0][2] = 80;
+  MatchRequest request;
+  request.kinds = {MatchKind::L};
+  for (const MatchSolution& s : FindMatches(session, request).solutions) {
+    if (s.response == MatchResponse::LowPass) ApplyMatch(session, s);
+  }
+  session.Value[1][1] *= 10;
+  session.Value[2][1] /= 10;
+  session.SweepStart = 13e6;
+  session.SweepStop = 15e6;
+  session.SweepPoints = 41;
+  return session;
+}
+
+double WorstReturnLoss(Session session, const std::vector<double>& frequencies) {
+  double worst = 1e9;
+  for (const double f : frequencies) {
+    session.Frequency = f;
+    CalculateNetwork(session, 0);
+    worst = std::min(worst, ReturnLossDb(PlotImpedance(session.InputR, session.InputX, session.SystemZ).rho));
+  }
+  return worst;
+}
+
+TEST(Optimise, FindsTheMatchFromValuesTenTimesWrong) {
+  Session session = MistunedL();
+  session.Value[1][2] = session.Value[2][2] = 0;  // lossless, so a perfect match exists
+  const OptimiseResult result = Optimise(session, {{1, 2}, false, false});
+  EXPECT_GT(result.before, 10);
+  ApplyOptimised(session, result);
+  CalculateNetwork(session, 0);
+  EXPECT_LT(PlotImpedance(session.InputR, session.InputX, 50).rho, 1e-6);
+}
+
+// Over a band, with two free values, the result is within 0.05 dB of the
+// best worst-case return loss a fine grid over the same ranges finds.
+TEST(Optimise, MatchesAGridSearchOverTheBand) {
+  Session session = MistunedL();
+  const OptimiseResult result = Optimise(session, {{1, 2}, false, true});
+  std::vector<double> frequencies;
+  for (int k = 0; k < 41; ++k) frequencies.push_back(13e6 + k * 2e6 / 40);
+  Session grid = session;
+  double bestGrid = 0;
+  for (int i = 0; i <= 200; ++i) {
+    for (int j = 0; j <= 200; ++j) {
+      grid.Value[1][1] = 100e-12 * std::pow(10.0, i / 200.0);  // 100..1000 pF
+      grid.Value[2][1] = 0.5e-6 * std::pow(10.0, j / 200.0);   // 0.5..5 uH
+      bestGrid = std::max(bestGrid, WorstReturnLoss(grid, frequencies));
+    }
+  }
+  ApplyOptimised(session, result);
+  EXPECT_GT(WorstReturnLoss(session, frequencies), bestGrid - 0.05);
+  EXPECT_NEAR(ReturnLossDb((result.after - 1) / (result.after + 1)), WorstReturnLoss(session, frequencies), 1e-9);
+}
+
+// The same input gives the same result; locked stages keep their values, and
+// a start that cannot be bettered is kept.
+TEST(Optimise, IsDeterministicAndNeverWorse) {
+  Session session = MistunedL();
+  session.ElementType[3] = SeriesResistor;
+  session.Value[3][1] = 10;
+  const OptimiseResult first = Optimise(session, {{2, 3}, false, true});
+  const OptimiseResult second = Optimise(session, {{2, 3}, false, true});
+  ASSERT_EQ(first.stages.size(), 2u);
+  EXPECT_EQ(first.stages[0].values, second.stages[0].values);
+  EXPECT_EQ(first.after, second.after);
+  EXPECT_LE(first.after, first.before);
+  Session applied = session;
+  ApplyOptimised(applied, first);
+  EXPECT_EQ(applied.Value[1], session.Value[1]);  // stage 1 was locked
+  // A resistor alone on a matched load: 1 ohm, its smallest value, is the best.
+  Session resistor;
+  InitialiseSession(resistor);
+  resistor.LoadSource = 1;
+  resistor.ElementType[1] = SeriesResistor;
+  resistor.Value[1][1] = 1;
+  const OptimiseResult kept = Optimise(resistor, {{1}, false, false});
+  EXPECT_EQ(kept.stages[0].values[1], 1);
+  EXPECT_EQ(kept.after, kept.before);
+}
+
+}  // namespace
+}  // namespace kalvex
