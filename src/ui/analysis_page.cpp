@@ -14,6 +14,9 @@
 #include "ui/exit_dialog.h"
 #include "ui/band_window.h"
 #include "ui/keys.h"
+#include "ui/page_menus.h"
+#include "ui/session_history.h"
+#include "model/network_state.h"
 #include "ui/match_dialog.h"
 #include "ui/optimise_dialog.h"
 #include "ui/page_renderer.h"
@@ -145,27 +148,39 @@ AnalysisPage::AnalysisPage(Session& session, Dialogs& dialogs)
           [this] { TabulatePage(session_, dialogs_, this).exec(); });
   connect(cmdPrint, &QPushButton::clicked, this, [this] { PrintChart(session_, dialogs_); });
   connect(cmdDesign, &QPushButton::clicked, this, &AnalysisPage::GoToDesignPage);
-  BindKeys(this, dialogs_,
-           {{QKeySequence(Qt::CTRL | Qt::Key_P), "Print", [this] { cmdPrint->click(); }},
-            {QKeySequence(Qt::CTRL | Qt::Key_E), "Export the chart as PNG, SVG or PDF",
-             [this] { ExportImage(dialogs_, "Export chart image", kAnalysisPage); }},
-            {QKeySequence(Qt::Key_Plus), "Zoom in", [this] { cmdIn->click(); }},
-            {QKeySequence(Qt::Key_Minus), "Zoom out", [this] { cmdOut->click(); }},
-            {QKeySequence(Qt::CTRL | Qt::Key_G), "Band: VSWR against frequency, bandwidths, Bode-Fano bound",
-             [this] { BandWindow::Show(session_, dialogs_); }},
-            {QKeySequence(Qt::CTRL | Qt::Key_T), "Optimise: tune the chosen parts for the best match over the band",
-             [this] {
-               if (OptimiseDialog(session_, this).exec() == QDialog::Accepted) {
-                 SwitchTo(new AnalysisPage(session_, dialogs_));
-               }
-             }},
-            {QKeySequence(Qt::CTRL | Qt::Key_M), "Match: compute a matching network for the load",
-             [this] {
-               // A new network: the page opens again on it, as a visit would.
-               if (MatchDialog(session_, this).exec() == QDialog::Accepted) {
-                 SwitchTo(new AnalysisPage(session_, dialogs_));
-               }
-             }}});
+  PageCommands commands;
+  commands.exportImage = [this] { ExportImage(dialogs_, "Export chart image", kAnalysisPage); };
+  commands.print = [this] { cmdPrint->click(); };
+  commands.exit = [this] { cmdExit->click(); };
+  commands.undoable = true;
+  commands.zoomIn = [this] { cmdIn->click(); };
+  commands.zoomOut = [this] { cmdOut->click(); };
+  commands.gridType = [this] { cmdDisplay->click(); };
+  commands.qArcs = [this] { cmdQon->click(); };
+  commands.vswrCircle = [this] { cmdVSWRon->click(); };
+  commands.sweep = [this] { if (cmdSweep->isEnabled()) cmdSweep->click(); };
+  commands.band = [this] { BandWindow::Show(session_, dialogs_); };
+  // A new network: the page opens again on it, as a visit would.
+  commands.match = [this] {
+    if (MatchDialog(session_, this).exec() == QDialog::Accepted) SwitchTo(new AnalysisPage(session_, dialogs_));
+  };
+  commands.optimise = [this] {
+    if (OptimiseDialog(session_, this).exec() == QDialog::Accepted) SwitchTo(new AnalysisPage(session_, dialogs_));
+  };
+  std::vector<Key> keys = {
+      {QKeySequence(Qt::CTRL | Qt::Key_P), "Print", commands.print},
+      {QKeySequence(Qt::CTRL | Qt::Key_E), "Export the chart as PNG, SVG or PDF", commands.exportImage},
+      {QKeySequence(Qt::Key_Plus), "Zoom in", commands.zoomIn},
+      {QKeySequence(Qt::Key_Minus), "Zoom out", commands.zoomOut},
+      {QKeySequence(Qt::CTRL | Qt::Key_G), "Band: VSWR against frequency, bandwidths, Bode-Fano bound",
+       commands.band},
+      {QKeySequence(Qt::CTRL | Qt::Key_T), "Optimise: tune the chosen parts for the best match over the band",
+       commands.optimise},
+      {QKeySequence(Qt::CTRL | Qt::Key_M), "Match: compute a matching network for the load", commands.match}};
+  for (Key& key : UndoKeys()) keys.push_back(std::move(key));
+  commands.keys = BindKeys(this, dialogs_, std::move(keys));
+  SetMenuBar(BuildMenuBar(this, dialogs_, session_.Version, commands));
+  SetStatusLine(new QLabel(this));
   connect(cmdExit, &QPushButton::clicked, this,
           [this] { ExitDialog(session_, dialogs_, this).exec(); });
   // A typed factor counts once the user presses Enter or leaves the box, so
@@ -201,6 +216,7 @@ void AnalysisPage::Redraw() {
   ShowSwitch(cmdVSWRon, OverlayOn(session_, Overlay::VSWRCircle));
   ShowSwitch(cmdSweep, session_.SweepShown == 1);
   update();
+  ShowStatus(Q(MatchStatusText(session_)));
   BandWindow::RefreshOpen();
 }
 
@@ -289,6 +305,9 @@ void AnalysisPage::HideReadout() {
 void AnalysisPage::GoToDesignPage() {
   SwitchTo(new DesignPage(session_, dialogs_));
 }
+
+// The page opens again on the restored network, as a visit would.
+void AnalysisPage::Reload() { SwitchTo(new AnalysisPage(session_, dialogs_)); }
 
 bool AnalysisPage::OnUserClose() {
   SaveSessionAndEnd(session_, dialogs_);

@@ -61,6 +61,7 @@ class AnalysisPage : public Page {
   void OnMouseMove(int button, double x, double y) override;
   void OnMouseUp(int button, double x, double y) override;
   bool OnUserClose() override;
+  void Reload() override;
 
  private:
   void Redraw();

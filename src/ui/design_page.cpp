@@ -4,7 +4,9 @@
 #include "design/welcome_pictures.h"
 #include "files/load_data_file.h"
 #include "files/network_file.h"
+#include "model/network_state.h"
 #include "ui/match_dialog.h"
+#include "ui/page_menus.h"
 #include "files/spice_deck.h"
 #include "model/format.h"
 #include "ui/analysis_page.h"
@@ -55,9 +57,15 @@ DesignPage::DesignPage(Session& session, Dialogs& dialogs)
 
   // Each box is live in the session on every change, typed or written here.
   connect(txtSystemZ, &QLineEdit::textChanged, this,
-          [this](const QString& t) { session_.SystemZ = ParseValue(t.toStdString()); });
+          [this](const QString& t) {
+            session_.SystemZ = ParseValue(t.toStdString());
+            ShowStatus(Q(MatchStatusText(session_)));
+          });
   connect(txtFrequency, &QLineEdit::textChanged, this,
-          [this](const QString& t) { session_.Frequency = ParseValue(t.toStdString()); });
+          [this](const QString& t) {
+            session_.Frequency = ParseValue(t.toStdString());
+            ShowStatus(Q(MatchStatusText(session_)));
+          });
   connect(txtCapacitorQ, &QLineEdit::textChanged, this, [this](const QString& t) {
     session_.DefaultCapacitorQ = static_cast<float>(ParseValue(t.toStdString()));
   });
@@ -95,19 +103,29 @@ DesignPage::DesignPage(Session& session, Dialogs& dialogs)
     OpenDesignPage();
   });
   connect(cmdSpice, &QPushButton::clicked, this, [this] { WriteSpiceDeck(session_, dialogs_); });
-  BindKeys(this, dialogs_,
-           {{QKeySequence(Qt::CTRL | Qt::Key_O), "Get net", [this] { cmdGetNet->click(); }},
-            {QKeySequence(Qt::CTRL | Qt::Key_S), "Save net", [this] { cmdSave->click(); }},
-            {QKeySequence(Qt::CTRL | Qt::Key_L), "Get freq/load: a load-data or Touchstone file",
-             [this] { cmdGetLoad->click(); }},
-            {QKeySequence(Qt::CTRL | Qt::Key_Comma), "Setup: line length unit and velocity factor",
-             [this] { cmdSetup->click(); }},
-            {QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_E), "Write LTspice: the network as a SPICE deck",
-             [this] { cmdSpice->click(); }},
-            {QKeySequence(Qt::CTRL | Qt::Key_M), "Match: compute a matching network for the load",
-             [this] { OpenMatch(); }}});
   connect(cmdExit, &QPushButton::clicked, this,
           [this] { ExitDialog(session_, dialogs_, this).exec(); });
+  PageCommands commands;
+  commands.getNet = [this] { cmdGetNet->click(); };
+  commands.saveNet = [this] { cmdSave->click(); };
+  commands.getLoad = [this] { cmdGetLoad->click(); };
+  commands.writeSpice = [this] { cmdSpice->click(); };
+  commands.setup = [this] { cmdSetup->click(); };
+  commands.match = [this] { OpenMatch(); };
+  commands.exit = [this] { cmdExit->click(); };
+  commands.undoable = true;
+  std::vector<Key> keys = {
+      {QKeySequence(Qt::CTRL | Qt::Key_O), "Get net", commands.getNet},
+      {QKeySequence(Qt::CTRL | Qt::Key_S), "Save net", commands.saveNet},
+      {QKeySequence(Qt::CTRL | Qt::Key_L), "Get freq/load: a load-data or Touchstone file", commands.getLoad},
+      {QKeySequence(Qt::CTRL | Qt::Key_Comma), "Setup: line length unit and velocity factor", commands.setup},
+      {QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_E), "Write LTspice: the network as a SPICE deck",
+       commands.writeSpice},
+      {QKeySequence(Qt::CTRL | Qt::Key_M), "Match: compute a matching network for the load", commands.match}};
+  for (Key& key : UndoKeys()) keys.push_back(std::move(key));
+  commands.keys = BindKeys(this, dialogs_, std::move(keys));
+  SetMenuBar(BuildMenuBar(this, dialogs_, session_.Version, commands));
+  SetStatusLine(new QLabel(this));
   FollowLayoutWithTab();
   // A part's boxes follow one another, then its buttons, before the rest of
   // the page: Tab from the value goes to the Q, not to the system impedance.
@@ -178,6 +196,7 @@ void DesignPage::ShowEditor() {
   lblSelectElementToEdit->setVisible(c.selectHintShown);
   lblClickOnALibraryPart->setVisible(c.libraryHintShown);
   cmdAnalyze->setEnabled(c.analyzeEnabled);
+  ShowStatus(Q(MatchStatusText(session_)));
   editor_.Compose(Drawing());
   update();
 }
@@ -223,6 +242,8 @@ void DesignPage::GetNetwork() {
   ReadNetworkFile(session_, dialogs_, session_.FileName);
   ReopenDesignPage();
 }
+
+void DesignPage::Reload() { OpenDesignPage(); }
 
 void DesignPage::OpenMatch() {
   if (MatchDialog(session_, this).exec() == QDialog::Accepted) ReopenDesignPage();

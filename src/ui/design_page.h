@@ -57,6 +57,7 @@ class DesignPage : public Page {
  protected:
   void OnMouseDown(int button, double x, double y) override;
   void OpenMatch();
+  void Reload() override;
   bool OnUserClose() override;
 
  private:

@@ -20,8 +20,9 @@ struct Key {
 };
 
 // Binds each key on `page`, and F1 to the list of them: a table, so that the
-// descriptions line up whatever the keys' widths.
-inline void BindKeys(QWidget* page, Dialogs& dialogs, std::vector<Key> keys) {
+// descriptions line up whatever the keys' widths. Returns the action that
+// shows the list, for the Help menu.
+inline std::function<void()> BindKeys(QWidget* page, Dialogs& dialogs, std::vector<Key> keys) {
   QString rows;
   auto row = [&rows](const QString& keys, const QString& what) {
     rows += "<tr><td>" + keys.toHtmlEscaped() + "</td><td>" + what.toHtmlEscaped() + "</td></tr>";
@@ -34,8 +35,9 @@ inline void BindKeys(QWidget* page, Dialogs& dialogs, std::vector<Key> keys) {
   row("F1", "this list");
   const std::string list =
       ("<p>Keys of this page:</p><table cellspacing=\"4\">" + rows + "</table>").toStdString();
-  QObject::connect(new QShortcut(QKeySequence(Qt::Key_F1), page), &QShortcut::activated, page,
-                   [&dialogs, list] { dialogs.Message(list, "Kalvex keys"); });
+  const auto showList = [&dialogs, list] { dialogs.Message(list, "Kalvex keys"); };
+  QObject::connect(new QShortcut(QKeySequence(Qt::Key_F1), page), &QShortcut::activated, page, showList);
+  return showList;
 }
 
 }  // namespace kalvex

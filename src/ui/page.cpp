@@ -1,6 +1,7 @@
 #include "ui/page.h"
 
 #include <QCloseEvent>
+#include <QStatusTipEvent>
 #include <QGuiApplication>
 #include <QScreen>
 #include <algorithm>
@@ -11,6 +12,7 @@
 #include "platform/pages.h"
 #include "ui/page_frame.h"
 #include "ui/page_renderer.h"
+#include "ui/session_history.h"
 #include "ui/painter_canvas.h"
 
 namespace kalvex {
@@ -63,9 +65,47 @@ const QRectF& Page::PlaceOf(QWidget* control) const {
 }
 
 QRectF Page::Frame() const {
-  if (ownProportions_) return PageFrame(size(), logicalSize_);
+  // The area between the menu bar and the status line.
+  const int top = menuBar_ ? menuBar_->sizeHint().height() : 0;
+  const int bottom = statusLine_ ? statusLine_->sizeHint().height() : 0;
+  const QSizeF area(width(), std::max(1, height() - top - bottom));
   const QScreen* shown = screen() != nullptr ? screen() : QGuiApplication::primaryScreen();
-  return PageFrame(size(), shown != nullptr ? QSizeF(shown->availableGeometry().size()) : QSizeF(size()));
+  const QSizeF shape = ownProportions_ || shown == nullptr ? logicalSize_ : QSizeF(shown->availableGeometry().size());
+  return PageFrame(area, shape).translated(0, top);
+}
+
+void Page::SetMenuBar(QMenuBar* menus) {
+  menuBar_ = menus;
+  resizeEvent(nullptr);
+}
+
+void Page::SetStatusLine(QLabel* status) {
+  statusLine_ = status;
+  status->setAutoFillBackground(true);
+  // Each control's tip shows in the status line while the mouse is over it.
+  for (QWidget* control : findChildren<QWidget*>()) {
+    if (control->statusTip().isEmpty()) control->setStatusTip(control->toolTip());
+  }
+  resizeEvent(nullptr);
+}
+
+void Page::ShowStatus(const QString& text) {
+  status_ = text;
+  if (statusLine_) statusLine_->setText(text);
+}
+
+void Page::showEvent(QShowEvent* event) {
+  QWidget::showEvent(event);
+  if (SessionHistory* history = SessionHistory::Instance()) history->SetPage(this);
+}
+
+bool Page::event(QEvent* event) {
+  if (event->type() == QEvent::StatusTip && statusLine_) {
+    const QString tip = static_cast<QStatusTipEvent*>(event)->tip();
+    statusLine_->setText(tip.isEmpty() ? status_ : tip);
+    return true;
+  }
+  return QWidget::event(event);
 }
 
 QPointF Page::ToPage(QPointF widgetPoint) const {
@@ -98,7 +138,12 @@ void Page::ApplyPlacement(const Placement& placement) {
 }
 
 void Page::resizeEvent(QResizeEvent* event) {
-  QWidget::resizeEvent(event);
+  if (event != nullptr) QWidget::resizeEvent(event);
+  if (menuBar_) menuBar_->setGeometry(0, 0, width(), menuBar_->sizeHint().height());
+  if (statusLine_) {
+    const int h = statusLine_->sizeHint().height();
+    statusLine_->setGeometry(0, height() - h, width(), h);
+  }
   for (const Placement& placement : placements_) ApplyPlacement(placement);
 }
 

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <QLabel>
+#include <QMenuBar>
 #include <QPointer>
 #include <QSizeF>
 #include <QWidget>
@@ -38,10 +40,21 @@ class Page : public QWidget {
   // chosen filter's); a failure is said.
   void ExportImage(Dialogs& dialogs, const std::string& title, PageSize page);
 
+  // A menu bar above the page and a status line below it, outside the page:
+  // the page keeps its layout and proportions in the area between them.
+  void SetMenuBar(QMenuBar* menus);
+  void SetStatusLine(QLabel* status);
+  // The status line's own text; a hovered control's tip shows over it.
+  void ShowStatus(const QString& text);
+  QLabel* StatusLine() const { return statusLine_; }
+
   // Draws the page in its own proportions rather than the screen's: a window
   // that is not a page of the screen (the band plot) resizes without
   // stretching.
   void KeepOwnProportions() { ownProportions_ = true; }
+
+  // Shows the session again after an undo or redo changed it.
+  virtual void Reload() {}
 
   // Closes the page as the program, not the user, does.
   void CloseByProgram();
@@ -71,6 +84,9 @@ class Page : public QWidget {
   void mouseMoveEvent(QMouseEvent* event) override;
   void mouseReleaseEvent(QMouseEvent* event) override;
   void closeEvent(QCloseEvent* event) override;
+  bool event(QEvent* event) override;
+  // The page on screen is the one an undo draws again.
+  void showEvent(QShowEvent* event) override;
 
  private:
   struct Placement {
@@ -85,6 +101,9 @@ class Page : public QWidget {
   std::vector<Placement> placements_;
   bool closingByProgram_ = false;
   bool ownProportions_ = false;
+  QPointer<QMenuBar> menuBar_;
+  QPointer<QLabel> statusLine_;
+  QString status_;
 };
 
 }  // namespace kalvex

@@ -10,6 +10,7 @@
 #include "ui/controls.h"
 #include "ui/band_window.h"
 #include "ui/keys.h"
+#include "ui/page_menus.h"
 
 namespace kalvex {
 
@@ -53,12 +54,22 @@ TabulatePage::TabulatePage(Session& session, Dialogs& dialogs, QWidget* parent)
   connect(cmdExit, &QPushButton::clicked, this, &QDialog::accept);
   connect(cmdPrint, &QPushButton::clicked, this, [this] { PrintTable(session_, dialogs_); });
   connect(cmdFile, &QPushButton::clicked, this, &TabulatePage::WriteToFile);
-  BindKeys(this, dialogs_,
-           {{QKeySequence(Qt::CTRL | Qt::Key_P), "To printer", [this] { cmdPrint->click(); }},
+  PageCommands commands;
+  commands.print = [this] { cmdPrint->click(); };
+  commands.exit = [this] { cmdExit->click(); };
+  commands.band = [this] { BandWindow::Show(session_, dialogs_, true); };
+  commands.keys = BindKeys(this, dialogs_,
+           {{QKeySequence(Qt::CTRL | Qt::Key_P), "To printer", commands.print},
             {QKeySequence(Qt::CTRL | Qt::Key_S), "To file", [this] { cmdFile->click(); }},
-            {QKeySequence(Qt::Key_Escape), "Return", [this] { cmdExit->click(); }},
+            {QKeySequence(Qt::Key_Escape), "Return", commands.exit},
             {QKeySequence(Qt::CTRL | Qt::Key_G), "Band: VSWR against frequency, bandwidths, Bode-Fano bound",
-             [this] { BandWindow::Show(session_, dialogs_, true); }}});
+             commands.band}});
+  // The menu bar stands above the page, which keeps its layout below it.
+  QMenuBar* menus = BuildMenuBar(this, dialogs_, session_.Version, commands);
+  menus->setGeometry(0, 0, width(), menus->sizeHint().height());
+  for (QWidget* control : std::initializer_list<QWidget*>{lblTitle, lblHeading0, lstTabulatedOutput, cmdExit, cmdPrint, cmdFile}) {
+    control->move(control->pos() + QPoint(0, menus->sizeHint().height()));
+  }
 }
 
 void TabulatePage::WriteToFile() {

@@ -3,6 +3,7 @@
 #include <QImage>
 #include <QTimer>
 #include <functional>
+#include <QMenuBar>
 #include <QPushButton>
 #include <QTest>
 
@@ -17,6 +18,8 @@
 #include "ui/match_dialog.h"
 #include "ui/optimise_dialog.h"
 #include "ui/options_page.h"
+#include "ui/session_history.h"
+#include "model/network_state.h"
 #include "ui/qt_print_job.h"
 #include "ui/welcome_page.h"
 #include "ui/analysis_page.h"
@@ -106,8 +109,9 @@ class DesignPageTest : public PagesInFolder {
     page->show();
   }
   void Click(double x, double y) {
-    const QPoint at(static_cast<int>(x * page->width() / 12200.0),
-                    static_cast<int>(y * page->height() / 9200.0));
+    const QRectF frame = page->Frame();
+    const QPoint at(static_cast<int>(frame.x() + x * frame.width() / 12200.0),
+                    static_cast<int>(frame.y() + y * frame.height() / 9200.0));
     QTest::mouseClick(page.get(), Qt::LeftButton, {}, at);
   }
 
@@ -206,9 +210,10 @@ class AnalysisPageTest : public PagesInFolder {
     page->show();
   }
   void Click(Qt::MouseButton button, double x, double y) {
+    const QRectF frame = page->Frame();
     QTest::mouseClick(page.get(), button, {},
-                      QPoint(static_cast<int>(x * page->width() / 12000.0),
-                             static_cast<int>(y * page->height() / 9000.0)));
+                      QPoint(static_cast<int>(frame.x() + x * frame.width() / 12000.0),
+                             static_cast<int>(frame.y() + y * frame.height() / 9000.0)));
   }
 
   std::unique_ptr<AnalysisPage> page;
@@ -362,7 +367,7 @@ TEST_F(AnalysisPageTest, KeysZoomAndExportTheChart) {
   EXPECT_TRUE(page->cmdOut->isEnabled());
   dialogs.fileNames.push_back("chart.png");
   QTest::keyClick(page.get(), Qt::Key_E, Qt::ControlModifier);
-  EXPECT_EQ(QImage("chart.png").size(), page->size());
+  EXPECT_EQ(QImage("chart.png").size(), page->Frame().size().toSize());  // the page without margins
 }
 
 // The chart keeps its proportions whatever the window's: the page is drawn in
@@ -427,6 +432,58 @@ TEST_F(AnalysisPageTest, OptimiseDialogTunesTheFreeStages) {
   dialog.cmdApply->click();
   EXPECT_EQ(dialog.result(), QDialog::Accepted);
   EXPECT_NE(session.Value[1][1], before);
+}
+
+// Each change is one undo step that restores the whole network state; a run
+// of clicks on one step button is one step; the page shows the state again.
+TEST_F(AnalysisPageTest, UndoAndRedoRestoreEachStep) {
+  SessionHistory history(session);
+  page->show();  // the page an undo draws again
+  const NetworkState start = NetworkStateOf(session);
+  auto settle = [] { QApplication::processEvents(); };
+  Click(Qt::LeftButton, (session.PartRightEdge[0] + session.PartRightEdge[1]) / 2.0, 800);
+  settle();
+  page->tuning->optTuneSizeNormal->click();
+  for (int k = 0; k < 3; ++k) {
+    QTest::mouseClick(page->tuning->topSteps[3], Qt::LeftButton);
+    settle();
+  }
+  const NetworkState tuned = NetworkStateOf(session);
+  EXPECT_NE(tuned, start);
+  QTest::mouseClick(page->tuning->freqSteps[3], Qt::LeftButton);  // the test frequency
+  settle();
+  const NetworkState stepped = NetworkStateOf(session);
+  ASSERT_EQ(history.Stack().count(), 2);  // three tuning clicks merged
+  history.Stack().undo();
+  EXPECT_EQ(NetworkStateOf(session), tuned);
+  history.Stack().undo();
+  EXPECT_EQ(NetworkStateOf(session), start);
+  history.Stack().redo();
+  history.Stack().redo();
+  EXPECT_EQ(NetworkStateOf(session), stepped);
+  settle();
+}
+
+// The menus reach what the buttons and keys do; the status line reads the
+// match at the working frequency.
+TEST_F(DesignPageTest, MenusReachTheCommandsAndTheStatusLineReadsTheMatch) {
+  QMenuBar* menus = page->findChild<QMenuBar*>();
+  ASSERT_NE(menus, nullptr);
+  auto item = [menus](const QString& text) -> QAction* {
+    for (QAction* action : menus->findChildren<QAction*>()) {
+      if (action->text().startsWith(text)) return action;
+    }
+    return nullptr;
+  };
+  EXPECT_EQ(item("Get net")->text(), "Get net\tCtrl+O");
+  item("Get net")->trigger();
+  EXPECT_EQ(dialogs.chooserTitles.back(), "Read Kalvex network file");
+  EXPECT_FALSE(item("Print")->isEnabled());  // the Analysis page prints
+  session.ElementType[1] = SeriesCapacitor;
+  session.Value[1] = {0, 100e-12, 1000};
+  page->txtFrequency->setText("14M");
+  EXPECT_EQ(page->StatusLine()->text().toStdString(),
+            "Input 50.1137 -j113.682 ohms    |Gamma| 0.7505 at -41.3 deg    VSWR 7.015    Return loss 2.49 dB    at 14 MHz");
 }
 
 }  // namespace

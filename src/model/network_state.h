@@ -1,0 +1,43 @@
+#pragma once
+
+#include <array>
+#include <string>
+
+#include "model/session.h"
+
+namespace kalvex {
+
+// The part of the session an undo step restores: the network with its load,
+// the operating point, the system impedance, the component defaults and the
+// load-data table with the sweep range it sets. Views, overlays, options and
+// results are not part of it: they follow from it when a page is drawn again
+// (a calculation sets the velocity factor, so it cannot be part of a step).
+struct NetworkState {
+  std::array<int16_t, kStageCount> elementType{};
+  std::array<std::array<double, kSlotCount>, kValueStageCount> value{};
+  double frequency = 0;
+  double systemZ = 0;
+  int16_t loadSource = 0;
+  int16_t dataIndex = 0;
+  float defaultCapacitorQ = 0;
+  float defaultInductorQ = 0;
+  double sweepStart = 0;
+  double sweepStop = 0;
+  int16_t sweepPoints = 0;
+  std::array<double, kLoadPointCount> loadFreq{};
+  std::array<double, kLoadPointCount> loadR{};
+  std::array<double, kLoadPointCount> loadX{};
+  std::string fileName;
+
+  bool operator==(const NetworkState&) const = default;
+};
+
+NetworkState NetworkStateOf(const Session& session);
+void RestoreNetworkState(Session& session, const NetworkState& state);
+
+// The match at the working frequency as one line: "Input 50.1 -j113.7 ohms
+// |Gamma| 0.747 at -47.1 deg  VSWR 6.89  Return loss 2.54 dB  at 14 MHz".
+// Empty while there is no working frequency.
+std::string MatchStatusText(const Session& session);
+
+}  // namespace kalvex

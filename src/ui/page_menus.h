@@ -1,0 +1,32 @@
+#pragma once
+
+#include <QMenuBar>
+#include <QWidget>
+#include <functional>
+#include <string>
+
+#include "platform/dialogs.h"
+
+namespace kalvex {
+
+// What a page's menus reach: each is what the page's button or key does; one
+// the page does not have is shown disabled.
+struct PageCommands {
+  std::function<void()> getNet, saveNet, getLoad, writeSpice, exportImage, print, exit;
+  std::function<void()> setup;
+  std::function<void()> zoomIn, zoomOut, gridType, qArcs, vswrCircle, sweep, band;
+  std::function<void()> match, optimise;
+  std::function<void()> keys;
+  bool undoable = false;  // the page takes Undo and Redo
+};
+
+// The menu bar of File, Edit, View, Tools and Help over a page; every item
+// shows its key. Undo and Redo act on the program's history when there is one.
+QMenuBar* BuildMenuBar(QWidget* page, Dialogs& dialogs, const std::string& version,
+                       const PageCommands& commands);
+
+// The undo keys of a page (Ctrl+Z, Ctrl+Shift+Z and Ctrl+Y), for its key list.
+struct Key;
+std::vector<Key> UndoKeys();
+
+}  // namespace kalvex
