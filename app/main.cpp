@@ -2,6 +2,7 @@
 
 #include "model/session.h"
 #include "ui/qt_dialogs.h"
+#include "ui/session_history.h"
 #include "ui/shutdown_guard.h"
 #include "ui/welcome_page.h"
 
@@ -10,6 +11,7 @@ int main(int argc, char** argv) {
   kalvex::Session session;
   kalvex::QtDialogs dialogs;
   kalvex::SaveSessionOnShutdown(session, dialogs);
+  kalvex::SessionHistory history(session);
   // Pages delete themselves when they close, so the first one is on the heap too.
   (new kalvex::WelcomePage(session, dialogs))->showMaximized();
   return application.exec();
