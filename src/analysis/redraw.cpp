@@ -115,6 +115,7 @@ void RedrawChart(Session& session, Canvas& canvas) {
   DrawAxis(view, style.outline, canvas);       // 4
   DrawOutline(view, style.outline, canvas);    // 5
   DrawCaption(session, canvas);                // 6
+  canvas.EndOfBackground();
   DrawNetworkListing(session, canvas);         // 7
   DrawNetworkArcs(session, canvas);            // 8
   DrawColourBars(session, canvas);             //   and the strip's colour key again

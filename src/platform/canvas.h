@@ -66,6 +66,11 @@ class Canvas {
   virtual void SetFont(double points, bool bold) = 0;
   virtual void NewPage() = 0;
 
+  // Everything drawn so far since the last Clear is the drawing's background:
+  // it depends only on what the chart shows (view, aspect, grid, page size),
+  // not on the network, so a painter may keep it and show it again unchanged.
+  virtual void EndOfBackground() {}
+
   static constexpr double kFullTurn = 6.283185307179586;
 
  protected:

@@ -4,9 +4,32 @@ namespace kalvex {
 
 using Kind = DrawCommand::Kind;
 
+namespace {
+
+void Play(Canvas& target, const DrawCommand& c) {
+  switch (c.kind) {
+    case Kind::Clear: target.Clear(c.colour); break;
+    case Kind::Line: target.Line(c.a, c.b, c.colour); break;
+    case Kind::Ellipse: target.ArcOfEllipse(c.a, c.b.x, c.b.y, c.start, c.end, c.colour); break;
+    case Kind::FillRect: target.FillRect(c.a, c.b, c.colour); break;
+    case Kind::OutlineRect: target.OutlineRect(c.a, c.b, c.colour); break;
+    case Kind::FillEllipse: target.FillEllipse(c.a, c.b.x, c.b.y, c.colour); break;
+    case Kind::Text: target.Text(c.a, c.text); break;
+    case Kind::LineWidth: target.SetLineWidth(c.value); break;
+    case Kind::TextColour: target.SetTextColour(c.colour); break;
+    case Kind::Font: target.SetFont(c.value, c.bold); break;
+    case Kind::NewPage: target.NewPage(); break;
+    case Kind::Background: target.EndOfBackground(); break;
+  }
+}
+
+}  // namespace
+
 void DisplayList::Clear(Colour background) {
   // Whatever was drawn before is covered: drop it rather than keep it.
   commands_.clear();
+  backgroundEnd_ = 0;
+  backgroundKey_ = 0;
   commands_.push_back({.kind = Kind::Clear, .colour = background});
 }
 
@@ -55,24 +78,44 @@ void DisplayList::SetFont(double points, bool bold) {
 
 void DisplayList::NewPage() { commands_.push_back({.kind = Kind::NewPage}); }
 
-void DisplayList::Replay(Canvas& target, bool firstPageOnly) const {
+void DisplayList::EndOfBackground() {
+  // FNV-1a over every field of every command of the background.
+  uint64_t key = 14695981039346656037ull;
+  auto mix = [&key](const void* data, std::size_t size) {
+    for (std::size_t k = 0; k < size; ++k) {
+      key = (key ^ static_cast<const unsigned char*>(data)[k]) * 1099511628211ull;
+    }
+  };
   for (const DrawCommand& c : commands_) {
-    if (firstPageOnly && c.kind == Kind::NewPage) return;
+    const double numbers[] = {c.a.x, c.a.y, c.b.x, c.b.y, c.start, c.end, c.value};
+    mix(&c.kind, sizeof c.kind);
+    mix(numbers, sizeof numbers);
+    mix(&c.bold, sizeof c.bold);
+    mix(&c.colour, sizeof c.colour);
+    mix(c.text.data(), c.text.size());
+  }
+  commands_.push_back({.kind = Kind::Background});
+  backgroundEnd_ = commands_.size();
+  backgroundKey_ = key;
+}
+
+void DisplayList::ReplayRange(Canvas& target, std::size_t first, std::size_t end) const {
+  for (std::size_t k = 0; k < first && k < commands_.size(); ++k) {
+    const DrawCommand& c = commands_[k];
     switch (c.kind) {
-      case Kind::Clear: target.Clear(c.colour); break;
-      case Kind::Line: target.Line(c.a, c.b, c.colour); break;
-      case Kind::Ellipse:
-        target.ArcOfEllipse(c.a, c.b.x, c.b.y, c.start, c.end, c.colour);
-        break;
-      case Kind::FillRect: target.FillRect(c.a, c.b, c.colour); break;
-      case Kind::OutlineRect: target.OutlineRect(c.a, c.b, c.colour); break;
-      case Kind::FillEllipse: target.FillEllipse(c.a, c.b.x, c.b.y, c.colour); break;
-      case Kind::Text: target.Text(c.a, c.text); break;
       case Kind::LineWidth: target.SetLineWidth(c.value); break;
       case Kind::TextColour: target.SetTextColour(c.colour); break;
       case Kind::Font: target.SetFont(c.value, c.bold); break;
-      case Kind::NewPage: target.NewPage(); break;
+      default: break;
     }
+  }
+  for (std::size_t k = first; k < end && k < commands_.size(); ++k) Play(target, commands_[k]);
+}
+
+void DisplayList::Replay(Canvas& target, bool firstPageOnly) const {
+  for (const DrawCommand& c : commands_) {
+    if (firstPageOnly && c.kind == Kind::NewPage) return;
+    Play(target, c);
   }
 }
 

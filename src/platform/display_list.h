@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <string>
 #include <vector>
 
@@ -11,7 +12,7 @@ namespace kalvex {
 struct DrawCommand {
   enum class Kind {
     Clear, Line, Ellipse, FillRect, OutlineRect, FillEllipse, Text, LineWidth, TextColour, Font,
-    NewPage
+    NewPage, Background
   };
   Kind kind = Kind::Clear;
   Point a{};          // line start, rectangle corner, ellipse centre, text position
@@ -38,9 +39,19 @@ class DisplayList : public Canvas {
   void SetFont(double points, bool bold) override;
   void NewPage() override;
 
+  void EndOfBackground() override;
+
   // Plays the recorded calls onto another canvas, in order; with
   // `firstPageOnly` it stops where a second page would begin.
   void Replay(Canvas& target, bool firstPageOnly = false) const;
+
+  // The background's commands end here (none recorded: nothing is background).
+  std::size_t BackgroundEnd() const { return backgroundEnd_; }
+  // A fingerprint of the background's commands: equal fingerprints, equal backgrounds.
+  uint64_t BackgroundKey() const { return backgroundKey_; }
+  // Plays the commands from `first` up to `end`, after the state (line width,
+  // text colour, font) the commands before `first` leave.
+  void ReplayRange(Canvas& target, std::size_t first, std::size_t end) const;
 
   const std::vector<DrawCommand>& Commands() const { return commands_; }
   void Reset() { commands_.clear(); }
@@ -52,6 +63,8 @@ class DisplayList : public Canvas {
 
  private:
   std::vector<DrawCommand> commands_;
+  std::size_t backgroundEnd_ = 0;
+  uint64_t backgroundKey_ = 0;
 };
 
 }  // namespace kalvex

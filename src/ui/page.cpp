@@ -147,17 +147,48 @@ void Page::resizeEvent(QResizeEvent* event) {
   for (const Placement& placement : placements_) ApplyPlacement(placement);
 }
 
-void Page::paintEvent(QPaintEvent*) {
-  QPainter painter(this);
-  // The margins beside the page, where the window is not in the screen's proportions.
-  painter.fillRect(rect(), PainterCanvas::ToQColor(kPageBackground));
+// Replays commands [first, end) of the drawing onto `painter`, in the page's
+// place in the window.
+void Page::PaintRange(QPainter& painter, std::size_t first, std::size_t end) const {
   const QRectF frame = Frame();
   const double sx = frame.width() / logicalSize_.width();
   const double sy = frame.height() / logicalSize_.height();
+  painter.save();
   painter.translate(frame.topLeft());
   painter.scale(sx, sy);
-  PainterCanvas canvas(painter, logicalSize_, std::sqrt(sx * sy));
-  drawing_.Replay(canvas);
+  {
+    PainterCanvas canvas(painter, logicalSize_, std::sqrt(sx * sy));
+    drawing_.ReplayRange(canvas, first, end);
+  }
+  painter.restore();
+}
+
+void Page::paintEvent(QPaintEvent*) {
+  QPainter painter(this);
+  const QColor margins = PainterCanvas::ToQColor(kPageBackground);
+  const std::size_t background = drawing_.BackgroundEnd();
+  if (background == 0 || !cacheBackground_) {
+    // The margins beside the page, where the window is not in the screen's proportions.
+    painter.fillRect(rect(), margins);
+    PaintRange(painter, 0, drawing_.Commands().size());
+    return;
+  }
+  // The background (grids, axis, outline, caption) changes only with the view:
+  // it is painted once into an image at the window's device pixels and shown
+  // again until its commands, the window's size or its pixel ratio change.
+  const qreal ratio = devicePixelRatioF();
+  const BackgroundKey wanted{drawing_.BackgroundKey(), size(), ratio};
+  if (!(background_.key == wanted) || background_.image.isNull()) {
+    background_.key = wanted;
+    background_.image = QImage(size() * ratio, QImage::Format_ARGB32_Premultiplied);
+    background_.image.setDevicePixelRatio(ratio);
+    QPainter layer(&background_.image);
+    layer.fillRect(rect(), margins);
+    PaintRange(layer, 0, background);
+    ++backgroundPaints_;
+  }
+  painter.drawImage(0, 0, background_.image);
+  PaintRange(painter, background, drawing_.Commands().size());
 }
 
 void Page::mousePressEvent(QMouseEvent* event) {

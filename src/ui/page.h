@@ -2,6 +2,8 @@
 
 #include <QLabel>
 #include <QMenuBar>
+#include <QImage>
+#include <QPainter>
 #include <QPointer>
 #include <QSizeF>
 #include <QWidget>
@@ -84,6 +86,14 @@ class Page : public QWidget {
   void mouseMoveEvent(QMouseEvent* event) override;
   void mouseReleaseEvent(QMouseEvent* event) override;
   void closeEvent(QCloseEvent* event) override;
+
+ public:
+  // How often the cached background was painted (for tests), and whether it
+  // is used at all (a page painted without it gives the same pixels).
+  int BackgroundPaints() const { return backgroundPaints_; }
+  void CacheBackground(bool on) { cacheBackground_ = on; }
+
+ protected:
   bool event(QEvent* event) override;
   // The page on screen is the one an undo draws again.
   void showEvent(QShowEvent* event) override;
@@ -101,6 +111,20 @@ class Page : public QWidget {
   std::vector<Placement> placements_;
   bool closingByProgram_ = false;
   bool ownProportions_ = false;
+  struct BackgroundKey {
+    uint64_t commands = 0;
+    QSize size;
+    qreal ratio = 0;
+    bool operator==(const BackgroundKey&) const = default;
+  };
+  struct BackgroundLayerCache {
+    BackgroundKey key;
+    QImage image;
+  };
+  void PaintRange(QPainter& painter, std::size_t first, std::size_t end) const;
+  BackgroundLayerCache background_;
+  bool cacheBackground_ = true;
+  int backgroundPaints_ = 0;
   QPointer<QMenuBar> menuBar_;
   QPointer<QLabel> statusLine_;
   QString status_;

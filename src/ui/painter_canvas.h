@@ -35,6 +35,9 @@ class PainterCanvas : public Canvas {
   void SetTextColour(Colour colour) override;
   void SetFont(double points, bool bold) override;
   void NewPage() override;
+  // The background's lines go out before what follows, as they would when a
+  // cached background is shown instead: both give the same pixels.
+  void EndOfBackground() override { FlushLines(); }
 
   static QColor ToQColor(Colour colour);
 

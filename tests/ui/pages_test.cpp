@@ -486,5 +486,44 @@ TEST_F(DesignPageTest, MenusReachTheCommandsAndTheStatusLineReadsTheMatch) {
             "Input 50.1137 -j113.682 ohms    |Gamma| 0.7505 at -41.3 deg    VSWR 7.015    Return loss 2.49 dB    at 14 MHz");
 }
 
+// The chart's background is painted once and shown again until the view
+// changes (zoom, drag, aspect, grid type, size), not by tuning; shown from
+// the cache it gives the same pixels as painted afresh.
+TEST_F(AnalysisPageTest, TheChartsBackgroundIsPaintedOnlyWhenItChanges) {
+  page->resize(900, 700);
+  auto paint = [this] {
+    QImage image(page->size(), QImage::Format_ARGB32_Premultiplied);
+    page->render(&image);
+    return image;
+  };
+  paint();
+  Click(Qt::LeftButton, (session.PartRightEdge[0] + session.PartRightEdge[1]) / 2.0, 800);
+  page->tuning->topSteps[3]->click();
+  int painted = page->BackgroundPaints();
+  const QImage cached = paint();
+  EXPECT_EQ(page->BackgroundPaints(), painted);  // tuning leaves the background
+  page->CacheBackground(false);
+  EXPECT_EQ(paint(), cached);
+  page->CacheBackground(true);
+  const std::vector<std::pair<const char*, std::function<void()>>> changes = {
+      {"zoom", [this] { page->cmdIn->click(); }},
+      {"drag", [this] {
+         const QPointF from = page->Frame().center();
+         QTest::mousePress(page.get(), Qt::RightButton, {}, from.toPoint());
+         QMouseEvent move(QEvent::MouseMove, from + QPointF(40, 20), page->mapToGlobal(from + QPointF(40, 20)),
+                          Qt::NoButton, Qt::RightButton, {});
+         QApplication::sendEvent(page.get(), &move);
+       }},
+      {"aspect", [this] { page->txtAspect->setText("0.9"); QTest::keyClick(page->txtAspect, Qt::Key_Return); }},
+      {"grid type", [this] { page->cmdDisplay->click(); }},
+      {"size", [this] { page->resize(800, 650); }}};
+  for (const auto& [what, change] : changes) {
+    change();
+    paint();
+    EXPECT_EQ(page->BackgroundPaints(), painted + 1) << what;
+    painted = page->BackgroundPaints();
+  }
+}
+
 }  // namespace
 }  // namespace kalvex
