@@ -85,6 +85,35 @@ void BM_RedrawChartFullHd(benchmark::State& state) {
 }
 BENCHMARK(BM_RedrawChartFullHd)->Arg(0)->Arg(1)->Unit(benchmark::kMillisecond);
 
+// The display list of a redraw with everything on, without painting it.
+void BM_RedrawIntoDisplayList(benchmark::State& state) {
+  kalvex::Session session = EverythingOnSession();
+  kalvex::DisplayList list;
+  for (auto _ : state) {
+    kalvex::RefreshAnalysis(session, list);
+    benchmark::DoNotOptimize(list.Commands().data());
+  }
+}
+BENCHMARK(BM_RedrawIntoDisplayList)->Unit(benchmark::kMillisecond);
+
+// The Analysis page at 1920 x 1080 with everything on, redrawn and painted as
+// the window repaints it after a change that leaves the view (its background
+// shown from the cache), and after one that changes it (background repainted).
+void BM_PageRedrawEverythingOn(benchmark::State& state) {
+  kalvex::Session session = EverythingOnSession();
+  session.CoilArcRadius = 80;
+  kalvex::testing::FakeDialogs dialogs;
+  kalvex::AnalysisPage page(session, dialogs);
+  page.resize(1920, 1080);
+  page.CacheBackground(state.range(0) == 0);
+  QImage image(page.size(), QImage::Format_ARGB32_Premultiplied);
+  for (auto _ : state) {
+    page.Redraw();
+    page.render(&image, {}, {}, QWidget::DrawWindowBackground);
+  }
+}
+BENCHMARK(BM_PageRedrawEverythingOn)->Arg(0)->Arg(1)->Unit(benchmark::kMillisecond);
+
 // The printed chart page with everything on, drawn and written as a PDF.
 void BM_ChartPageToPdf(benchmark::State& state) {
   kalvex::Session session = EverythingOnSession();

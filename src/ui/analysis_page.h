@@ -56,6 +56,9 @@ class AnalysisPage : public Page {
   std::array<QLabel*, 7> readoutCaptions;
   std::array<QLabel*, 7> readoutValues;
 
+  // Every change ends here: the strip and the chart drawn again.
+  void Redraw();
+
  protected:
   void OnMouseDown(int button, double x, double y) override;
   void OnMouseMove(int button, double x, double y) override;
@@ -64,7 +67,6 @@ class AnalysisPage : public Page {
   void Reload() override;
 
  private:
-  void Redraw();
   void ShowSwitch(QPushButton* button, bool on);
   void SetUpOverlay(Overlay overlay);
   void OpenSweepSetup();
