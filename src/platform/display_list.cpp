@@ -1,5 +1,7 @@
 #include "platform/display_list.h"
 
+#include <cstring>
+
 namespace kalvex {
 
 using Kind = DrawCommand::Kind;
@@ -79,20 +81,21 @@ void DisplayList::SetFont(double points, bool bold) {
 void DisplayList::NewPage() { commands_.push_back({.kind = Kind::NewPage}); }
 
 void DisplayList::EndOfBackground() {
-  // FNV-1a over every field of every command of the background.
+  // A multiply-rotate mix of every field of every command, a word at a time.
   uint64_t key = 14695981039346656037ull;
-  auto mix = [&key](const void* data, std::size_t size) {
-    for (std::size_t k = 0; k < size; ++k) {
-      key = (key ^ static_cast<const unsigned char*>(data)[k]) * 1099511628211ull;
-    }
+  auto mix = [&key](uint64_t word) {
+    key = (key ^ word) * 0x9E3779B97F4A7C15ull;
+    key ^= key >> 29;
+  };
+  auto bits = [](double value) {
+    uint64_t word;
+    std::memcpy(&word, &value, sizeof word);
+    return word;
   };
   for (const DrawCommand& c : commands_) {
-    const double numbers[] = {c.a.x, c.a.y, c.b.x, c.b.y, c.start, c.end, c.value};
-    mix(&c.kind, sizeof c.kind);
-    mix(numbers, sizeof numbers);
-    mix(&c.bold, sizeof c.bold);
-    mix(&c.colour, sizeof c.colour);
-    mix(c.text.data(), c.text.size());
+    mix(static_cast<uint64_t>(c.kind) | static_cast<uint64_t>(c.colour) << 8 | static_cast<uint64_t>(c.bold) << 40);
+    for (const double value : {c.a.x, c.a.y, c.b.x, c.b.y, c.start, c.end, c.value}) mix(bits(value));
+    for (const char ch : c.text) mix(static_cast<unsigned char>(ch));
   }
   commands_.push_back({.kind = Kind::Background});
   backgroundEnd_ = commands_.size();

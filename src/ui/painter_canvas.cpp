@@ -1,6 +1,9 @@
 #include "ui/painter_canvas.h"
 
 #include <QFontMetricsF>
+#include <QPaintEngine>
+#include <map>
+#include <tuple>
 #include <cmath>
 
 namespace kalvex {
@@ -32,7 +35,53 @@ PainterCanvas::PainterCanvas(QPainter& painter, QSizeF pageSize, double pageToDe
 
 PainterCanvas::~PainterCanvas() { FlushLines(); }
 
+// The mark of an ellipse of half-axes `rx`, `ry` device pixels in `colour`,
+// its stroke centred in its image; kept for the program's life, as the chart
+// uses a handful of sizes and colours.
+const QImage& MarkImage(double rx, double ry, const QColor& colour, double ratio) {
+  static std::map<std::tuple<int, int, QRgb, int>, QImage> marks;
+  const int eighthsX = static_cast<int>(std::lround(rx * 8));
+  const int eighthsY = static_cast<int>(std::lround(ry * 8));
+  QImage& image = marks[{eighthsX, eighthsY, colour.rgba(), static_cast<int>(std::lround(ratio * 8))}];
+  if (image.isNull()) {
+    const int width = static_cast<int>(std::ceil(2 * rx)) + 4;
+    const int height = static_cast<int>(std::ceil(2 * ry)) + 4;
+    image = QImage(width, height, QImage::Format_ARGB32_Premultiplied);
+    image.fill(Qt::transparent);
+    QPainter painter(&image);
+    painter.setRenderHint(QPainter::Antialiasing);
+    QPen pen(colour);
+    pen.setCosmetic(true);
+    pen.setWidthF(0);
+    painter.setPen(pen);
+    painter.drawEllipse(QPointF(width / 2.0, height / 2.0), eighthsX / 8.0, eighthsY / 8.0);
+    image.setDevicePixelRatio(ratio);
+  }
+  return image;
+}
+
+bool PainterCanvas::GatherMark(Point centre, double radiusX, double radiusY, Colour colour) {
+  if (painter_.paintEngine() == nullptr || painter_.paintEngine()->type() != QPaintEngine::Raster) return false;
+  const QTransform page = painter_.transform();
+  if (page.isRotating()) return false;
+  if (!lines_.isEmpty()) FlushLines();
+  const double ratio = painter_.device()->devicePixelRatioF();
+  const QImage& mark = MarkImage(radiusX * std::fabs(page.m11()) * ratio, radiusY * std::fabs(page.m22()) * ratio,
+                                 ToQColor(colour), ratio);
+  const QPointF at = page.map(QPointF(centre.x, centre.y));
+  const QPointF corner = at - QPointF(mark.width(), mark.height()) / ratio / 2;
+  marks_.push_back({QPointF(std::round(corner.x() * ratio), std::round(corner.y() * ratio)) / ratio, &mark});
+  return true;
+}
+
 void PainterCanvas::FlushLines() {
+  if (!marks_.empty()) {
+    const QTransform page = painter_.transform();
+    painter_.resetTransform();
+    for (const auto& [at, mark] : marks_) painter_.drawImage(at, *mark);
+    painter_.setTransform(page);
+    marks_.clear();
+  }
   if (lines_.isEmpty()) return;
   const double width = lineWidth_;
   lineWidth_ = linesWidth_;
@@ -43,6 +92,7 @@ void PainterCanvas::FlushLines() {
 }
 
 void PainterCanvas::GatherLine(QPointF from, QPointF to, Colour colour) {
+  if (!marks_.empty()) FlushLines();
   if (!lines_.isEmpty() && (linesColour_ != colour || linesWidth_ != lineWidth_)) FlushLines();
   linesColour_ = colour;
   linesWidth_ = lineWidth_;
@@ -93,6 +143,9 @@ void PainterCanvas::DrawEllipse(Point centre, double radiusX, double radiusY, do
   // marks) joins the gathered lines as a polygon of at least 12 chords no
   // longer than three pixels, which looks the same and strokes many times faster.
   const double pixels = std::max(radiusX, radiusY) * painter_.transform().m11();
+  if (full && lineWidth_ * pixelsPerWidth_ < 1.5 && pixels < 40 && GatherMark(centre, radiusX, radiusY, colour)) {
+    return;
+  }
   if (full && lineWidth_ * pixelsPerWidth_ < 1.5 && pixels < 40) {
     const int chords = std::max(12, static_cast<int>(std::ceil(kFullTurn * pixels / 3)));
     if (static_cast<int>(unitCircle_.size()) != chords + 1) {

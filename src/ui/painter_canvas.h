@@ -51,6 +51,10 @@ class PainterCanvas : public Canvas {
   // Lines of one pen are stroked in one call, far faster than line by line;
   // a change of pen, or any other drawing, strokes what has gathered.
   void GatherLine(QPointF from, QPointF to, Colour colour);
+  // On a raster device a small one-pixel circle (the sweep's thousands of
+  // point marks) is one image painted once and copied to each place.
+  bool GatherMark(Point centre, double radiusX, double radiusY, Colour colour);
+  // Draws what has gathered, lines or marks (only one kind gathers at a time).
   void FlushLines();
 
   QPainter& painter_;
@@ -60,6 +64,7 @@ class PainterCanvas : public Canvas {
   double lineWidth_ = 1;
   QColor textColour_ = Qt::black;
   QVector<QLineF> lines_;
+  std::vector<std::pair<QPointF, const QImage*>> marks_;
   std::vector<QPointF> unitCircle_;  // the corners of the last chord polygon, radius 1
   Colour linesColour_ = 0;
   double linesWidth_ = 0;
