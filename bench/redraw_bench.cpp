@@ -13,6 +13,7 @@
 #include "ui/page_renderer.h"
 #include "chart/analysis_view.h"
 #include "chart/network_path.h"
+#include "model/calculate.h"
 #include "platform/display_list.h"
 #include "support/fake_dialogs.h"
 #include "support/five_stage_network.h"
@@ -40,6 +41,25 @@ void BM_NetworkPath(benchmark::State& state) {
   }
 }
 BENCHMARK(BM_NetworkPath)->Unit(benchmark::kMillisecond);
+
+// The path's 5,000 points alone, without drawing them, against 5,000 plain
+// calculations of the whole network in the same run.
+void BM_TraceNetworkPath(benchmark::State& state) {
+  kalvex::Session session = ChartSession();
+  for (auto _ : state) benchmark::DoNotOptimize(kalvex::TraceNetworkPath(session).data());
+}
+BENCHMARK(BM_TraceNetworkPath)->Unit(benchmark::kMillisecond);
+
+void BM_Calculation5000(benchmark::State& state) {
+  kalvex::Session session = ChartSession();
+  for (auto _ : state) {
+    for (int k = 0; k < 5000; ++k) {
+      kalvex::CalculateNetwork(session, 0);
+      benchmark::DoNotOptimize(session.InputR);
+    }
+  }
+}
+BENCHMARK(BM_Calculation5000)->Unit(benchmark::kMillisecond);
 
 // The chart with everything on: Q arcs, VSWR circle and a 2,000-point sweep.
 kalvex::Session EverythingOnSession() {

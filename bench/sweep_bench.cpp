@@ -1,6 +1,7 @@
 #include <benchmark/benchmark.h>
 
 #include "analysis/sweep.h"
+#include "model/calculate.h"
 #include "support/five_stage_network.h"
 
 namespace {
@@ -17,5 +18,20 @@ void BM_Sweep2000(benchmark::State& state) {
   }
 }
 BENCHMARK(BM_Sweep2000)->Unit(benchmark::kMicrosecond);
+
+// The scalar limit the sweep is measured against: the same 2,000 frequencies
+// through a plain loop of CalculateNetwork, nothing stored.
+void BM_CalculationLoop2000(benchmark::State& state) {
+  kalvex::Session session = kalvex::testing::FiveStageNetwork();
+  for (auto _ : state) {
+    for (int k = 0; k < 2000; ++k) {
+      session.Frequency = 10e6 + k * (20e6 - 10e6) / 1999;
+      kalvex::CalculateNetwork(session, 0);
+      benchmark::DoNotOptimize(session.InputR);
+      benchmark::DoNotOptimize(session.InputX);
+    }
+  }
+}
+BENCHMARK(BM_CalculationLoop2000)->Unit(benchmark::kMicrosecond);
 
 }  // namespace

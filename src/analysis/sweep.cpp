@@ -10,20 +10,6 @@ namespace {
 
 constexpr double kVSWRCap = 1'000'000;
 
-PlottedPoint StorePoint(Session& session, int index, SweepUse use) {
-  const PlottedPoint point = PlotImpedance(session.InputR, session.InputX, session.SystemZ);
-  session.Rho = point.rho;
-  double vswr = VSWROf(point.rho);
-  if (use == SweepUse::Table) vswr = std::min(vswr, kVSWRCap);
-  session.SweepFreq[index] = session.Frequency;
-  session.SweepR[index] = session.InputR;
-  session.SweepX[index] = session.InputX;
-  session.SweepRho[index] = point.rho;
-  session.SweepAngle[index] = point.angleDegrees;
-  session.SweepVSWR[index] = vswr;
-  return point;
-}
-
 }  // namespace
 
 SweepIndexes RunSweepPoints(Session& session, SweepUse use, const SweepPointVisitor& visit) {
@@ -34,7 +20,12 @@ SweepIndexes RunSweepPoints(Session& session, SweepUse use, const SweepPointVisi
     session.DataIndex = session.LoadSource == 2 ? session.SweepPoints / 2 + 1 : 1;
   }
 
+  // The calculation alone first, each point's frequency and input impedance
+  // stored as it comes; then the reflection, angle and VSWR of every point in
+  // one pass over those arrays, out of the calculation's way.
   const int count = indexes.last - indexes.first + 1;
+  // The network's own load is the same at every point: taken once.
+  const Impedance load = session.LoadSource == 1 ? NetworkLoad(session, 0) : Impedance{};
   for (int k = indexes.first; k <= indexes.last; ++k) {
     if (session.LoadSource == 1) {
       // Multiplying before dividing puts the last point exactly on the stop.
@@ -42,16 +33,34 @@ SweepIndexes RunSweepPoints(Session& session, SweepUse use, const SweepPointVisi
       session.Frequency =
           count > 1 ? session.SweepStart + k * (session.SweepStop - session.SweepStart) / (count - 1)
                     : session.SweepStart;
+      if (session.Frequency > 0) {
+        const Impedance z = ThroughStages(session, load, 1, kLastStage);
+        session.InputR = z.R;
+        session.InputX = z.X;
+      }
     } else {
       session.Frequency = session.LoadFreq[k];
       session.InputR = session.LoadR[k];
       session.InputX = session.LoadX[k];
       session.PointIndex = static_cast<int16_t>(k);
+      CalculateNetwork(session, session.PointIndex);
     }
-    CalculateNetwork(session, session.PointIndex);
-    const PlottedPoint point = StorePoint(session, k, use);
-    if (visit) visit(k, point);
+    session.SweepFreq[k] = session.Frequency;
+    session.SweepR[k] = session.InputR;
+    session.SweepX[k] = session.InputX;
   }
+  for (int k = indexes.first; k <= indexes.last; ++k) {
+    const PlottedPoint point = PlotImpedance(session.SweepR[k], session.SweepX[k], session.SystemZ);
+    session.SweepRho[k] = point.rho;
+    session.SweepAngle[k] = point.angleDegrees;
+    const double vswr = VSWROf(point.rho);
+    session.SweepVSWR[k] = use == SweepUse::Table ? std::min(vswr, kVSWRCap) : vswr;
+    if (visit) {
+      session.Frequency = session.SweepFreq[k];
+      visit(k, point);
+    }
+  }
+  if (count > 0) session.Rho = session.SweepRho[indexes.last];
 
   session.Frequency = savedFrequency;
   session.SweepPoints = savedPoints;

@@ -73,19 +73,29 @@ std::vector<PathPoint> TraceNetworkPath(Session& session) {
   session.DataIndex = session.LoadSource == 2 ? session.SweepPoints / 2 + 1 : 1;
   std::vector<PathPoint> path;
   path.reserve(kLastStage * kStepsPerStage);
+  // Without a working frequency the calculation leaves the input impedance
+  // as it was, at every point.
+  CalculateNetwork(session, session.DataIndex);
+  const bool calculated = session.Frequency > 0;
   for (int stage = 1; stage <= kLastStage; ++stage) {
+    // The stages before this one stay as they are during its stretch: they
+    // are carried through once, and each step recalculates from this stage on.
+    const Impedance before =
+        calculated ? ThroughStages(session, NetworkLoad(session, session.DataIndex), 1, stage - 1) : Impedance{};
     float t = 0;
     for (int step = 0; step < kStepsPerStage; ++step) {
       t += 0.001f;  // single precision: the last step is 0.9999907
       SetGrown(session, saved, stage, t);
-      CalculateNetwork(session, session.DataIndex);
-      const PlottedPoint point = PlotImpedance(session.InputR, session.InputX, session.SystemZ);
-      session.Rho = point.rho;
-      if (std::isfinite(point.gamma.u) && std::isfinite(point.gamma.v)) {
-        path.push_back({stage, point.gamma});
+      if (calculated) {
+        const Impedance z = ThroughStages(session, before, stage, kLastStage);
+        session.InputR = z.R;
+        session.InputX = z.X;
       }
+      const Gamma gamma = PlottedGamma(session.InputR, session.InputX, session.SystemZ);
+      if (std::isfinite(gamma.u) && std::isfinite(gamma.v)) path.push_back({stage, gamma});
     }
   }
+  session.Rho = PlotImpedance(session.InputR, session.InputX, session.SystemZ).rho;
   session.Value = saved;
   return path;
 }

@@ -33,21 +33,25 @@ bool IsLineOrStub(int16_t type) { return type >= SeriesLine && type <= ShuntOpen
 
 }  // namespace
 
-void CalculateNetwork(Session& session, int16_t pointIndex) {
-  if (session.Frequency <= 0) return;
-  Impedance z;
-  if (session.LoadSource == 1) {
-    z = {session.Value[0][1], session.Value[0][2]};
-  } else {
-    const int point = std::clamp<int>(pointIndex, 0, kLoadPointCount - 1);
-    session.Frequency = session.LoadFreq[point];
-    z = {session.LoadR[point], session.LoadX[point]};
-  }
-  for (int stage = 1; stage <= kLastStage; ++stage) {
+Impedance NetworkLoad(Session& session, int16_t pointIndex) {
+  if (session.LoadSource == 1) return {session.Value[0][1], session.Value[0][2]};
+  const int point = std::clamp<int>(pointIndex, 0, kLoadPointCount - 1);
+  session.Frequency = session.LoadFreq[point];
+  return {session.LoadR[point], session.LoadX[point]};
+}
+
+Impedance ThroughStages(Session& session, Impedance z, int first, int last) {
+  for (int stage = first; stage <= last; ++stage) {
     const int16_t type = session.ElementType[stage];
     if (IsLineOrStub(type)) session.VelocityFactor = 1.0;
     z = CalculateStage(type, session.Value[stage], session.Frequency, z);
   }
+  return z;
+}
+
+void CalculateNetwork(Session& session, int16_t pointIndex) {
+  if (session.Frequency <= 0) return;
+  const Impedance z = ThroughStages(session, NetworkLoad(session, pointIndex), 1, kLastStage);
   session.InputR = z.R;
   session.InputX = z.X;
 }

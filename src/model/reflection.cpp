@@ -10,13 +10,17 @@ Gamma GammaOfNormalised(double r, double x) {
   return {(r * r + x * x - 1) / denominator, 2 * x / denominator};
 }
 
-PlottedPoint PlotImpedance(double inputR, double inputX, double systemZ) {
+Gamma PlottedGamma(double inputR, double inputX, double systemZ) {
   const double r = inputR / systemZ;
   double x = inputX / systemZ;
   // A perfect match then still has an angle (+90) instead of atan2(0, 0).
   if (x == 0) x = 1e-12;
+  return GammaOfNormalised(r, x);
+}
+
+PlottedPoint PlotImpedance(double inputR, double inputX, double systemZ) {
   PlottedPoint point;
-  point.gamma = GammaOfNormalised(r, x);
+  point.gamma = PlottedGamma(inputR, inputX, systemZ);
   point.rho = std::sqrt(point.gamma.u * point.gamma.u + point.gamma.v * point.gamma.v);
   point.angleDegrees = std::atan2(point.gamma.v, point.gamma.u) * 180 / std::numbers::pi;
   return point;

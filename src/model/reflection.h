@@ -21,6 +21,9 @@ struct PlottedPoint {
 };
 PlottedPoint PlotImpedance(double inputR, double inputX, double systemZ);
 
+// Only the reflection of PlotImpedance, for the path's thousands of points.
+Gamma PlottedGamma(double inputR, double inputX, double systemZ);
+
 // The return loss in dB of a reflection magnitude, 20 log10(1 / rho); a rho of
 // exactly 0 (which a calculated point never reaches: its reactance is at least
 // 1e-12) is taken as 1e-9, 180 dB.

@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <tuple>
+
 #include <cmath>
 
 #include "chart/analysis_view.h"
@@ -10,6 +12,7 @@
 #include "model/calculate.h"
 #include "support/drawing_queries.h"
 #include "support/fake_dialogs.h"
+#include "support/five_stage_network.h"
 #include "support/networks.h"
 
 namespace kalvex {
@@ -211,6 +214,43 @@ TEST(NetworkPath, SkipsPointsThatAreNotFinite) {
     ASSERT_TRUE(std::isfinite(c.a.x + c.a.y + c.b.x + c.b.y));
   }
   EXPECT_LT(TraceNetworkPath(session).size(), 5000u);
+}
+
+}  // namespace
+}  // namespace kalvex
+
+namespace kalvex {
+namespace {
+
+// The path, calculated from each stretch's fixed stages on, is the path the
+// whole network recalculated at every point gave: the same doubles.
+TEST(NetworkPath, EqualsTheWholeNetworkRecalculatedAtEveryPoint) {
+  struct Case {
+    bool lcAndShortedStub;  // stage 3 a series parallel LC, stage 5 a shunt shorted stub
+    double sumU, sumV, u1234, v1234, u4999, rho;
+  };
+  for (const Case& c : {Case{false, 1110.3946147597651, -1440.6933642662343, 0.54389649023440578,
+                             0.4226841995550219, 0.41659373397238508, 0.92606502922874168},
+                        Case{true, 2473.6631063967297, -943.09610023709024, 0.5509993339670648,
+                             0.42164424959059577, 0.57856761128353129, 0.98549581939488262}}) {
+    Session session = testing::FiveStageNetwork();
+    if (c.lcAndShortedStub) {
+      session.ElementType[3] = SeriesParallelLC;
+      session.Value[3] = {0, 1e-6, 100, 120e-12, 500};
+      session.ElementType[5] = ShuntShortedStub;
+      session.Value[5] = {0, 60, 14e6, 60};
+    }
+    const std::vector<PathPoint> path = TraceNetworkPath(session);
+    ASSERT_EQ(path.size(), 5000u);
+    double sumU = 0;
+    double sumV = 0;
+    for (const PathPoint& p : path) {
+      sumU += p.gamma.u;
+      sumV += p.gamma.v;
+    }
+    EXPECT_EQ(std::tuple(sumU, sumV, path[1234].gamma.u, path[1234].gamma.v, path[4999].gamma.u, session.Rho),
+              std::tuple(c.sumU, c.sumV, c.u1234, c.v1234, c.u4999, c.rho));
+  }
 }
 
 }  // namespace
