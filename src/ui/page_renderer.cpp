@@ -24,15 +24,15 @@ namespace {
 struct Target {
   QSizeF pageSize;
   QSizeF shape;
+  bool screenPage;
   double unitsPerWidth;
   std::function<void()> newPage;
 };
 
 void Paint(const DisplayList& drawing, QPainter& painter, const Target& target, QSizeF device) {
   const QRectF frame = PageFrame(device, target.shape);
-  if (frame.size() != device) {
-    painter.fillRect(QRectF(QPointF(0, 0), device), PainterCanvas::ToQColor(kPageBackground));
-  }
+  // A screen page's margins take the page background; paper stays white.
+  if (target.screenPage) painter.fillRect(QRectF(QPointF(0, 0), device), PainterCanvas::ToQColor(kPageBackground));
   const double sx = frame.width() / target.pageSize.width();
   const double sy = frame.height() / target.pageSize.height();
   painter.translate(frame.topLeft());
@@ -102,7 +102,7 @@ std::string RenderToFile(const DisplayList& drawing, PageSize page, int width, i
       Render(drawing,
              {QSizeF(page.width, page.height),
               shape.width > 0 ? QSizeF(shape.width, shape.height) : QSizeF(page.width, page.height),
-              unitsPerWidth, {}},
+              shape.width > 0, unitsPerWidth, {}},
              QSize(width, height), suffix);
   if (!bytes) return "the drawing for " + path + " could not be made";
   return WriteFileSafely(path, std::string_view(bytes->constData(), bytes->size()));

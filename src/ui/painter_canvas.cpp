@@ -87,7 +87,21 @@ void PainterCanvas::FlushLines() {
   lineWidth_ = linesWidth_;
   painter_.setPen(PenOf(linesColour_));
   lineWidth_ = width;
-  painter_.drawLines(lines_);
+  if (painter_.paintEngine() != nullptr && painter_.paintEngine()->type() == QPaintEngine::Raster) {
+    painter_.drawLines(lines_);
+  } else {
+    // A file (PDF, SVG) gets each run of joined lines as one polyline: half
+    // the text of separate lines, and as much less to write and compress.
+    QVector<QPointF> run;
+    for (qsizetype k = 0; k < lines_.size(); ++k) {
+      if (run.isEmpty() || lines_[k].p1() != run.back()) {
+        if (run.size() > 1) painter_.drawPolyline(run);
+        run = {lines_[k].p1()};
+      }
+      run.append(lines_[k].p2());
+    }
+    if (run.size() > 1) painter_.drawPolyline(run);
+  }
   lines_.clear();
 }
 
