@@ -9,6 +9,8 @@
 #include "chart/network_path.h"
 #include "chart/readout.h"
 #include "design/symbols.h"
+#include "model/format.h"
+#include "model/number_text.h"
 #include "support/drawing_queries.h"
 #include "support/networks.h"
 
@@ -90,24 +92,44 @@ TEST_F(RedrawTest, FineImpedanceLinesFollowTheirFormulas) {
   }
 }
 
-// Labels stand at their formulas in two different views.
+// Every label of both grids stands at its formula, in two different views:
+// the whole lists, in the grids' colours, compared at once.
 TEST_F(RedrawTest, LabelsStandAtTheirFormulas) {
+  using Labels = std::vector<std::tuple<std::string, long, long>>;  // text, x, y in thousandths
   for (const ChartView view : {ChartView{8000, 5000, 3000 * std::sqrt(2.0), 0.5},
                                ChartView{6500, 5200, 3000, 1.25}}) {
-    list.Reset();
-    DrawImpedanceGrid(list, view, kStrongRed);
-    DrawAdmittanceGrid(list, view, kStrongGreen);
     const double xc = view.centreX, yc = view.centreY, a = view.aspect, r = view.radius;
-    for (const auto& [text, colour, x, y] :
-         {std::tuple{"+5", kStrongRed, xc + a * 0.92 * r + 15, yc - 0.39 * r - 210},
-          {"-.5", kStrongRed, xc - a * (0.62 * r + 180), yc + 0.82 * r - 90},
-          {"+1", kStrongRed, xc - 180, yc - 0.999 * r - 240},
-          {"+2", kStrongGreen, xc - a * (0.62 * r - 60), yc + 0.82 * r + 30},
-          {"0", kStrongGreen, xc + a * 1.02 * r, yc - 120}}) {
-      const DrawCommand* label = Label(text, colour);
-      ASSERT_NE(label, nullptr) << text;
-      EXPECT_NEAR(label->a.x, x, 1e-6) << text;
-      EXPECT_NEAR(label->a.y, y, 1e-6) << text;
+    auto label = [](const char* text, double x, double y) {
+      return std::tuple(std::string(text), std::lround(x * 1000), std::lround(y * 1000));
+    };
+    const Labels impedance = {
+        label("+5", xc + a * 0.92 * r + 15, yc - 0.39 * r - 210), label("+2", xc + a * 0.6 * r - 120, yc - 0.8 * r - 240),
+        label("+1", xc - 180, yc - 0.999 * r - 240), label("+.5", xc - a * (0.62 * r + 240), yc - 0.82 * r - 60),
+        label("+.2", xc - a * (0.97 * r + 90), yc - 0.38 * r - 240), label("0", xc - a * (1.02 * r + 60), yc - 90),
+        label("-.2", xc - a * (0.97 * r + 90), yc + 0.38 * r), label("-.5", xc - a * (0.62 * r + 180), yc + 0.82 * r - 90),
+        label("-1", xc - 180, yc + 1.01 * r), label("-2", xc + a * 0.6 * r - 45, yc + 0.8 * r + 60),
+        label("-5", xc + a * 0.93 * r + 1, yc + 0.39 * r - 60), label(".2", xc - a * (0.67 * r + 120), yc - 70),
+        label(".5", xc - a * (0.33 * r + 120), yc - 70), label("1", xc - 60, yc - 70),
+        label("2", xc + a * (0.33 * r - 60), yc - 70), label("5", xc + a * (0.66 * r + 60), yc - 70)};
+    const Labels admittance = {
+        label("-.5", xc + a * (0.66 * r - 90), yc - 0.79 * r - 180), label("-1", xc + 90, yc - 0.999 * r - 240),
+        label("-2", xc - a * 0.62 * r, yc - 0.82 * r - 210), label("-.2", xc + a * (0.97 * r - 120), yc - 0.38 * r - 90),
+        label("0", xc + a * 1.02 * r, yc - 120), label("+.2", xc + a * (0.97 * r - 120), yc + 0.38 * r + 90),
+        label("+2", xc - a * (0.62 * r - 60), yc + 0.82 * r + 30), label("+1", xc + 90, yc + 1.01 * r),
+        label("+.5", xc + a * (0.66 * r - 120), yc + 0.79 * r - 30), label("5", xc - a * (0.67 * r - 60), yc - 170),
+        label("2", xc - a * (0.33 * r - 60), yc - 170), label("1", xc + 30, yc - 170),
+        label(".5", xc + a * (0.33 * r + 30), yc - 170), label(".2", xc + a * (0.66 * r + 30), yc - 170)};
+    for (const bool impedanceGrid : {true, false}) {
+      list.Reset();
+      if (impedanceGrid) {
+        DrawImpedanceGrid(list, view, kStrongRed);
+      } else {
+        DrawAdmittanceGrid(list, view, kStrongGreen);
+      }
+      Labels drawn;
+      for (const DrawCommand& c : testing::OfKind(list, Kind::Text)) drawn.push_back(label(c.text.c_str(), c.a.x, c.a.y));
+      EXPECT_EQ(drawn, impedanceGrid ? impedance : admittance);
+      EXPECT_NE(Label("0", impedanceGrid ? kStrongRed : kStrongGreen), nullptr);  // in the grid's colour
     }
   }
 }
@@ -221,6 +243,32 @@ TEST_F(RedrawTest, ReadoutBoundaries) {
   EXPECT_EQ(at(1.01e-6).returnLoss, " 119.91dB");
   EXPECT_EQ(at(0.99e-6).returnLoss, ">120dB");
   EXPECT_FALSE(at(1.01).inside);
+}
+
+// No double reflection gives a VSWR of exactly 1000 or a return loss of exactly
+// 120 dB through the readout's formulas: the two neighbouring doubles either
+// side of each limit show the number and the limit. A view of radius 1 at the
+// origin makes the page's x the reflection itself.
+TEST_F(RedrawTest, ReadoutLimitsFallBetweenNeighbouringDoubles) {
+  session.ChartCentreX = session.ChartCentreY = 0;
+  session.ChartRadius = session.ChartAspect = 1;
+  const auto at = [this](double rho) { return ReadoutAt(session, rho, 0); };
+  EXPECT_EQ(at(0.99800199800199796).vswr, " 1000:1   ");  // VSWR 999.99999999997817
+  EXPECT_EQ(at(0.99800199800199807).vswr, " >1000:1   ");  // 1000.0000000000339
+  EXPECT_EQ(at(9.9999999999999974e-07).returnLoss, " 120dB");  // 119.99999999999999 dB
+  EXPECT_EQ(at(9.9999999999999953e-07).returnLoss, ">120dB");  // 120.00000000000001 dB
+}
+
+// Negative zero is written as zero by every number text.
+TEST(NumberTexts, WriteNegativeZeroAsZero) {
+  for (const auto& text : std::vector<std::string (*)(double)>{FormatSI, FormatSmallSI, FormatGeneral,
+                                                              FormatCapacitance, FormatInductance}) {
+    EXPECT_EQ(text(-0.0), text(0.0));
+  }
+  EXPECT_EQ(FileNumber(-0.0), FileNumber(0.0));
+  EXPECT_EQ(FileNumber(-0.0f), FileNumber(0.0f));
+  EXPECT_EQ(PlainNumberText(-0.0, 7), "0");
+  EXPECT_EQ(PrintNumberText(-0.0, 7), " 0");
 }
 
 TEST(Reflection, VSWROfAReflectionAboveOne) {

@@ -88,6 +88,20 @@ class TuningTest : public StripTest {
   testing::FakeDialogs dialogs;
 };
 
+// A zero entered empties the stage: its second to fourth values become 0,
+// the first stays as the entry left it, the values after the fourth and the
+// selection stay.
+TEST_F(TuningTest, ClearingAPartZeroesOnlyTheValuesItNames) {
+  for (const bool top : {true, false}) {
+    Select(2, ShuntSeriesLC, {0, 1e-6, 200, 100e-12, 1000});
+    session.Value[2][5] = 7;
+    const Entered entered = top ? EnterTopValue(session, dialogs, "0") : EnterBottomValue(session, "0");
+    EXPECT_EQ(entered, Entered::PartCleared);
+    EXPECT_EQ(std::tuple(session.ElementType[2], session.SelectedStage), std::tuple(Empty, 2));
+    EXPECT_EQ(session.Value[2], (std::array<double, kSlotCount>{0, top ? 0 : 1e-6, 0, 0, 0, 7})) << top;
+  }
+}
+
 TEST_F(TuningTest, FineStepsShrinkWithTheZoom) {
   SetFineSteps(session, true);
   session.ChartZoom = 8;

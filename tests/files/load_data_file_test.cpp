@@ -54,6 +54,15 @@ TEST_F(LoadDataFileTest, ReadsTheDocumentedExampleAndTakesTheMiddlePoint) {
   EXPECT_EQ(session.FileName, "net.SSF");
 }
 
+// Each comment character starts a comment, also after leading blanks; the
+// data lines around it are the file's only points.
+TEST_F(LoadDataFileTest, EachCommentCharacterStartsAComment) {
+  for (const char* comment : {"! a", "* b", "' c", "/ d", "\\ e", "   * after blanks"}) {
+    ASSERT_TRUE(Apply({"1M, 1, 1", comment, "2M, 2, 2"})) << comment;
+    EXPECT_EQ(std::tuple(session.SweepPoints, session.LoadFreq[2]), std::tuple(2, 2e6)) << comment;
+  }
+}
+
 // Fields are split at commas (empty fields skipped, spaces kept within);
 // text that is no number reads as 0, and missing fields repeat the last one.
 TEST_F(LoadDataFileTest, DataLinesReadTheirThreeFields) {
