@@ -1,6 +1,8 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cmath>
+#include <vector>
 
 #include "design/symbols.h"
 #include "model/session.h"
@@ -41,6 +43,27 @@ TEST(Symbols, EachTypeDrawsItsOwnForm) {
       EXPECT_FALSE(reachesGround(series)) << series;
     }
   }
+}
+
+// Every member's width as its drawn signal rail shows it: the Design page's,
+// the strip's (in units of its scale) and the library's series and shunt
+// resistors, whose zigzag is the strip's shorter one.
+TEST(Symbols, EachMemberIsAsWideAsItsRail) {
+  auto rail = [](SymbolFamily family, int type) {
+    DisplayList list;
+    SymbolPen pen(list, family, kRv, kS);
+    pen.ListY = 500;
+    pen.DrawElementSymbol(type);
+    return std::lround(testing::RailEnd(list, 500) / (family == SymbolFamily::Strip ? kS : 1));
+  };
+  std::vector<long> design, strip;
+  for (int type = Empty; type <= SeriesResistor; ++type) design.push_back(rail(SymbolFamily::Design, type));
+  for (int type = SeriesCapacitor; type <= ShuntResistor; ++type) strip.push_back(rail(SymbolFamily::Strip, type));
+  EXPECT_EQ(design, (std::vector<long>{960, 1000, 960, 1060, 960, 1120, 800, 960, 1040, 1040, 640, 960, 1040}));
+  EXPECT_EQ(rail(SymbolFamily::Design, InsertPlaceholder), 1000);
+  EXPECT_EQ(strip, (std::vector<long>{960, 1200, 1500, 1200, 1400, 1240, 1240, 1320, 1320, 1200, 1240, 1480, 600}));
+  EXPECT_EQ(std::pair(rail(SymbolFamily::Gallery, SeriesResistor), rail(SymbolFamily::Gallery, ShuntResistor)),
+            std::pair(880L, 400L));
 }
 
 // The shunt stubs' tube walls: 300 and 460 below the rail on the Design page
