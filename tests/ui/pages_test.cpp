@@ -525,5 +525,42 @@ TEST_F(AnalysisPageTest, TheChartsBackgroundIsPaintedOnlyWhenItChanges) {
   }
 }
 
+// Each kind of change on the Design page is one step, undone to the state
+// before it: a typed system impedance, a part accepted, compacting, a file read.
+TEST_F(DesignPageTest, UndoRestoresEachKindOfStep) {
+  SessionHistory history(session);
+  page->show();
+  WriteNetworkFile(testing::FiveStageNetwork(), dialogs, "tuner");
+  std::vector<NetworkState> states = {NetworkStateOf(session)};
+  const std::vector<std::function<void()>> steps = {
+      [this] {
+        page->txtSystemZ->setFocus();
+        QTest::keyClicks(page->txtSystemZ, "75");
+      },
+      [this] {
+        Click(page->Editor().StageX[2] + 300, 1000);
+        Click(4000, 6000);  // a series capacitor at stage 2, stage 1 left empty
+        page->txtValue[0]->setText("47p");
+        QTest::mouseClick(page->cmdAccept, Qt::LeftButton);
+      },
+      [this] { QTest::mouseClick(page->cmdCompact, Qt::LeftButton); },
+      [this] {
+        dialogs.fileNames.push_back("tuner.SSF");
+        QTest::mouseClick(page->cmdGetNet, Qt::LeftButton);
+      }};
+  for (const auto& step : steps) {
+    step();
+    QApplication::processEvents();
+    states.push_back(NetworkStateOf(session));
+    EXPECT_NE(states.back(), states[states.size() - 2]) << states.size();
+  }
+  EXPECT_EQ(history.Stack().count(), static_cast<int>(steps.size()));
+  for (std::size_t k = steps.size(); k > 0; --k) {
+    history.Stack().undo();
+    EXPECT_EQ(NetworkStateOf(session), states[k - 1]) << k;
+  }
+  EXPECT_EQ(page->txtSystemZ->text().trimmed(), "50");  // the page shows the state again
+}
+
 }  // namespace
 }  // namespace kalvex
