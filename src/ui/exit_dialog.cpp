@@ -3,12 +3,25 @@
 #include <QCoreApplication>
 
 #include <algorithm>
+#include <filesystem>
 
 #include "files/exit_actions.h"
 #include "files/network_file.h"
 #include "ui/controls.h"
 
 namespace kalvex {
+namespace {
+
+// The last-session file by its full path, so that a message that it could not
+// be written says where.
+std::filesystem::path LastSessionPath() {
+  std::error_code error;
+  const std::filesystem::path full = std::filesystem::absolute(kLastSessionFileName, error);
+  return error ? std::filesystem::path(kLastSessionFileName) : full;
+}
+
+}  // namespace
+
 void EndProgram() { QCoreApplication::exit(0); }
 
 void SaveSessionAndEnd(const Session& session, Dialogs& dialogs) {
@@ -45,9 +58,9 @@ ExitDialog::ExitDialog(Session& session, Dialogs& dialogs, QWidget* parent)
 
   connect(cmdCancel, &QPushButton::clicked, this, &QDialog::reject);
   connect(cmdExit, &QPushButton::clicked, this,
-          [this] { ShowSavedAndEnd(EndAndQuit(session_, dialogs_, kLastSessionFileName)); });
+          [this] { ShowSavedAndEnd(EndAndQuit(session_, dialogs_, LastSessionPath())); });
   connect(cmdSave, &QPushButton::clicked, this, [this] {
-    if (const auto saved = SaveThenExit(session_, dialogs_, kLastSessionFileName)) {
+    if (const auto saved = SaveThenExit(session_, dialogs_, LastSessionPath())) {
       ShowSavedAndEnd(*saved);
     }
   });
