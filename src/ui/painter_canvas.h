@@ -56,6 +56,7 @@ class PainterCanvas : public Canvas {
   bool GatherMark(Point centre, double radiusX, double radiusY, Colour colour);
   // Draws what has gathered, lines or marks (only one kind gathers at a time).
   void FlushLines();
+  QVector<QLineF> JoinedUnderAPixel(const QVector<QLineF>& lines) const;
 
   QPainter& painter_;
   QSizeF pageSize_;
