@@ -74,10 +74,10 @@ bool PainterCanvas::GatherMark(Point centre, double radiusX, double radiusY, Col
   return true;
 }
 
-// A wide line is stroked piece by piece, each piece with its own caps: the
-// path's thousands of pieces shorter than a pixel are joined into pieces of
-// at least a pixel (along their chain), which look the same and stroke in a
-// fraction of the time.
+// A wide line is stroked piece by piece, each piece with its own caps, and a
+// file writes every piece: the path's thousands of pieces shorter than a
+// device unit (a pixel, a point) are joined into pieces of at least one along
+// their chain, which look the same and take a fraction of the time.
 QVector<QLineF> PainterCanvas::JoinedUnderAPixel(const QVector<QLineF>& lines) const {
   const QTransform& page = painter_.transform();
   QVector<QLineF> joined;
@@ -114,12 +114,13 @@ void PainterCanvas::FlushLines() {
     // A file (PDF, SVG) gets each run of joined lines as one polyline: half
     // the text of separate lines, and as much less to write and compress.
     QVector<QPointF> run;
-    for (qsizetype k = 0; k < lines_.size(); ++k) {
-      if (run.isEmpty() || lines_[k].p1() != run.back()) {
+    const QVector<QLineF> lines = JoinedUnderAPixel(lines_);
+    for (qsizetype k = 0; k < lines.size(); ++k) {
+      if (run.isEmpty() || lines[k].p1() != run.back()) {
         if (run.size() > 1) painter_.drawPolyline(run);
-        run = {lines_[k].p1()};
+        run = {lines[k].p1()};
       }
-      run.append(lines_[k].p2());
+      run.append(lines[k].p2());
     }
     if (run.size() > 1) painter_.drawPolyline(run);
   }
