@@ -16,10 +16,10 @@
 namespace kalvex {
 
 // A window that works in logical page units, as every Kalvex page does: its
-// drawing is a display list in page units stretched to the window, its
-// controls keep their places and fonts in proportion when the window is
-// resized, and mouse events arrive in page units with the button (1 left,
-// 2 right, 0 for anything else).
+// drawing is a display list in page units drawn in the window in the
+// proportions it has filling the screen (see Frame), its controls keep their
+// places and fonts in proportion when the window is resized, and mouse events
+// arrive in page units with the button (1 left, 2 right, 0 for anything else).
 class Page : public QWidget {
   Q_OBJECT
 
@@ -71,6 +71,11 @@ class Page : public QWidget {
   QRectF Frame() const;
   QSizeF LogicalSize() const { return logicalSize_; }
 
+  // How often the cached background was painted (for tests), and whether it
+  // is used at all (a page painted without it gives the same pixels).
+  int BackgroundPaints() const { return backgroundPaints_; }
+  void CacheBackground(bool on) { cacheBackground_ = on; }
+
  protected:
   virtual void OnMouseDown(int button, double x, double y);
   virtual void OnMouseMove(int button, double x, double y);
@@ -86,14 +91,6 @@ class Page : public QWidget {
   void mouseMoveEvent(QMouseEvent* event) override;
   void mouseReleaseEvent(QMouseEvent* event) override;
   void closeEvent(QCloseEvent* event) override;
-
- public:
-  // How often the cached background was painted (for tests), and whether it
-  // is used at all (a page painted without it gives the same pixels).
-  int BackgroundPaints() const { return backgroundPaints_; }
-  void CacheBackground(bool on) { cacheBackground_ = on; }
-
- protected:
   bool event(QEvent* event) override;
   // The page on screen is the one an undo draws again.
   void showEvent(QShowEvent* event) override;
@@ -117,12 +114,12 @@ class Page : public QWidget {
     qreal ratio = 0;
     bool operator==(const BackgroundKey&) const = default;
   };
-  struct BackgroundLayerCache {
+  struct BackgroundLayer {
     BackgroundKey key;
     QImage image;
   };
   void PaintRange(QPainter& painter, std::size_t first, std::size_t end) const;
-  BackgroundLayerCache background_;
+  BackgroundLayer background_;
   bool cacheBackground_ = true;
   int backgroundPaints_ = 0;
   QPointer<QMenuBar> menuBar_;
