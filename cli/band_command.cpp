@@ -6,7 +6,6 @@
 #include "cli_options.h"
 #include "commands.h"
 #include "console_dialogs.h"
-#include "files/network_file.h"
 #include "session_options.h"
 
 namespace kalvex {
@@ -29,10 +28,8 @@ int RunBandCommand(const Command& command, const std::vector<std::string>& words
     }
   }
   Session session;
-  InitialiseSession(session);
-  session.LoadSource = 1;
   ConsoleDialogs dialogs(err);
-  if (!ReadNetworkFile(session, dialogs, arguments->positional.front())) return kExitFailed;
+  if (!ReadCommandNetwork(*arguments, session, dialogs)) return kExitFailed;
   if (const auto stop = ApplySweepOptions(session, dialogs, *arguments, command, err, true)) return *stop;
   const BandFigures figures = ComputeBandFigures(session, thresholds);
   if (figures.points.empty()) {

@@ -4,8 +4,8 @@
 #include "cli.h"
 #include "cli_options.h"
 #include "commands.h"
+#include "session_options.h"
 #include "console_dialogs.h"
-#include "files/network_file.h"
 #include "model/calculate.h"
 
 namespace kalvex {
@@ -26,10 +26,8 @@ int RunImpedanceCommand(const Command& command, const std::vector<std::string>& 
   }
 
   Session session;
-  InitialiseSession(session);
   ConsoleDialogs dialogs(err);
-  if (!ReadNetworkFile(session, dialogs, arguments->positional.front())) return kExitFailed;
-  session.LoadSource = 1;
+  if (!ReadCommandNetwork(*arguments, session, dialogs)) return kExitFailed;
   if (frequency) session.Frequency = *frequency;
   CalculateNetwork(session, 0);
   if (!std::isfinite(session.InputR) || !std::isfinite(session.InputX)) {

@@ -3,6 +3,7 @@
 #include "cli.h"
 #include "cli_options.h"
 #include "commands.h"
+#include "session_options.h"
 #include "console_dialogs.h"
 #include "files/network_file.h"
 #include "matching/match.h"
@@ -77,10 +78,8 @@ int RunMatchCommand(const Command& command, const std::vector<std::string>& word
   }
 
   Session session;
-  InitialiseSession(session);
-  session.LoadSource = 1;
   ConsoleDialogs dialogs(err);
-  if (!ReadNetworkFile(session, dialogs, arguments->positional.front())) return kExitFailed;
+  if (!ReadCommandNetwork(*arguments, session, dialogs)) return kExitFailed;
   const MatchResult result = FindMatches(session, request);
   for (const std::string& note : result.notes) err << "kalvex-cli match: " << note << "\n";
   if (!result.refusal.empty()) {

@@ -65,10 +65,8 @@ int RunOptimizeCommand(const Command& command, const std::vector<std::string>& w
                      arguments->Option("--stop") || arguments->Option("--points");
 
   Session session;
-  InitialiseSession(session);
-  session.LoadSource = 1;
   ConsoleDialogs dialogs(err);
-  if (!ReadNetworkFile(session, dialogs, arguments->positional.front())) return kExitFailed;
+  if (!ReadCommandNetwork(*arguments, session, dialogs)) return kExitFailed;
   if (const auto stop = ApplySweepOptions(session, dialogs, *arguments, command, err, false)) return *stop;
   const OptimiseResult result = Optimise(session, request);
   if (const auto output = arguments->Option("-o")) {

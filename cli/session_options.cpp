@@ -6,9 +6,16 @@
 #include "chart/chart_view.h"
 #include "cli.h"
 #include "files/load_data_file.h"
+#include "files/network_file.h"
 #include "model/format.h"
 
 namespace kalvex {
+
+bool ReadCommandNetwork(const CliArguments& arguments, Session& session, Dialogs& dialogs) {
+  InitialiseSession(session);
+  session.LoadSource = 1;
+  return ReadNetworkFile(session, dialogs, arguments.positional.front());
+}
 
 std::optional<int> ApplyChartOptions(Session& session, const CliArguments& arguments,
                                      const Command& command, std::ostream& err) {

@@ -13,6 +13,11 @@ namespace kalvex {
 // Options that several commands share; each returns an exit code when the
 // command must stop, nothing when it may go on.
 
+// The network of the command's FILE (its one positional word) in a fresh
+// session with its own load in use (LoadSource 1). False, the reader having
+// said why, when it cannot be read.
+bool ReadCommandNetwork(const CliArguments& arguments, Session& session, Dialogs& dialogs);
+
 // The view of the chart: --grid 1..6, --zoom 1..8, and the switches
 // --q-arcs, --vswr-circle and --sweep. Checks them and puts them in the session.
 std::optional<int> ApplyChartOptions(Session& session, const CliArguments& arguments,

@@ -1,8 +1,8 @@
 #include "cli.h"
 #include "cli_options.h"
 #include "commands.h"
+#include "session_options.h"
 #include "console_dialogs.h"
-#include "files/network_file.h"
 #include "files/spice_deck.h"
 
 namespace kalvex {
@@ -14,9 +14,8 @@ int RunSpiceCommand(const Command& command, const std::vector<std::string>& word
   if (!arguments) return UsageError(command, problem, err);
   if (arguments->positional.size() != 1) return UsageError(command, "one FILE is needed", err);
   Session session;
-  InitialiseSession(session);
   ConsoleDialogs dialogs(err);
-  if (!ReadNetworkFile(session, dialogs, arguments->positional.front())) return kExitFailed;
+  if (!ReadCommandNetwork(*arguments, session, dialogs)) return kExitFailed;
   session.FileName = arguments->positional.front();
   const SpiceDeck deck = MakeSpiceDeck(session);
   if (!deck.problem.empty()) {

@@ -5,7 +5,6 @@
 #include "commands.h"
 #include "console_dialogs.h"
 #include "session_options.h"
-#include "files/network_file.h"
 #include "files/sweep_data_file.h"
 #include "files/text_file.h"
 #include "files/touchstone.h"
@@ -30,10 +29,8 @@ int RunSweepCommand(const Command& command, const std::vector<std::string>& word
   if (!arguments) return UsageError(command, problem, err);
   if (arguments->positional.size() != 1) return UsageError(command, "one FILE is needed", err);
   Session session;
-  InitialiseSession(session);
-  session.LoadSource = 1;
   ConsoleDialogs dialogs(err);
-  if (!ReadNetworkFile(session, dialogs, arguments->positional.front())) return kExitFailed;
+  if (!ReadCommandNetwork(*arguments, session, dialogs)) return kExitFailed;
   if (const auto stop = ApplySweepOptions(session, dialogs, *arguments, command, err, true)) {
     return *stop;
   }

@@ -2,9 +2,9 @@
 
 #include <algorithm>
 #include <cmath>
-#include <cstdio>
 
 #include "model/format.h"
+#include "model/number_text.h"
 #include "model/reflection.h"
 #include "model/trim.h"
 
@@ -43,12 +43,6 @@ double NiceStep(double span) {
   return 10 * power;
 }
 
-std::string Short(double value) {
-  char text[32];
-  std::snprintf(text, sizeof text, "%.4g", value);
-  return text;
-}
-
 std::string Hertz(double f) { return std::string(Trim(FormatSI(f), " ")) + "Hz"; }
 
 class Plot {
@@ -85,7 +79,7 @@ void DrawAxes(Canvas& canvas, const Plot& plot, const BandFigures& figures) {
   const double yStep = NiceStep(plot.High() - plot.Low());
   for (double v = std::ceil(plot.Low() / yStep) * yStep; v <= plot.High() * (1 + 1e-12); v += yStep) {
     canvas.Line({kLeft, plot.Y(v)}, {kRight, plot.Y(v)}, kAxisGrey);
-    canvas.Text({kLeft - 700, plot.Y(v) - 100}, Short(v));
+    canvas.Text({kLeft - 700, plot.Y(v) - 100}, FormattedNumber("%.4g", v));
   }
   canvas.OutlineRect({kLeft, kTop}, {kRight, kBottom}, kBlack);
   canvas.Text({(kLeft + kRight) / 2 - 600, kBottom + 400}, "Frequency (Hz)");
@@ -141,7 +135,7 @@ void DrawBandPlot(const BandFigures& figures, BandQuantity quantity, Canvas& can
     const double y = plot.Y(Value(quantity, e.vswr));
     canvas.Line({kLeft, y}, {kRight, y}, kThresholdOrange);
     canvas.SetTextColour(kThresholdOrange);
-    canvas.Text({kRight + 80, y - 100}, "VSWR " + Short(e.vswr));
+    canvas.Text({kRight + 80, y - 100}, "VSWR " + FormattedNumber("%.4g", e.vswr));
     canvas.SetTextColour(kEdgeRed);
     for (const auto& edge : {e.low, e.high}) {
       if (!edge) continue;
@@ -160,13 +154,13 @@ void DrawBandPlot(const BandFigures& figures, BandQuantity quantity, Canvas& can
   const Point worst{plot.X(figures.worst.frequency), plot.Y(Value(quantity, figures.worst.vswr))};
   canvas.FillEllipse(worst, 70, 70, kEdgeRed);
   canvas.SetTextColour(kEdgeRed);
-  canvas.Text({std::min(worst.x + 100, kRight - 1500), worst.y + 100}, "worst VSWR " + Short(figures.worst.vswr));
+  canvas.Text({std::min(worst.x + 100, kRight - 1500), worst.y + 100}, "worst VSWR " + FormattedNumber("%.4g", figures.worst.vswr));
   const double bound = std::max(figures.series.gamma, figures.parallel.gamma);
   if (bound > 0) {
     const double y = plot.Y(Value(quantity, VSWROf(bound)));
     DashedLine(canvas, {kLeft, y}, {kRight, y}, kBoundPurple);
     canvas.SetTextColour(kBoundPurple);
-    canvas.Text({kLeft + 100, y - 250}, "Bode-Fano bound, VSWR " + Short(VSWROf(bound)));
+    canvas.Text({kLeft + 100, y - 250}, "Bode-Fano bound, VSWR " + FormattedNumber("%.4g", VSWROf(bound)));
   }
   canvas.SetTextColour(kBlack);
 }

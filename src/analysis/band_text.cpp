@@ -1,6 +1,5 @@
 #include "analysis/band_text.h"
 
-#include <cstdio>
 
 #include "model/format.h"
 #include "model/number_text.h"
@@ -27,20 +26,14 @@ std::string Frequency(const std::optional<double>& f) {
   return f ? std::string(Trim(FormatSI(*f), " ")) + "Hz" : "none";
 }
 
-std::string Figure(const char* format, double value) {
-  char text[64];
-  std::snprintf(text, sizeof text, format, value);
-  return text;
-}
-
 std::string FitLine(const char* form, const BodeFanoFit& fit) {
   if (fit.reactive == 0) return std::string(form) + ": the load is a plain resistance, no limit\n";
   const std::string part = fit.capacitive ? std::string(Trim(FormatCapacitance(fit.reactive), " "))
                                           : std::string(Trim(FormatInductance(fit.reactive), " "));
   return std::string(form) + " R" + (fit.capacitive ? "C" : "L") + " (" +
-         Figure("%.4g", fit.r) + " ohms, " + std::string(Trim(part, " ")) + "): |Gamma| >= " +
-         Figure("%.4g", fit.gamma) + ", VSWR " + Figure("%.4g", fit.vswr) + ", return loss " +
-         (fit.returnLoss ? Figure("%.3f dB", *fit.returnLoss) : std::string("none")) + "\n";
+         FormattedNumber("%.4g", fit.r) + " ohms, " + std::string(Trim(part, " ")) + "): |Gamma| >= " +
+         FormattedNumber("%.4g", fit.gamma) + ", VSWR " + FormattedNumber("%.4g", fit.vswr) + ", return loss " +
+         (fit.returnLoss ? FormattedNumber("%.3f dB", *fit.returnLoss) : std::string("none")) + "\n";
 }
 
 }  // namespace
@@ -61,17 +54,17 @@ std::string BandJson(const BandFigures& figures) {
 std::string BandReport(const BandFigures& figures) {
   std::string text = "Band " + Frequency(figures.low) + " to " + Frequency(figures.high) +
                      ", working frequency " + Frequency(figures.workingFrequency) + "\n";
-  text += "Worst: VSWR " + Figure("%.4g", figures.worst.vswr) + ", return loss " +
-          Figure("%.3f dB", figures.worst.returnLoss) + " at " + Frequency(figures.worst.frequency) + "\n";
-  text += "Best:  VSWR " + Figure("%.4g", figures.best.vswr) + ", return loss " +
-          Figure("%.3f dB", figures.best.returnLoss) + " at " + Frequency(figures.best.frequency) + "\n";
+  text += "Worst: VSWR " + FormattedNumber("%.4g", figures.worst.vswr) + ", return loss " +
+          FormattedNumber("%.3f dB", figures.worst.returnLoss) + " at " + Frequency(figures.worst.frequency) + "\n";
+  text += "Best:  VSWR " + FormattedNumber("%.4g", figures.best.vswr) + ", return loss " +
+          FormattedNumber("%.3f dB", figures.best.returnLoss) + " at " + Frequency(figures.best.frequency) + "\n";
   for (const BandEdges& e : figures.edges) {
-    text += "VSWR " + Figure("%g", e.vswr) + ": " + Frequency(e.low) + " to " + Frequency(e.high) +
-            (e.hertz ? ", " + Frequency(e.hertz) + " wide, " + Figure("%.3f %%", *e.percent) : "") + "\n";
+    text += "VSWR " + FormattedNumber("%g", e.vswr) + ": " + Frequency(e.low) + " to " + Frequency(e.high) +
+            (e.hertz ? ", " + Frequency(e.hertz) + " wide, " + FormattedNumber("%.3f %%", *e.percent) : "") + "\n";
   }
   text += "Bode-Fano bound over the band:\n";
   text += FitLine("  series", figures.series) + FitLine("  parallel", figures.parallel);
-  if (figures.boundUsed) text += "The network reaches " + Figure("%.1f %%", 100 * *figures.boundUsed) + " of the bound\n";
+  if (figures.boundUsed) text += "The network reaches " + FormattedNumber("%.1f %%", 100 * *figures.boundUsed) + " of the bound\n";
   return text;
 }
 

@@ -77,9 +77,9 @@ double LoadedQ(const Session& session, MatchKind kind, const MatchStages& stages
   if (!IsLumped(kind)) {
     Session trial = WithStages(session, stages, false);
     trial.LoadSource = 1;
-    trial.Value[0][1] = LoadToMatch(session).z.R;
-    trial.Value[0][2] = LoadToMatch(session).z.X;
-    const double f = LoadToMatch(session).frequency;
+    const auto [load, f] = LoadToMatch(session);
+    trial.Value[0][1] = load.R;
+    trial.Value[0][2] = load.X;
     constexpr double kStep = 1e-6;
     double x[2];
     for (int side = 0; side < 2; ++side) {

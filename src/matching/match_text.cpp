@@ -11,12 +11,6 @@
 namespace kalvex {
 namespace {
 
-std::string Fixed(const char* format, double value) {
-  char buffer[64];
-  std::snprintf(buffer, sizeof buffer, format, value);
-  return buffer;
-}
-
 // Number texts carry blanks of their own: one blank between words is enough here.
 std::string OneBlank(std::string text) {
   std::string collapsed;
@@ -74,9 +68,9 @@ std::string MatchTable(const Session& session, const MatchResult& result) {
     const MatchSolution& s = result.solutions[n];
     char row[160];
     std::snprintf(row, sizeof row, "%2zu  %-12s  %-8s  %-9s  %-6s  %-10s  %-20s  ", n + 1,
-                  MatchKindName(s.kind), Fixed("%.4g", s.loadedQ).c_str(), MatchResponseName(s.response),
-                  s.passesDC ? "passes" : "blocks", Fixed("%.4g", s.worstVSWR).c_str(),
-                  (Fixed("%.6g", s.input.R) + Fixed(" %+.4g", s.input.X)).c_str());
+                  MatchKindName(s.kind), FormattedNumber("%.4g", s.loadedQ).c_str(), MatchResponseName(s.response),
+                  s.passesDC ? "passes" : "blocks", FormattedNumber("%.4g", s.worstVSWR).c_str(),
+                  (FormattedNumber("%.6g", s.input.R) + FormattedNumber(" %+.4g", s.input.X)).c_str());
     text += row + MatchPartsText(s) + "\n";
   }
   return text;

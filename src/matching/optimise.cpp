@@ -75,7 +75,6 @@ class WorstReflection {
   double Low(std::size_t k) const { return ToSearch(k, variables_[k].low); }
   double High(std::size_t k) const { return ToSearch(k, variables_[k].high); }
   std::size_t Size() const { return variables_.size(); }
-  const std::vector<Variable>& Variables() const { return variables_; }
 
   double operator()(const std::vector<double>& x) {
     ++evaluations_;
@@ -146,8 +145,7 @@ OptimiseResult Optimise(const Session& session, const OptimiseRequest& request,
   // The start as it stands (its values may lie outside the bounds): the result
   // is never worse than this.
   {
-    Session original = session;
-    WorstReflection asIs(original, {}, request.overBand);
+    WorstReflection asIs(session, {}, request.overBand);
     const double asIsValue = asIs({});
     result.before = VSWROfReflection(asIsValue);
     if (asIsValue <= bestValue) {

@@ -2,6 +2,7 @@
 
 #include <charconv>
 #include <cmath>
+#include <cstdio>
 
 namespace kalvex {
 
@@ -32,6 +33,12 @@ std::string PrintNumberText(double value, int significantDigits) {
 std::string ExactNumberText(double value) {
   char buffer[32];
   return std::string(buffer, std::to_chars(buffer, buffer + sizeof buffer, value).ptr);
+}
+
+std::string FormattedNumber(const char* format, double value) {
+  char text[64];
+  std::snprintf(text, sizeof text, format, value);
+  return text;
 }
 
 std::string JsonNumber(double value) { return std::isfinite(value) ? ExactNumberText(value) : "null"; }

@@ -21,6 +21,9 @@ std::string PrintNumberText(double value, int significantDigits);
 // machine-read outputs (Touchstone, JSON) carry numbers.
 std::string ExactNumberText(double value);
 
+// One number through a printf format ("%.4g"), for reports and plot labels.
+std::string FormattedNumber(const char* format, double value);
+
 // A number in JSON: ExactNumberText, or null where it is not finite.
 std::string JsonNumber(double value);
 

@@ -6,6 +6,7 @@
 #include <string>
 
 #include "platform/dialogs.h"
+#include "ui/keys.h"
 
 namespace kalvex {
 
@@ -26,7 +27,6 @@ QMenuBar* BuildMenuBar(QWidget* page, Dialogs& dialogs, const std::string& versi
                        const PageCommands& commands);
 
 // The undo keys of a page (Ctrl+Z, Ctrl+Shift+Z and Ctrl+Y), for its key list.
-struct Key;
 std::vector<Key> UndoKeys();
 
 }  // namespace kalvex

@@ -60,8 +60,12 @@ const QImage& MarkImage(double rx, double ry, const QColor& colour, double ratio
   return image;
 }
 
+bool PainterCanvas::OnRaster() const {
+  return painter_.paintEngine() != nullptr && painter_.paintEngine()->type() == QPaintEngine::Raster;
+}
+
 bool PainterCanvas::GatherMark(Point centre, double radiusX, double radiusY, Colour colour) {
-  if (painter_.paintEngine() == nullptr || painter_.paintEngine()->type() != QPaintEngine::Raster) return false;
+  if (!OnRaster()) return false;
   const QTransform page = painter_.transform();
   if (page.isRotating()) return false;
   if (!lines_.isEmpty()) FlushLines();
@@ -108,7 +112,7 @@ void PainterCanvas::FlushLines() {
   lineWidth_ = linesWidth_;
   painter_.setPen(PenOf(linesColour_));
   lineWidth_ = width;
-  if (painter_.paintEngine() != nullptr && painter_.paintEngine()->type() == QPaintEngine::Raster) {
+  if (OnRaster()) {
     painter_.drawLines(painter_.pen().widthF() > 0 ? JoinedUnderAPixel(lines_) : lines_);
   } else {
     // A file (PDF, SVG) gets each run of joined lines as one polyline: half

@@ -57,6 +57,8 @@ class PainterCanvas : public Canvas {
   // Draws what has gathered, lines or marks (only one kind gathers at a time).
   void FlushLines();
   QVector<QLineF> JoinedUnderAPixel(const QVector<QLineF>& lines) const;
+  // Whether the device is an image or a window rather than a file.
+  bool OnRaster() const;
 
   QPainter& painter_;
   QSizeF pageSize_;
