@@ -159,6 +159,13 @@ bool WriteNetworkFile(const Session& session, Dialogs& dialogs, const std::strin
   return problem.empty();
 }
 
+void SaveNetworkAs(Session& session, Dialogs& dialogs) {
+  const std::string chosen = dialogs.ChooseSaveFile("Save Kalvex network file", kNetworkFileFilter, session.FileName);
+  if (chosen.empty()) return;
+  session.FileName = chosen;
+  WriteNetworkFile(session, dialogs, session.FileName);
+}
+
 bool ReadNetworkFile(Session& session, Dialogs& dialogs, const std::string& chosenName) {
   if (chosenName.empty()) {
     dialogs.Message("No file was chosen;  we are exiting the file-reading routine.");

@@ -23,6 +23,11 @@ std::string NetworkFileName(const std::string& chosenName);
 bool WriteNetworkFile(const Session& session, Dialogs& dialogs, const std::string& chosenName,
                       std::string* failure = nullptr);
 
+// "Save net" of the Design and Analysis pages: the save chooser, starting at
+// the name chosen before, then WriteNetworkFile under the chosen name, which
+// becomes FileName. A cancelled chooser writes nothing and keeps FileName.
+void SaveNetworkAs(Session& session, Dialogs& dialogs);
+
 // Reads a network file into the session, checking the values as they come.
 // On a failed check or an unreadable file it says so and falls back on the
 // network defaults; an empty name means the chooser was cancelled. Returns true

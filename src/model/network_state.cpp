@@ -12,7 +12,7 @@ namespace kalvex {
 NetworkState NetworkStateOf(const Session& s) {
   return {s.ElementType, s.Value,      s.Frequency,  s.SystemZ,   s.LoadSource,
           s.DataIndex,   s.DefaultCapacitorQ, s.DefaultInductorQ, s.SweepStart, s.SweepStop,
-          s.SweepPoints, s.LoadFreq,   s.LoadR,      s.LoadX,     s.FileName};
+          s.SweepPoints, s.LoadFreq,   s.LoadR,      s.LoadX};
 }
 
 void RestoreNetworkState(Session& s, const NetworkState& state) {
@@ -30,7 +30,6 @@ void RestoreNetworkState(Session& s, const NetworkState& state) {
   s.LoadFreq = state.loadFreq;
   s.LoadR = state.loadR;
   s.LoadX = state.loadX;
-  s.FileName = state.fileName;
 }
 
 std::string MatchStatusText(const Session& network) {

@@ -12,6 +12,7 @@ namespace kalvex {
 // load-data table with the sweep range it sets. Views, overlays, options and
 // results are not part of it: they follow from it when a page is drawn again
 // (a calculation sets the velocity factor, so it cannot be part of a step).
+// Nor is the file name: saving a network changes nothing an undo would undo.
 struct NetworkState {
   std::array<int16_t, kStageCount> elementType{};
   std::array<std::array<double, kSlotCount>, kValueStageCount> value{};
@@ -27,7 +28,6 @@ struct NetworkState {
   std::array<double, kLoadPointCount> loadFreq{};
   std::array<double, kLoadPointCount> loadR{};
   std::array<double, kLoadPointCount> loadX{};
-  std::string fileName;
 
   bool operator==(const NetworkState&) const = default;
 };

@@ -8,6 +8,7 @@
 #include "chart/readout.h"
 #include "files/defaults_file.h"
 #include "files/field_reader.h"
+#include "files/network_file.h"
 #include "print/print_chart.h"
 #include "ui/controls.h"
 #include "ui/design_page.h"
@@ -149,10 +150,12 @@ AnalysisPage::AnalysisPage(Session& session, Dialogs& dialogs)
   connect(cmdPrint, &QPushButton::clicked, this, [this] { PrintChart(session_, dialogs_); });
   connect(cmdDesign, &QPushButton::clicked, this, &AnalysisPage::GoToDesignPage);
   PageCommands commands;
+  commands.saveNet = [this] { SaveNetworkAs(session_, dialogs_); };
   commands.exportImage = [this] { ExportImage(dialogs_, "Export chart image", kAnalysisPage); };
   commands.print = [this] { cmdPrint->click(); };
   commands.exit = [this] { cmdExit->click(); };
   commands.undoable = true;
+  FollowHistory();
   commands.zoomIn = [this] { cmdIn->click(); };
   commands.zoomOut = [this] { cmdOut->click(); };
   commands.gridType = [this] { cmdDisplay->click(); };
@@ -162,12 +165,18 @@ AnalysisPage::AnalysisPage(Session& session, Dialogs& dialogs)
   commands.band = [this] { BandWindow::Show(session_, dialogs_); };
   // A new network: the page opens again on it, as a visit would.
   commands.match = [this] {
-    if (MatchDialog(session_, this).exec() == QDialog::Accepted) SwitchTo(new AnalysisPage(session_, dialogs_));
+    MatchDialog dialog(session_, this);
+    if (dialog.exec() != QDialog::Accepted) return;
+    RecordStep(dialog.AppliedStep());
+    SwitchTo(new AnalysisPage(session_, dialogs_));
   };
   commands.optimise = [this] {
-    if (OptimiseDialog(session_, this).exec() == QDialog::Accepted) SwitchTo(new AnalysisPage(session_, dialogs_));
+    if (OptimiseDialog(session_, this).exec() != QDialog::Accepted) return;
+    RecordStep("Optimise applied");
+    SwitchTo(new AnalysisPage(session_, dialogs_));
   };
   std::vector<Key> keys = {
+      {QKeySequence(Qt::CTRL | Qt::Key_S), "Save net", commands.saveNet},
       {QKeySequence(Qt::CTRL | Qt::Key_P), "Print", commands.print},
       {QKeySequence(Qt::CTRL | Qt::Key_E), "Export the chart as PNG, SVG or PDF", commands.exportImage},
       {QKeySequence(Qt::Key_Plus), "Zoom in", commands.zoomIn},
@@ -177,7 +186,7 @@ AnalysisPage::AnalysisPage(Session& session, Dialogs& dialogs)
       {QKeySequence(Qt::CTRL | Qt::Key_T), "Optimise: tune the chosen parts for the best match over the band",
        commands.optimise},
       {QKeySequence(Qt::CTRL | Qt::Key_M), "Match: compute a matching network for the load", commands.match}};
-  for (Key& key : UndoKeys()) keys.push_back(std::move(key));
+  for (Key& key : HistoryKeys(this)) keys.push_back(std::move(key));
   commands.keys = BindKeys(this, dialogs_, std::move(keys));
   SetMenuBar(BuildMenuBar(this, dialogs_, session_.Version, commands));
   SetStatusLine(new QLabel(this));
@@ -236,6 +245,7 @@ void AnalysisPage::OpenSweepSetup() {
       session_, dialogs_, [this] { cmdTabulate->setEnabled(false); },
       [this](bool switchable) { cmdSweep->setEnabled(switchable); }, this)
       .exec();
+  RecordStep("Sweep setup");
   if (!SweepDefined(session_)) return;
   session_.SweepShown = 1;
   Redraw();
@@ -306,8 +316,14 @@ void AnalysisPage::GoToDesignPage() {
   SwitchTo(new DesignPage(session_, dialogs_));
 }
 
-// The page opens again on the restored network, as a visit would.
-void AnalysisPage::Reload() { SwitchTo(new AnalysisPage(session_, dialogs_)); }
+// The restored network and operating point in the view as it stands: the
+// zoom, the drag, the aspect, the grid, the overlays and the selected part
+// stay as they were.
+void AnalysisPage::Reload() {
+  tuning->ShowSession();
+  cmdSweep->setEnabled(SweepSettingsUsable(session_));
+  Redraw();
+}
 
 bool AnalysisPage::OnUserClose() {
   SaveSessionAndEnd(session_, dialogs_);

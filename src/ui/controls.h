@@ -5,11 +5,16 @@
 #include <QString>
 #include <string>
 
+#include "model/format.h"
+#include "model/trim.h"
 #include "platform/colour.h"
 
 namespace kalvex {
 
 inline QString Q(const std::string& text) { return QString::fromStdString(text); }
+
+// A frequency as the status line and the undo steps name it: "14.2 MHz".
+inline QString HzText(double hz) { return Q(Trimmed(FormatSI(hz))) + "Hz"; }
 
 // A dialog's frame: a title and a close box, no minimise or maximise buttons.
 inline void DialogFrame(QWidget* dialog) {

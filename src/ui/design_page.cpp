@@ -1,5 +1,8 @@
 #include "ui/design_page.h"
 
+#include <QFileInfo>
+#include <QSignalBlocker>
+
 #include "design/design_values.h"
 #include "design/welcome_pictures.h"
 #include "files/load_data_file.h"
@@ -14,6 +17,7 @@
 #include "ui/exit_dialog.h"
 #include "ui/keys.h"
 #include "ui/options_page.h"
+#include "ui/session_history.h"
 
 namespace kalvex {
 
@@ -72,14 +76,14 @@ DesignPage::DesignPage(Session& session, Dialogs& dialogs)
   connect(txtInductorQ, &QLineEdit::textChanged, this, [this](const QString& t) {
     session_.DefaultInductorQ = static_cast<float>(ParseValue(t.toStdString()));
   });
+  for (QLineEdit* box : {txtSystemZ, txtFrequency, txtCapacitorQ, txtInductorQ}) {
+    connect(box, &QLineEdit::textEdited, this, [this, box] { typedBox_ = box; });
+    connect(box, &QLineEdit::editingFinished, this, &DesignPage::RecordTyping);
+  }
 
   // The keyboard leaves the value boxes before they hide, so that it does not
   // fall into the system impedance box with its text selected.
-  connect(cmdAccept, &QPushButton::clicked, this, [this] {
-    setFocus();
-    editor_.Accept();
-    ShowEditor();
-  });
+  connect(cmdAccept, &QPushButton::clicked, this, &DesignPage::AcceptEdit);
   connect(cmdDontAccept, &QPushButton::clicked, this, [this] {
     setFocus();
     editor_.DontAccept();
@@ -93,15 +97,13 @@ DesignPage::DesignPage(Session& session, Dialogs& dialogs)
   connect(cmdCompact, &QPushButton::clicked, this, [this] {
     editor_.Compact();
     ReopenDesignPage();
+    RecordStep("Compact");
   });
   connect(cmdAnalyze, &QPushButton::clicked, this, &DesignPage::Analyze);
-  connect(cmdSave, &QPushButton::clicked, this, &DesignPage::SaveNetwork);
+  connect(cmdSave, &QPushButton::clicked, this, [this] { SaveNetworkAs(session_, dialogs_); });
   connect(cmdGetNet, &QPushButton::clicked, this, &DesignPage::GetNetwork);
   connect(cmdSetup, &QPushButton::clicked, this, &DesignPage::OpenOptions);
-  connect(cmdGetLoad, &QPushButton::clicked, this, [this] {
-    GetLoadData(session_, dialogs_);
-    OpenDesignPage();
-  });
+  connect(cmdGetLoad, &QPushButton::clicked, this, &DesignPage::GetLoad);
   connect(cmdSpice, &QPushButton::clicked, this, [this] { WriteSpiceDeck(session_, dialogs_); });
   connect(cmdExit, &QPushButton::clicked, this,
           [this] { ExitDialog(session_, dialogs_, this).exec(); });
@@ -114,6 +116,7 @@ DesignPage::DesignPage(Session& session, Dialogs& dialogs)
   commands.match = [this] { OpenMatch(); };
   commands.exit = [this] { cmdExit->click(); };
   commands.undoable = true;
+  FollowHistory();
   std::vector<Key> keys = {
       {QKeySequence(Qt::CTRL | Qt::Key_O), "Get net", commands.getNet},
       {QKeySequence(Qt::CTRL | Qt::Key_S), "Save net", commands.saveNet},
@@ -122,7 +125,7 @@ DesignPage::DesignPage(Session& session, Dialogs& dialogs)
       {QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_E), "Write LTspice: the network as a SPICE deck",
        commands.writeSpice},
       {QKeySequence(Qt::CTRL | Qt::Key_M), "Match: compute a matching network for the load", commands.match}};
-  for (Key& key : UndoKeys()) keys.push_back(std::move(key));
+  for (Key& key : HistoryKeys(this)) keys.push_back(std::move(key));
   commands.keys = BindKeys(this, dialogs_, std::move(keys));
   SetMenuBar(BuildMenuBar(this, dialogs_, session_.Version, commands));
   SetStatusLine(new QLabel(this));
@@ -216,17 +219,11 @@ void DesignPage::Analyze() {
   // written, and "-2M" read again would undo the frequency's absolute value.
   if (systemZ != typedSystemZ) WriteBox(txtSystemZ, systemZ);
   if (frequency != typedFrequency) WriteBox(txtFrequency, frequency);
+  // Going to the Analysis page is no step; a value typed, or reset to its
+  // limit, is one.
+  if (typedBox_ == nullptr) typedBox_ = frequency != typedFrequency ? txtFrequency : txtSystemZ;
+  RecordTyping();
   SwitchTo(new AnalysisPage(session_, dialogs_));
-}
-
-// A cancelled chooser changes nothing: no file is written and FileName keeps
-// the name chosen before.
-void DesignPage::SaveNetwork() {
-  const std::string chosen =
-      dialogs_.ChooseSaveFile("Save Kalvex network file", kNetworkFileFilter, session_.FileName);
-  if (chosen.empty()) return;
-  session_.FileName = chosen;
-  WriteNetworkFile(session_, dialogs_, session_.FileName);
 }
 
 // A cancelled chooser leaves the network as it is, after the reader's message.
@@ -238,15 +235,67 @@ void DesignPage::GetNetwork() {
     ReadNetworkFile(session_, dialogs_, chosen);
     return;
   }
+  const std::string nameBefore = session_.FileName;
   session_.FileName = chosen;
   ReadNetworkFile(session_, dialogs_, session_.FileName);
   ReopenDesignPage();
+  if (SessionHistory* history = SessionHistory::Instance()) {
+    history->RecordFileRead("Get net " + QFileInfo(Q(chosen)).fileName(), nameBefore);
+  }
 }
 
-void DesignPage::Reload() { OpenDesignPage(); }
+void DesignPage::GetLoad() {
+  const std::string nameBefore = session_.FileName;
+  GetLoadData(session_, dialogs_);
+  OpenDesignPage();
+  if (SessionHistory* history = SessionHistory::Instance()) history->RecordFileRead("Get freq/load", nameBefore);
+}
+
+void DesignPage::AcceptEdit() {
+  const int stage = editor_.EditStage;
+  const int16_t type = stage >= 1 && stage <= kLastStage ? session_.ElementType[stage] : int16_t{Empty};
+  const QString step = stage == 0                    ? QString("Accept load")
+                       : type == InsertPlaceholder ? QString("Insert at stage %1").arg(stage)
+                                                   : QString("Accept stage %1 (%2)").arg(stage).arg(PartName(type));
+  setFocus();
+  editor_.Accept();
+  ShowEditor();
+  RecordStep(step);
+  typedBox_ = nullptr;
+}
+
+QString DesignPage::TypedStep() const {
+  if (typedBox_ == txtSystemZ) return "System Z " + Q(Trimmed(FormatSmallSI(session_.SystemZ))) + " ohms";
+  if (typedBox_ == txtFrequency) return "Frequency " + HzText(session_.Frequency);
+  if (typedBox_ == txtInductorQ) return "Inductor Q " + Q(Trimmed(FormatGeneral(session_.DefaultInductorQ)));
+  return "Capacitor Q " + Q(Trimmed(FormatGeneral(session_.DefaultCapacitorQ)));
+}
+
+void DesignPage::RecordTyping() {
+  // An open pick has put a half-made stage into the session.
+  if (typedBox_ == nullptr || !editor_.controls.analyzeEnabled) return;
+  RecordStep(TypedStep());
+  typedBox_ = nullptr;
+}
+
+// A part picked and not accepted is no state: the restore that follows
+// replaces it with a finished network and the editor opens afresh.
+void DesignPage::FinishPendingEdit() { RecordTyping(); }
+
+// The design value boxes show the restored values without reading their
+// rounded texts back: 14.0014 MHz stays exact behind " 14.001 M".
+void DesignPage::Reload() {
+  const QSignalBlocker blockers[] = {QSignalBlocker(txtSystemZ), QSignalBlocker(txtFrequency),
+                                     QSignalBlocker(txtInductorQ), QSignalBlocker(txtCapacitorQ)};
+  typedBox_ = nullptr;
+  OpenDesignPage();
+}
 
 void DesignPage::OpenMatch() {
-  if (MatchDialog(session_, this).exec() == QDialog::Accepted) ReopenDesignPage();
+  MatchDialog dialog(session_, this);
+  if (dialog.exec() != QDialog::Accepted) return;
+  ReopenDesignPage();
+  RecordStep(dialog.AppliedStep());
 }
 
 void DesignPage::OpenOptions() {

@@ -57,6 +57,7 @@ class DesignPage : public Page {
  protected:
   void OnMouseDown(int button, double x, double y) override;
   void OpenMatch();
+  void FinishPendingEdit() override;
   void Reload() override;
   bool OnUserClose() override;
 
@@ -65,13 +66,19 @@ class DesignPage : public Page {
   void PlaceControls();
   void ShowEditor();
   void Analyze();
-  void SaveNetwork();
   void GetNetwork();
+  void GetLoad();
   void OpenOptions();
+  void AcceptEdit();
+  // A design value typed into its box is a step once typing ends there, or
+  // with the next step when a part pick is still open.
+  void RecordTyping();
+  QString TypedStep() const;
 
   Session& session_;
   Dialogs& dialogs_;
   NetworkEditor editor_;
+  QLineEdit* typedBox_ = nullptr;  // the design value typed and not yet recorded
 };
 
 }  // namespace kalvex

@@ -105,7 +105,10 @@ void MatchDialog::Compute() {
 void MatchDialog::Apply() {
   const int row = lstSolutions->currentRow();
   if (row < 0 || row >= static_cast<int>(result_.solutions.size())) return;
-  ApplyMatch(session_, result_.solutions[static_cast<std::size_t>(row)]);
+  const MatchSolution& chosen = result_.solutions[static_cast<std::size_t>(row)];
+  ApplyMatch(session_, chosen);
+  const std::size_t parts = chosen.stages.size();
+  appliedStep_ = QString("Match applied (%1, %2 part%3)").arg(MatchKindName(chosen.kind)).arg(parts).arg(parts == 1 ? "" : "s");
   accept();
 }
 

@@ -32,12 +32,16 @@ class MatchDialog : public QDialog {
   QPushButton* cmdApply;
   QPushButton* cmdClose;
 
+  // The undo step of the network applied: "Match applied (L, 2 parts)".
+  const QString& AppliedStep() const { return appliedStep_; }
+
  private:
   void Compute();
   void Apply();
 
   Session& session_;
   MatchResult result_;
+  QString appliedStep_;
 };
 
 }  // namespace kalvex

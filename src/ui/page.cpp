@@ -96,7 +96,11 @@ void Page::ShowStatus(const QString& text) {
 
 void Page::showEvent(QShowEvent* event) {
   QWidget::showEvent(event);
-  if (SessionHistory* history = SessionHistory::Instance()) history->SetPage(this);
+  SessionHistory* history = SessionHistory::Instance();
+  // A window shown again by the window system (un-minimised) is no new visit.
+  if (!followsHistory_ || history == nullptr || event->spontaneous()) return;
+  history->SetPage(this);
+  history->Settle();
 }
 
 bool Page::event(QEvent* event) {

@@ -55,6 +55,12 @@ class Page : public QWidget {
   // stretching.
   void KeepOwnProportions() { ownProportions_ = true; }
 
+  // Makes this page the one the history's undo and redo act on while it is
+  // shown (see SessionHistory); its showing takes the session in as it is.
+  void FollowHistory() { followsHistory_ = true; }
+  // Before an undo or redo: drops what is half done and records what was
+  // typed but not yet entered.
+  virtual void FinishPendingEdit() {}
   // Shows the session again after an undo or redo changed it.
   virtual void Reload() {}
 
@@ -92,7 +98,7 @@ class Page : public QWidget {
   void mouseReleaseEvent(QMouseEvent* event) override;
   void closeEvent(QCloseEvent* event) override;
   bool event(QEvent* event) override;
-  // The page on screen is the one an undo draws again.
+  // A page that follows the history becomes the one an undo shows.
   void showEvent(QShowEvent* event) override;
 
  private:
@@ -108,6 +114,7 @@ class Page : public QWidget {
   std::vector<Placement> placements_;
   bool closingByProgram_ = false;
   bool ownProportions_ = false;
+  bool followsHistory_ = false;
   struct BackgroundKey {
     uint64_t commands = 0;
     QSize size;

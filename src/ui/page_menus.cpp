@@ -1,5 +1,8 @@
 #include "ui/page_menus.h"
 
+#include <QKeyEvent>
+#include <QLineEdit>
+
 #include "ui/keys.h"
 #include "ui/session_history.h"
 
@@ -7,10 +10,53 @@ namespace kalvex {
 namespace {
 
 void Undo() {
-  if (SessionHistory* history = SessionHistory::Instance()) history->Stack().undo();
+  if (SessionHistory* history = SessionHistory::Instance()) history->Undo();
 }
 void Redo() {
-  if (SessionHistory* history = SessionHistory::Instance()) history->Stack().redo();
+  if (SessionHistory* history = SessionHistory::Instance()) history->Redo();
+}
+
+bool IsHistoryKey(const QKeyEvent& key) {
+  const QKeyCombination pressed = key.keyCombination();
+  return pressed == QKeyCombination(Qt::CTRL, Qt::Key_Z) ||
+         pressed == QKeyCombination(Qt::CTRL | Qt::SHIFT, Qt::Key_Z) ||
+         pressed == QKeyCombination(Qt::CTRL, Qt::Key_Y);
+}
+
+// A text box claims its undo keys for its own text before any shortcut sees
+// them; refusing the claim lets them reach the page's history keys.
+class HistoryKeysPastBoxes : public QObject {
+ public:
+  using QObject::QObject;
+
+ protected:
+  bool eventFilter(QObject*, QEvent* event) override {
+    if (event->type() != QEvent::ShortcutOverride || !IsHistoryKey(*static_cast<QKeyEvent*>(event))) {
+      return false;
+    }
+    event->ignore();
+    return true;
+  }
+};
+
+// Undo or Redo with the step it acts on ("Undo Tune stage 2"), enabled while
+// there is one.
+void HistoryItem(QMenu* menu, bool undo, const QString& keys) {
+  QAction* item = menu->addAction(undo ? "Undo" : "Redo");
+  SessionHistory* history = SessionHistory::Instance();
+  item->setEnabled(false);
+  if (history == nullptr) return;
+  QObject::connect(item, &QAction::triggered, menu, undo ? Undo : Redo);
+  QUndoStack* stack = &history->Stack();
+  const auto show = [item, stack, undo, keys] {
+    const QString step = undo ? stack->undoText() : stack->redoText();
+    item->setText(QString(undo ? "Undo" : "Redo") + (step.isEmpty() ? QString() : " " + step) + "\t" + keys);
+    item->setEnabled(undo ? stack->canUndo() : stack->canRedo());
+  };
+  QObject::connect(stack, &QUndoStack::indexChanged, item, show);
+  // A step merged with the one before renames it.
+  QObject::connect(stack, &QUndoStack::undoTextChanged, item, show);
+  show();
 }
 
 // An item showing its key beside its text; the key itself is bound on the
@@ -23,7 +69,9 @@ void AddItem(QMenu* menu, const QString& text, const QString& keys, const std::f
 
 }  // namespace
 
-std::vector<Key> UndoKeys() {
+std::vector<Key> HistoryKeys(QWidget* page) {
+  auto* filter = new HistoryKeysPastBoxes(page);
+  for (QLineEdit* box : page->findChildren<QLineEdit*>()) box->installEventFilter(filter);
   return {{QKeySequence(Qt::CTRL | Qt::Key_Z), "Undo", Undo},
           {QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Z), "Redo", Redo},
           {QKeySequence(Qt::CTRL | Qt::Key_Y), "Redo", Redo}};
@@ -44,14 +92,12 @@ QMenuBar* BuildMenuBar(QWidget* page, Dialogs& dialogs, const std::string& versi
   AddItem(file, "Exit", "", c.exit);
 
   QMenu* edit = bar->addMenu("&Edit");
-  SessionHistory* history = c.undoable ? SessionHistory::Instance() : nullptr;
-  for (const bool undo : {true, false}) {
-    QAction* item = history == nullptr ? edit->addAction(undo ? "Undo" : "Redo")
-                    : undo ? history->Stack().createUndoAction(edit) : history->Stack().createRedoAction(edit);
-    item->setShortcut(undo ? QKeySequence(Qt::CTRL | Qt::Key_Z) : QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Z));
-    item->setShortcutContext(Qt::WidgetShortcut);  // shown only: the page binds the keys
-    item->setEnabled(history != nullptr && item->isEnabled());
-    edit->addAction(item);
+  if (c.undoable) {
+    HistoryItem(edit, true, "Ctrl+Z");
+    HistoryItem(edit, false, "Ctrl+Shift+Z");
+  } else {
+    AddItem(edit, "Undo", "Ctrl+Z", {});
+    AddItem(edit, "Redo", "Ctrl+Shift+Z", {});
   }
   AddItem(edit, "Setup", "Ctrl+,", c.setup);
 

@@ -26,7 +26,9 @@ struct PageCommands {
 QMenuBar* BuildMenuBar(QWidget* page, Dialogs& dialogs, const std::string& version,
                        const PageCommands& commands);
 
-// The undo keys of a page (Ctrl+Z, Ctrl+Shift+Z and Ctrl+Y), for its key list.
-std::vector<Key> UndoKeys();
+// The history's keys (Ctrl+Z, Ctrl+Shift+Z and Ctrl+Y) for the key list of
+// `page`. They undo and redo wherever the focus is on the page: its text boxes
+// leave these keys to the history (a box's own undo stays on its menu).
+std::vector<Key> HistoryKeys(QWidget* page);
 
 }  // namespace kalvex

@@ -1,61 +1,60 @@
 #include "ui/session_history.h"
 
-#include <QAbstractButton>
-#include <QApplication>
-#include <QKeyEvent>
-#include <QLineEdit>
-#include <QTimer>
 #include <QUndoCommand>
+
+#include "ui/band_window.h"
 
 namespace kalvex {
 namespace {
 
 SessionHistory* instance = nullptr;
 
-// One step: the states before and after it, and the control it came from.
+// One step: the exact states before and after it, and the session's file name
+// on both sides when the step read a file.
 class StateStep : public QUndoCommand {
  public:
-  StateStep(SessionHistory& history, NetworkState before, NetworkState after, QObject* source,
-            const QString& label)
-      : QUndoCommand(label), history_(history), before_(std::move(before)), after_(std::move(after)),
-        source_(source) {}
+  struct Names {
+    std::string before, after;
+  };
 
-  int id() const override { return 1; }
+  StateStep(SessionHistory& history, NetworkState before, NetworkState after, const QString& label,
+            QString run, std::optional<Names> names)
+      : QUndoCommand(label), history_(history), before_(std::move(before)), after_(std::move(after)),
+        run_(std::move(run)), names_(std::move(names)) {}
+
+  int id() const override { return run_.isEmpty() ? -1 : 1; }
   bool mergeWith(const QUndoCommand* other) override {
     const auto* next = static_cast<const StateStep*>(other);
-    // A control that is gone (its page was replaced) starts a new step.
-    if (source_.isNull() || next->source_ != source_) return false;
+    if (next->run_ != run_) return false;
     after_ = next->after_;
+    setText(next->text());
     return true;
   }
-  void undo() override { history_.Restore(before_); }
-  // The first redo is the push: the change has happened already.
+  void undo() override { history_.Restore(before_, Name(&Names::before)); }
+  // The first redo is the push: the command has done it already.
   void redo() override {
-    if (pushed_) history_.Restore(after_);
+    if (pushed_) history_.Restore(after_, Name(&Names::after));
     pushed_ = true;
   }
 
  private:
+  std::optional<std::string> Name(std::string Names::*side) const {
+    if (!names_) return std::nullopt;
+    return (*names_).*side;
+  }
+
   SessionHistory& history_;
   NetworkState before_;
   NetworkState after_;
-  QPointer<QObject> source_;
+  QString run_;
+  std::optional<Names> names_;
   bool pushed_ = false;
 };
-
-QString LabelOf(const QObject* source) {
-  if (const auto* button = qobject_cast<const QAbstractButton*>(source); button && !button->text().isEmpty()) {
-    return button->text().remove('&');
-  }
-  if (qobject_cast<const QLineEdit*>(source) != nullptr) return "typing";
-  return "change";
-}
 
 }  // namespace
 
 SessionHistory::SessionHistory(Session& session) : session_(session), last_(NetworkStateOf(session)) {
   instance = this;
-  qApp->installEventFilter(this);
 }
 
 SessionHistory::~SessionHistory() {
@@ -64,31 +63,46 @@ SessionHistory::~SessionHistory() {
 
 SessionHistory* SessionHistory::Instance() { return instance; }
 
-void SessionHistory::Checkpoint(QObject* source, const QString& label) {
+void SessionHistory::Record(const QString& label, const QString& run) { Push(label, run, std::nullopt); }
+
+void SessionHistory::RecordFileRead(const QString& label, const std::string& nameBefore) {
+  Push(label, {}, nameBefore);
+}
+
+void SessionHistory::Push(const QString& label, const QString& run, std::optional<std::string> nameBefore) {
   NetworkState now = NetworkStateOf(session_);
   if (now == last_) return;
   NetworkState before = std::move(last_);
   last_ = now;
-  stack_.push(new StateStep(*this, std::move(before), std::move(now), source, label));
+  std::optional<StateStep::Names> names;
+  if (nameBefore) names = StateStep::Names{*nameBefore, session_.FileName};
+  stack_.push(new StateStep(*this, std::move(before), std::move(now), label, run, std::move(names)));
 }
+
+void SessionHistory::Settle() { last_ = NetworkStateOf(session_); }
 
 void SessionHistory::SetPage(Page* page) { page_ = page; }
 
-void SessionHistory::Restore(const NetworkState& state) {
-  RestoreNetworkState(session_, state);
-  last_ = state;
-  if (page_) page_->Reload();
+void SessionHistory::Undo() {
+  if (page_) page_->FinishPendingEdit();
+  stack_.undo();
 }
 
-bool SessionHistory::eventFilter(QObject* watched, QEvent* event) {
-  const bool done = event->type() == QEvent::MouseButtonRelease ||
-                    (event->type() == QEvent::KeyRelease && !static_cast<QKeyEvent*>(event)->isAutoRepeat());
-  if (done && watched->isWidgetType()) {
-    // After the event's handlers have run, whatever they changed is one step.
-    QPointer<QObject> source(watched);
-    QTimer::singleShot(0, this, [this, source] { Checkpoint(source, LabelOf(source)); });
-  }
-  return false;
+void SessionHistory::Redo() {
+  if (page_) page_->FinishPendingEdit();
+  stack_.redo();
+}
+
+void SessionHistory::Restore(const NetworkState& state, const std::optional<std::string>& fileName) {
+  RestoreNetworkState(session_, state);
+  if (fileName) session_.FileName = *fileName;
+  last_ = state;
+  if (page_) page_->Reload();
+  BandWindow::RefreshOpen();
+}
+
+void RecordStep(const QString& label, const QString& run) {
+  if (SessionHistory* history = SessionHistory::Instance()) history->Record(label, run);
 }
 
 }  // namespace kalvex

@@ -3,7 +3,8 @@
 #include <QObject>
 #include <QPointer>
 #include <QUndoStack>
-#include <functional>
+#include <optional>
+#include <string>
 
 #include "model/network_state.h"
 #include "model/session.h"
@@ -11,12 +12,17 @@
 
 namespace kalvex {
 
-// Undo and redo of every change to the network and its operating point. After
-// each click and each key the network state is compared with the last one
-// recorded; a change becomes one step on the undo stack, and changes from the
-// same control in a row (a run of clicks on one step button, the keys typed
-// into one box) merge into one. An undo or redo restores the state and draws
-// the page again. The history lasts as long as the program.
+// Undo and redo of the network and its operating point, in steps named for
+// the command that made them ("Accept stage 3 (series inductor)", "Tune
+// stage 2"). A command records its step once it has finished: what it leaves
+// half done (a part picked and not yet accepted) is never a state of the
+// history, and a command that changed nothing (saving, leaving a page) makes
+// no step. What a page's opening writes into the session (the Design page's
+// missing values, the calculation's frequency in load-data mode) is taken in
+// without a step, so the first state the history knows is the session the
+// program started with. Undo and redo put the exact states back, show them on
+// the page on screen and in the band window, and are not steps themselves.
+// The history lasts as long as the program.
 class SessionHistory : public QObject {
   Q_OBJECT
 
@@ -29,23 +35,37 @@ class SessionHistory : public QObject {
 
   QUndoStack& Stack() { return stack_; }
 
-  // Records a step when the state differs from the last one recorded.
-  void Checkpoint(QObject* source, const QString& label);
+  // Records a step named `label` when the network state differs from the last
+  // one recorded. Steps in a row of the same non-empty `run` (the clicks of
+  // one step button) are one step, named by the last of them.
+  void Record(const QString& label, const QString& run = {});
+  // The same for a command that read a file and named the session after it:
+  // undone, the session takes back the name it had.
+  void RecordFileRead(const QString& label, const std::string& nameBefore);
 
-  // The page on screen, which an undo or redo draws again (Page::Reload).
-  void SetPage(class Page* page);
+  // Takes the session as it stands as the state the next step starts from.
+  void Settle();
 
-  // Restores `state` (an undo or redo) and draws the page again.
-  void Restore(const NetworkState& state);
+  // The page on screen: it finishes its pending edit before an undo or redo
+  // and shows the session again after it.
+  void SetPage(Page* page);
 
- protected:
-  bool eventFilter(QObject* watched, QEvent* event) override;
+  void Undo();
+  void Redo();
+
+  // Puts `state` back (and the file name, when given) and shows it.
+  void Restore(const NetworkState& state, const std::optional<std::string>& fileName);
 
  private:
+  void Push(const QString& label, const QString& run, std::optional<std::string> nameBefore);
+
   Session& session_;
   NetworkState last_;
   QUndoStack stack_;
   QPointer<Page> page_;
 };
+
+// Records a step in the program's history, when there is one.
+void RecordStep(const QString& label, const QString& run = {});
 
 }  // namespace kalvex

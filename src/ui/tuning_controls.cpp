@@ -4,6 +4,7 @@
 #include "model/format.h"
 #include "platform/pages.h"
 #include "ui/controls.h"
+#include "ui/session_history.h"
 
 namespace kalvex {
 namespace {
@@ -99,19 +100,24 @@ TuningControls::TuningControls(Page& page, Session& session, Dialogs& dialogs,
 
   for (int i = 0; i < 4; ++i) {
     const StepButton step = kSteps[i];
-    connect(topSteps[i], &QPushButton::clicked, this, [this, step] {
+    // A run of clicks on one button is one step.
+    const QString run = QString::number(i);
+    connect(topSteps[i], &QPushButton::clicked, this, [this, step, run] {
       ShowTexts(StepTopValue(session_, txtZ1->text().toStdString(), step.direction, step.size));
       MarkTopValue();
       redraw_();
+      RecordTuning(false, "top " + run);
     });
-    connect(bottomSteps[i], &QPushButton::clicked, this, [this, step] {
+    connect(bottomSteps[i], &QPushButton::clicked, this, [this, step, run] {
       ShowTexts(StepBottomValue(session_, txtZ2->text().toStdString(), step.direction, step.size));
       redraw_();
+      RecordTuning(false, "bottom " + run);
     });
-    connect(freqSteps[i], &QPushButton::clicked, this, [this, step] {
+    connect(freqSteps[i], &QPushButton::clicked, this, [this, step, run] {
       txtFreq->setText(
           Q(StepTestFrequency(session_, txtFreq->text().toStdString(), step.direction, step.size)));
       redraw_();
+      RecordTestFrequency("frequency " + run);
     });
   }
   // Enter in a box presses the box's own button.
@@ -124,6 +130,7 @@ TuningControls::TuningControls(Page& page, Session& session, Dialogs& dialogs,
     EnterTestFrequency(session_, dialogs_, txtFreq->text().toStdString(),
                        [this](const std::string& text) { txtFreq->setText(Q(text)); });
     redraw_();
+    RecordTestFrequency();
   });
   connect(optTuneSizeNormal, &QRadioButton::clicked, this, [this] {
     SetFineSteps(session_, false);
@@ -205,8 +212,33 @@ void TuningControls::ShowStepSize(bool fine) {
   }
 }
 
+void TuningControls::ShowSession() {
+  txtFreq->setText(Q(FormatSI(session_.Frequency)));
+  if (cmdZ1->isHidden()) return;
+  const int s = session_.SelectedStage;
+  const bool partThere = s == 0 || (s >= 1 && s <= kLastStage && session_.ElementType[s] >= SeriesCapacitor &&
+                                    session_.ElementType[s] <= ShuntResistor);
+  if (!partThere) {
+    HidePanel();
+    return;
+  }
+  ShowPanel(PanelOf(session_, s));
+  MarkTopValue();
+}
+
+void TuningControls::RecordTuning(bool cleared, const QString& run) {
+  const int s = session_.SelectedStage;
+  const QString step = s == 0 ? QString("Tune load") : QString(cleared ? "Clear stage %1" : "Tune stage %1").arg(s);
+  RecordStep(step, run.isEmpty() ? run : step + " " + run);
+}
+
+void TuningControls::RecordTestFrequency(const QString& run) {
+  RecordStep("Test frequency " + HzText(session_.Frequency), run);
+}
+
 void TuningControls::EnteredTop() {
-  switch (EnterTopValue(session_, dialogs_, txtZ1->text().toStdString())) {
+  const Entered entered = EnterTopValue(session_, dialogs_, txtZ1->text().toStdString());
+  switch (entered) {
     case Entered::PartCleared: HidePanel(); break;
     case Entered::LoadReset:
       // The load stays selected: its hidden boxes still get 50 and 0.
@@ -216,15 +248,18 @@ void TuningControls::EnteredTop() {
     case Entered::Value: ShowTexts(PanelOf(session_, session_.SelectedStage)); break;
   }
   redraw_();
+  RecordTuning(entered == Entered::PartCleared);
 }
 
 void TuningControls::EnteredBottom() {
-  if (EnterBottomValue(session_, txtZ2->text().toStdString()) == Entered::PartCleared) {
+  const bool cleared = EnterBottomValue(session_, txtZ2->text().toStdString()) == Entered::PartCleared;
+  if (cleared) {
     HidePanel();
   } else {
     ShowTexts(PanelOf(session_, session_.SelectedStage));
   }
   redraw_();
+  RecordTuning(cleared);
 }
 
 }  // namespace kalvex

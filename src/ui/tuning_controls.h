@@ -28,6 +28,10 @@ class TuningControls : public QObject {
   // A click on the network strip selected cell 0..5.
   void SelectCell(int cell);
 
+  // After an undo or redo: the test frequency and the selected part's values
+  // as the session holds them; the panel hides when its part is gone.
+  void ShowSession();
+
   QLineEdit* txtZ1;
   QPushButton* cmdZ1;
   std::array<QPushButton*, 4> topSteps;  // cmd3down10, cmd3down1, cmd3up1, cmd3up10
@@ -56,6 +60,10 @@ class TuningControls : public QObject {
   void ShowStepSize(bool fine);
   void EnteredTop();
   void EnteredBottom();
+  // Records the selected part's change: "Tune stage 2", or "Clear stage 2"
+  // when an entry removed it.
+  void RecordTuning(bool cleared = false, const QString& run = {});
+  void RecordTestFrequency(const QString& run = {});
 
   Session& session_;
   Dialogs& dialogs_;

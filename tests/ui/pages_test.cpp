@@ -9,17 +9,14 @@
 
 #include "analysis/tabulate.h"
 #include "files/network_file.h"
-#include "support/fake_dialogs.h"
 #include "support/five_stage_network.h"
-#include "support/temp_dir.h"
+#include "support/pages_in_folder.h"
 #include "ui/design_page.h"
 #include "ui/page_renderer.h"
 #include "print/paper.h"
 #include "ui/match_dialog.h"
 #include "ui/optimise_dialog.h"
 #include "ui/options_page.h"
-#include "ui/session_history.h"
-#include "model/network_state.h"
 #include "ui/qt_print_job.h"
 #include "ui/welcome_page.h"
 #include "ui/analysis_page.h"
@@ -30,30 +27,7 @@
 namespace kalvex {
 namespace {
 
-// Runs each test in a fresh folder, as the program runs in its working folder.
-class PagesInFolder : public testing::TempDirTest {
- protected:
-  void SetUp() override {
-    TempDirTest::SetUp();
-    previous_ = std::filesystem::current_path();
-    std::filesystem::current_path(PathOf(""));
-    // A page closed by an earlier test ended the program. Outside the
-    // application's own loop Qt keeps that end, and every modal dialog's loop
-    // would stop at once; a turn of the application's loop clears it.
-    QTimer::singleShot(0, [] { QCoreApplication::exit(0); });
-    QCoreApplication::exec();
-  }
-  void TearDown() override {
-    std::filesystem::current_path(previous_);
-    TempDirTest::TearDown();
-  }
-
-  Session session;
-  testing::FakeDialogs dialogs;
-
- private:
-  std::filesystem::path previous_;
-};
+using testing::PagesInFolder;
 
 TEST_F(PagesInFolder, WelcomePageStartsTheSession) {
   WriteLastSession(testing::FiveStageNetwork(), dialogs);
@@ -434,36 +408,6 @@ TEST_F(AnalysisPageTest, OptimiseDialogTunesTheFreeStages) {
   EXPECT_NE(session.Value[1][1], before);
 }
 
-// Each change is one undo step that restores the whole network state; a run
-// of clicks on one step button is one step; the page shows the state again.
-TEST_F(AnalysisPageTest, UndoAndRedoRestoreEachStep) {
-  SessionHistory history(session);
-  page->show();  // the page an undo draws again
-  const NetworkState start = NetworkStateOf(session);
-  auto settle = [] { QApplication::processEvents(); };
-  Click(Qt::LeftButton, (session.PartRightEdge[0] + session.PartRightEdge[1]) / 2.0, 800);
-  settle();
-  page->tuning->optTuneSizeNormal->click();
-  for (int k = 0; k < 3; ++k) {
-    QTest::mouseClick(page->tuning->topSteps[3], Qt::LeftButton);
-    settle();
-  }
-  const NetworkState tuned = NetworkStateOf(session);
-  EXPECT_NE(tuned, start);
-  QTest::mouseClick(page->tuning->freqSteps[3], Qt::LeftButton);  // the test frequency
-  settle();
-  const NetworkState stepped = NetworkStateOf(session);
-  ASSERT_EQ(history.Stack().count(), 2);  // three tuning clicks merged
-  history.Stack().undo();
-  EXPECT_EQ(NetworkStateOf(session), tuned);
-  history.Stack().undo();
-  EXPECT_EQ(NetworkStateOf(session), start);
-  history.Stack().redo();
-  history.Stack().redo();
-  EXPECT_EQ(NetworkStateOf(session), stepped);
-  settle();
-}
-
 // The menus reach what the buttons and keys do; the status line reads the
 // match at the working frequency.
 TEST_F(DesignPageTest, MenusReachTheCommandsAndTheStatusLineReadsTheMatch) {
@@ -523,43 +467,6 @@ TEST_F(AnalysisPageTest, TheChartsBackgroundIsPaintedOnlyWhenItChanges) {
     EXPECT_EQ(page->BackgroundPaints(), painted + 1) << what;
     painted = page->BackgroundPaints();
   }
-}
-
-// Each kind of change on the Design page is one step, undone to the state
-// before it: a typed system impedance, a part accepted, compacting, a file read.
-TEST_F(DesignPageTest, UndoRestoresEachKindOfStep) {
-  SessionHistory history(session);
-  page->show();
-  WriteNetworkFile(testing::FiveStageNetwork(), dialogs, "tuner");
-  std::vector<NetworkState> states = {NetworkStateOf(session)};
-  const std::vector<std::function<void()>> steps = {
-      [this] {
-        page->txtSystemZ->setFocus();
-        QTest::keyClicks(page->txtSystemZ, "75");
-      },
-      [this] {
-        Click(page->Editor().StageX[2] + 300, 1000);
-        Click(4000, 6000);  // a series capacitor at stage 2, stage 1 left empty
-        page->txtValue[0]->setText("47p");
-        QTest::mouseClick(page->cmdAccept, Qt::LeftButton);
-      },
-      [this] { QTest::mouseClick(page->cmdCompact, Qt::LeftButton); },
-      [this] {
-        dialogs.fileNames.push_back("tuner.SSF");
-        QTest::mouseClick(page->cmdGetNet, Qt::LeftButton);
-      }};
-  for (const auto& step : steps) {
-    step();
-    QApplication::processEvents();
-    states.push_back(NetworkStateOf(session));
-    EXPECT_NE(states.back(), states[states.size() - 2]) << states.size();
-  }
-  EXPECT_EQ(history.Stack().count(), static_cast<int>(steps.size()));
-  for (std::size_t k = steps.size(); k > 0; --k) {
-    history.Stack().undo();
-    EXPECT_EQ(NetworkStateOf(session), states[k - 1]) << k;
-  }
-  EXPECT_EQ(page->txtSystemZ->text().trimmed(), "50");  // the page shows the state again
 }
 
 }  // namespace

@@ -1,0 +1,39 @@
+#pragma once
+
+#include <QCoreApplication>
+#include <QTimer>
+#include <filesystem>
+
+#include "model/session.h"
+#include "support/fake_dialogs.h"
+#include "support/temp_dir.h"
+
+namespace kalvex::testing {
+
+// Runs each widget test in a fresh folder, as the program runs in its working
+// folder.
+class PagesInFolder : public TempDirTest {
+ protected:
+  void SetUp() override {
+    TempDirTest::SetUp();
+    previous_ = std::filesystem::current_path();
+    std::filesystem::current_path(PathOf(""));
+    // A page closed by an earlier test ended the program. Outside the
+    // application's own loop Qt keeps that end, and every modal dialog's loop
+    // would stop at once; a turn of the application's loop clears it.
+    QTimer::singleShot(0, [] { QCoreApplication::exit(0); });
+    QCoreApplication::exec();
+  }
+  void TearDown() override {
+    std::filesystem::current_path(previous_);
+    TempDirTest::TearDown();
+  }
+
+  Session session;
+  FakeDialogs dialogs;
+
+ private:
+  std::filesystem::path previous_;
+};
+
+}  // namespace kalvex::testing

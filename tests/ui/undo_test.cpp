@@ -1,0 +1,221 @@
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QMenuBar>
+#include <QTest>
+#include <functional>
+
+#include "analysis/band_plot.h"
+#include "files/network_file.h"
+#include "model/format.h"
+#include "model/network_state.h"
+#include "support/five_stage_network.h"
+#include "support/pages_in_folder.h"
+#include "ui/analysis_page.h"
+#include "ui/band_window.h"
+#include "ui/design_page.h"
+#include "ui/session_history.h"
+#include "ui/welcome_page.h"
+
+namespace kalvex {
+namespace {
+
+// The history of a program that started on the five-stage network.
+class UndoTest : public testing::PagesInFolder {
+ protected:
+  void SetUp() override {
+    PagesInFolder::SetUp();
+    session = testing::FiveStageNetwork();
+    WriteNetworkFile(session, dialogs, "five_stage");
+    session.Value[0] = {0, 50, 0};  // the file's load is 36 - j20
+  }
+  void TearDown() override {
+    page.reset();
+    PagesInFolder::TearDown();
+  }
+  template <typename P>
+  P& Show() {
+    page = std::make_unique<P>(session, dialogs);
+    page->show();
+    QApplication::setActiveWindow(page.get());
+    return static_cast<P&>(*page);
+  }
+  // A left click at a point in page units.
+  void Click(double x, double y) {
+    const QRectF frame = page->Frame();
+    const QSizeF size = page->LogicalSize();
+    QTest::mouseClick(page.get(), Qt::LeftButton, {},
+                      QPoint(static_cast<int>(frame.x() + x * frame.width() / size.width()),
+                             static_cast<int>(frame.y() + y * frame.height() / size.height())));
+  }
+  void Key(QWidget* focus, int key, Qt::KeyboardModifiers modifiers = Qt::ControlModifier) {
+    focus->setFocus();
+    QTest::keyClick(focus, static_cast<Qt::Key>(key), modifiers);
+  }
+  QString UndoText() { return history.Stack().undoText(); }
+  static std::vector<std::string> Texts(const DisplayList& drawing) {
+    std::vector<std::string> texts;
+    for (const DrawCommand& command : drawing.Commands()) {
+      if (command.kind == DrawCommand::Kind::Text) texts.push_back(command.text);
+    }
+    return texts;
+  }
+
+  SessionHistory history{session};
+  std::unique_ptr<Page> page;
+};
+
+// The first state is the session the program started with: nothing to undo,
+// and Ctrl+Z leaves it as it is.
+TEST_F(UndoTest, StartsWithNoStep) {
+  WriteLastSession(session, dialogs);
+  WriteFile("Defaults.TXT", "1.1\r\n900\r\n150\r\n");
+  session = Session();
+  auto* welcome = new WelcomePage(session, dialogs);
+  welcome->show();
+  welcome->cmdStart->click();
+  DesignPage* design = nullptr;
+  for (QWidget* shown : QApplication::topLevelWidgets()) {
+    if (auto* found = qobject_cast<DesignPage*>(shown); found != nullptr && found->isVisible()) design = found;
+  }
+  ASSERT_NE(design, nullptr);
+  page.reset(design);
+  QApplication::setActiveWindow(design);
+  const NetworkState started = NetworkStateOf(session);
+  Key(design->txtFrequency, Qt::Key_Z);
+  EXPECT_EQ(NetworkStateOf(session), started);
+  EXPECT_EQ(session.DefaultInductorQ, 150);
+  EXPECT_EQ(history.Stack().count(), 0);
+  for (QAction* item : design->findChild<QMenuBar*>()->findChildren<QAction*>()) {
+    if (item->text().startsWith("Undo")) {
+      EXPECT_FALSE(item->isEnabled());
+    }
+  }
+}
+
+// Each finished edit of the Design page is one step named for it, undone to
+// the exact network before it and redone again; what changes nothing, or is
+// left half done, is no step.
+TEST_F(UndoTest, DesignPageStepsRestoreExactNetworks) {
+  auto& design = Show<DesignPage>();
+  auto pick = [this, &design](int stage, double partX, double partY) {
+    Click(design.Editor().StageX[stage] + 300, 1000);
+    Click(partX, partY);
+  };
+  const std::vector<std::pair<QString, std::function<void()>>> actions = {
+      {"Get net five_stage.SSF", [&] {
+         dialogs.fileNames.push_back("five_stage.SSF");
+         design.cmdGetNet->click();
+       }},
+      {"Frequency 14.001 MHz", [&] {
+         design.txtFrequency->clear();
+         QTest::keyClicks(design.txtFrequency, "14.0014M");
+         Key(design.txtFrequency, Qt::Key_Return, {});
+       }},
+      {"Accept stage 5 (series inductor)", [&] {
+         pick(5, 6400, 6000);
+         design.txtValue[0]->setText("100n");
+         design.cmdAccept->click();
+       }},
+      {"", [&] { pick(3, 5200, 6000); design.cmdDontAccept->click(); }},
+      {"", [&] { dialogs.fileNames.push_back("saved.SSF"); design.cmdSave->click(); }},
+      {"Insert at stage 2", [&] { pick(2, 10500, 7500); design.cmdAccept->click(); }},
+      {"Compact", [&] { design.cmdCompact->click(); }}};
+  std::vector<NetworkState> states = {NetworkStateOf(session)};
+  for (const auto& [name, act] : actions) {
+    act();
+    if (name.isEmpty()) continue;
+    EXPECT_EQ(UndoText(), name);
+    states.push_back(NetworkStateOf(session));
+  }
+  EXPECT_EQ(states[2].frequency, 14.0014e6);  // exact behind the box's " 14.001 M"
+  ASSERT_EQ(history.Stack().count(), static_cast<int>(states.size()) - 1);
+  for (std::size_t k = states.size() - 1; k > 0; --k) {
+    history.Undo();
+    EXPECT_EQ(NetworkStateOf(session), states[k - 1]) << k;
+  }
+  EXPECT_EQ(design.windowTitle(), "Kalvex 2.12 - Design ");
+  for (std::size_t k = 1; k < states.size(); ++k) {
+    history.Redo();
+    EXPECT_EQ(NetworkStateOf(session), states[k]) << k;
+  }
+  EXPECT_EQ(history.Stack().count(), static_cast<int>(states.size()) - 1);
+  EXPECT_EQ(design.txtFrequency->text().trimmed(), "14.001 M");
+
+  // A pick still open is dropped by an undo, which goes back from the
+  // network as it was finished.
+  pick(1, 10500, 7500);
+  history.Undo();
+  EXPECT_EQ(NetworkStateOf(session), states[states.size() - 2]);
+}
+
+// The history's keys work with the focus in a value box; the box's own text
+// undo does not take them. Typing not yet entered is a step of its own.
+TEST_F(UndoTest, KeysUndoAndRedoFromAValueBox) {
+  auto& design = Show<DesignPage>();
+  QTest::keyClicks(design.txtSystemZ, "0");  // 50 becomes 500
+  const struct {
+    int key;
+    Qt::KeyboardModifiers modifiers;
+    double systemZ;
+  } presses[] = {{Qt::Key_Z, Qt::ControlModifier, 50},
+                 {Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier, 500},
+                 {Qt::Key_Z, Qt::ControlModifier, 50},
+                 {Qt::Key_Y, Qt::ControlModifier, 500}};
+  for (const auto& press : presses) {
+    Key(design.txtSystemZ, press.key, press.modifiers);
+    EXPECT_EQ(session.SystemZ, press.systemZ) << press.key << " " << press.modifiers;
+    EXPECT_EQ(ParseValue(design.txtSystemZ->text().toStdString()), press.systemZ);
+  }
+  EXPECT_EQ(UndoText(), "System Z 500 ohms");
+}
+
+// Undo on the Analysis page restores the network and operating point into
+// the view as it stands, with the band window following; the page is not
+// opened again and the defaults file is not written.
+TEST_F(UndoTest, AnalysisViewStaysAcrossUndo) {
+  auto& analysis = Show<AnalysisPage>();
+  analysis.cmdIn->click();
+  Click((session.PartRightEdge[0] + session.PartRightEdge[1]) / 2.0, 800);  // stage 1
+  TuningControls& tuning = *analysis.tuning;
+  tuning.optTuneSizeNormal->click();
+  for (int k = 0; k < 3; ++k) tuning.topSteps[3]->click();
+  EXPECT_EQ(UndoText(), "Tune stage 1");
+  tuning.txtFreq->setText("14.25M");
+  Key(tuning.txtFreq, Qt::Key_Return, {});
+  EXPECT_EQ(UndoText(), "Test frequency 14.25 MHz");
+  Key(tuning.txtZ1, Qt::Key_S);  // saving is no step
+  analysis.txtAspect->setText("0.9");
+  Key(analysis.txtAspect, Qt::Key_Return, {});  // nor is the view
+  EXPECT_EQ(history.Stack().count(), 2);
+  BandWindow* band = BandWindow::Show(session, dialogs);
+  std::filesystem::remove("Defaults.TXT");
+  const double zoom = session.ChartZoom;
+
+  for (const bool bandOpen : {true, false}) {
+    if (!bandOpen) band->close();
+    history.Undo();
+    EXPECT_EQ(tuning.txtFreq->text().trimmed(), "14.2 M");
+    history.Undo();
+    EXPECT_EQ(tuning.txtZ1->text(), "1.2 uH") << bandOpen;
+    EXPECT_EQ(analysis.StatusLine()->text().toStdString(), MatchStatusText(session));
+    if (bandOpen) {
+      DisplayList expected;
+      expected.Clear(kWhite);
+      DrawBandPlot(ComputeBandFigures(session), BandQuantity::VSWR, expected);
+      EXPECT_EQ(Texts(band->Drawing()), Texts(expected));
+    }
+    history.Redo();
+    history.Redo();
+    EXPECT_NE(tuning.txtZ1->text(), "1.2 uH");
+  }
+  EXPECT_TRUE(analysis.isVisible());
+  EXPECT_TRUE(tuning.cmdZ1->isVisible());
+  EXPECT_EQ(session.ChartZoom, zoom);
+  EXPECT_TRUE(analysis.cmdOut->isEnabled());
+  EXPECT_FLOAT_EQ(session.ChartAspect, 0.9f);
+  EXPECT_FALSE(std::filesystem::exists("Defaults.TXT"));
+}
+
+}  // namespace
+}  // namespace kalvex
