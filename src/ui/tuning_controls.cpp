@@ -155,6 +155,7 @@ TuningControls::TuningControls(Page& page, Session& session, Dialogs& dialogs,
 }
 
 void TuningControls::SelectCell(int cell) {
+  partClicked_ = true;
   ShowPanel(SelectPart(session_, cell));
   redraw_();
 }
@@ -214,7 +215,7 @@ void TuningControls::ShowStepSize(bool fine) {
 
 void TuningControls::ShowSession() {
   txtFreq->setText(Q(FormatSI(session_.Frequency)));
-  if (cmdZ1->isHidden()) return;
+  if (!partClicked_) return;
   const int s = session_.SelectedStage;
   const bool partThere = s == 0 || (s >= 1 && s <= kLastStage && session_.ElementType[s] >= SeriesCapacitor &&
                                     session_.ElementType[s] <= ShuntResistor);

@@ -29,7 +29,8 @@ class TuningControls : public QObject {
   void SelectCell(int cell);
 
   // After an undo or redo: the test frequency and the selected part's values
-  // as the session holds them; the panel hides when its part is gone.
+  // as the session holds them; the panel of a part clicked on this page hides
+  // while the part is gone and shows again when it is back.
   void ShowSession();
 
   QLineEdit* txtZ1;
@@ -68,6 +69,7 @@ class TuningControls : public QObject {
   Session& session_;
   Dialogs& dialogs_;
   std::function<void()> redraw_;
+  bool partClicked_ = false;  // a cell of the strip was clicked on this page
 };
 
 }  // namespace kalvex

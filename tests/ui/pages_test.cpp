@@ -388,6 +388,7 @@ TEST_F(DesignPageTest, MatchDialogAppliesTheChosenNetwork) {
   const QString parts = dialog.lstSolutions->item(3, 1)->text();
   dialog.cmdApply->click();
   EXPECT_EQ(dialog.result(), QDialog::Accepted);
+  EXPECT_EQ(dialog.AppliedStep(), "Match applied (L, 2 parts)");  // the undo step's name
   EXPECT_TRUE(parts.startsWith(PartName(session.ElementType[1])));
   EXPECT_TRUE(parts.contains(QString("; ") + PartName(session.ElementType[2])));
   EXPECT_EQ(session.ElementType[3], Empty);

@@ -82,6 +82,8 @@ TEST_F(UndoTest, StartsWithNoStep) {
   page.reset(design);
   QApplication::setActiveWindow(design);
   const NetworkState started = NetworkStateOf(session);
+  Click(design->Editor().StageX[1] - 600, 1000);  // the load, accepted as it is
+  Key(design->txtValue[0], Qt::Key_Return, {});
   Key(design->txtFrequency, Qt::Key_Z);
   EXPECT_EQ(NetworkStateOf(session), started);
   EXPECT_EQ(session.DefaultInductorQ, 150);
@@ -209,6 +211,11 @@ TEST_F(UndoTest, AnalysisViewStaysAcrossUndo) {
     history.Redo();
     EXPECT_NE(tuning.txtZ1->text(), "1.2 uH");
   }
+  tuning.txtZ1->setText("0");
+  Key(tuning.txtZ1, Qt::Key_Return, {});
+  EXPECT_EQ(UndoText(), "Clear stage 1");
+  EXPECT_FALSE(tuning.cmdZ1->isVisible());
+  history.Undo();  // the part is back, and its panel with it
   EXPECT_TRUE(analysis.isVisible());
   EXPECT_TRUE(tuning.cmdZ1->isVisible());
   EXPECT_EQ(session.ChartZoom, zoom);
