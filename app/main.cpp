@@ -1,6 +1,7 @@
 #include <QApplication>
 
 #include "model/session.h"
+#include "model/vector_state.h"
 #include "ui/qt_dialogs.h"
 #include "ui/session_history.h"
 #include "ui/shutdown_guard.h"
@@ -8,6 +9,9 @@
 
 int main(int argc, char** argv) {
   QApplication application(argc, argv);
+  // The window system's start-up leaves the vector registers' upper halves in
+  // use; the calculation-heavy regions clear them again on entry.
+  kalvex::ClearUpperVectorState();
   kalvex::Session session;
   kalvex::QtDialogs dialogs;
   kalvex::SaveSessionOnShutdown(session, dialogs);

@@ -1,9 +1,7 @@
-#include <benchmark/benchmark.h>
+#include "calculate_bench.h"
 
 #include "model/calculate.h"
 #include "support/five_stage_network.h"
-
-namespace {
 
 // The chart recalculates the whole network 5,000 times a redraw.
 void BM_CalculateNetwork(benchmark::State& state) {
@@ -16,5 +14,3 @@ void BM_CalculateNetwork(benchmark::State& state) {
   }
 }
 BENCHMARK(BM_CalculateNetwork);
-
-}  // namespace

@@ -1,6 +1,12 @@
 #include <benchmark/benchmark.h>
 
+#include <algorithm>
+#include <vector>
+
 #include "matching/optimise.h"
+#include "model/calculate.h"
+#include "model/reflection.h"
+#include "model/worst_reflection.h"
 #include "support/five_stage_network.h"
 
 namespace {
@@ -22,5 +28,45 @@ void BM_OptimiseFivePartsOver2000Points(benchmark::State& state) {
   state.counters["vswr_after"] = result.after;
 }
 BENCHMARK(BM_OptimiseFivePartsOver2000Points)->Unit(benchmark::kMillisecond)->Iterations(3);
+
+}  // namespace
+
+namespace {
+
+// The optimiser's objective over 2,000 points: the worst |Γ| in one batch,
+// against 2,000 calls of the one-point calculation as it was computed before.
+kalvex::Session ObjectiveSession() {
+  kalvex::Session session = kalvex::testing::FiveStageNetwork();
+  session.LoadSource = 1;
+  return session;
+}
+
+std::vector<double> ObjectiveBand() {
+  std::vector<double> f(2000);
+  for (int k = 0; k < 2000; ++k) f[k] = 13.5e6 + k * (15e6 - 13.5e6) / 1999;
+  return f;
+}
+
+void BM_Objective2000Batched(benchmark::State& state) {
+  const kalvex::Session session = ObjectiveSession();
+  const std::vector<double> f = ObjectiveBand();
+  for (auto _ : state) benchmark::DoNotOptimize(kalvex::WorstPlottedRho(session, {}, f));
+}
+BENCHMARK(BM_Objective2000Batched)->Unit(benchmark::kMicrosecond);
+
+void BM_Objective2000ScalarCalls(benchmark::State& state) {
+  kalvex::Session session = ObjectiveSession();
+  const std::vector<double> f = ObjectiveBand();
+  for (auto _ : state) {
+    double worst = 0;
+    for (const double frequency : f) {
+      session.Frequency = frequency;
+      kalvex::CalculateNetwork(session, 0);
+      worst = std::max(worst, kalvex::PlotImpedance(session.InputR, session.InputX, session.SystemZ).rho);
+    }
+    benchmark::DoNotOptimize(worst);
+  }
+}
+BENCHMARK(BM_Objective2000ScalarCalls)->Unit(benchmark::kMicrosecond);
 
 }  // namespace

@@ -5,6 +5,10 @@
 #include <QPainter>
 #include <cmath>
 #include <filesystem>
+#include <string>
+#include <thread>
+
+#include "calculate_bench.h"
 
 #include "analysis/redraw.h"
 #include "analysis/sweep_on_chart.h"
@@ -13,11 +17,13 @@
 #include "ui/page_renderer.h"
 #include "chart/analysis_view.h"
 #include "chart/network_path.h"
+#include "matching/optimise.h"
 #include "model/calculate.h"
 #include "platform/display_list.h"
 #include "support/fake_dialogs.h"
 #include "support/five_stage_network.h"
 #include "ui/analysis_page.h"
+#include "ui/optimise_dialog.h"
 #include "ui/painter_canvas.h"
 
 namespace {
@@ -50,16 +56,77 @@ void BM_TraceNetworkPath(benchmark::State& state) {
 }
 BENCHMARK(BM_TraceNetworkPath)->Unit(benchmark::kMillisecond);
 
-void BM_Calculation5000(benchmark::State& state) {
-  kalvex::Session session = ChartSession();
-  for (auto _ : state) {
-    for (int k = 0; k < 5000; ++k) {
-      kalvex::CalculateNetwork(session, 0);
-      benchmark::DoNotOptimize(session.InputR);
-    }
+void Calculation5000(kalvex::Session& session) {
+  for (int k = 0; k < 5000; ++k) {
+    kalvex::CalculateNetwork(session, 0);
+    benchmark::DoNotOptimize(session.InputR);
   }
 }
+
+void BM_Calculation5000(benchmark::State& state) {
+  kalvex::Session session = ChartSession();
+  for (auto _ : state) Calculation5000(session);
+}
 BENCHMARK(BM_Calculation5000)->Unit(benchmark::kMillisecond);
+
+// The same in a thread started after Qt, as the window's workers are: its
+// wall time (the main thread only waits).
+void BM_Calculation5000InWorkerThread(benchmark::State& state) {
+  kalvex::Session session = ChartSession();
+  std::thread worker([&] {
+    for (auto _ : state) Calculation5000(session);
+  });
+  worker.join();
+}
+BENCHMARK(BM_Calculation5000InWorkerThread)->Unit(benchmark::kMillisecond)->UseRealTime();
+
+// Five free parts over a 2,000-point band, the network and band of
+// kalvex_bench's optimiser benchmark.
+kalvex::Session OptimisedSession() {
+  kalvex::Session session = kalvex::testing::FiveStageNetwork();
+  session.SweepStart = 13.5e6;
+  session.SweepStop = 15e6;
+  session.SweepPoints = 2000;
+  return session;
+}
+
+// The search as kalvex-cli optimize runs it: on the main thread, no Qt.
+void BM_OptimiseAsTheCommandLine(benchmark::State& state) {
+  const kalvex::Session session = OptimisedSession();
+  for (auto _ : state) {
+    benchmark::DoNotOptimize(kalvex::Optimise(session, {{1, 2, 3, 4, 5}, false, true}).after);
+  }
+}
+
+// The same search started from the Optimise dialog (every stage free, over
+// the band): in the dialog's worker thread, while Qt runs.
+void BM_OptimiseDialogSearch(benchmark::State& state) {
+  kalvex::Session session = OptimisedSession();
+  kalvex::OptimiseDialog dialog(session);
+  for (auto _ : state) {
+    dialog.cmdStart->click();
+    dialog.WaitForSearch();
+  }
+}
+BENCHMARK(BM_OptimiseDialogSearch)->Unit(benchmark::kMillisecond)->UseRealTime()->Iterations(2);
+
+// The Qt-free figures the window's are compared with, measured in this same
+// process before Qt's GUI starts.
+template <void (*Benchmark)(benchmark::State&)>
+void BeforeQt(benchmark::State& state) {
+  if (QCoreApplication::instance() != nullptr) {
+    state.SkipWithError("measured before Qt starts only");
+    return;
+  }
+  Benchmark(state);
+}
+BENCHMARK(BeforeQt<BM_CalculateNetwork>)->Name("BM_CalculateNetwork/before_qt");
+BENCHMARK(BeforeQt<BM_Calculation5000>)->Name("BM_Calculation5000/before_qt")->Unit(benchmark::kMillisecond);
+BENCHMARK(BeforeQt<BM_TraceNetworkPath>)->Name("BM_TraceNetworkPath/before_qt")->Unit(benchmark::kMillisecond);
+BENCHMARK(BeforeQt<BM_OptimiseAsTheCommandLine>)
+    ->Name("BM_OptimiseAsTheCommandLine/before_qt")
+    ->Unit(benchmark::kMillisecond)
+    ->Iterations(2);
 
 // The chart with everything on: Q arcs, VSWR circle and a 2,000-point sweep.
 kalvex::Session EverythingOnSession() {
@@ -169,11 +236,21 @@ BENCHMARK(BM_TuningStepRepaint)->Unit(benchmark::kMillisecond);
 
 }  // namespace
 
+// The "before_qt" benchmarks run first, before QApplication is constructed;
+// then the rest. A --benchmark_filter of one's own runs in the second phase
+// (and in the first as well where it names before_qt).
 int main(int argc, char** argv) {
+  benchmark::Initialize(&argc, argv);
+  const std::string filter = benchmark::GetBenchmarkFilter();
+  const bool ownFilter = !filter.empty() && filter != "." && filter != "all";
+  if (!ownFilter) {
+    benchmark::RunSpecifiedBenchmarks(std::string("before_qt"));
+  } else if (filter.find("before_qt") != std::string::npos) {
+    benchmark::RunSpecifiedBenchmarks();
+  }
   qputenv("QT_QPA_PLATFORM", "offscreen");
   QApplication application(argc, argv);
-  benchmark::Initialize(&argc, argv);
-  benchmark::RunSpecifiedBenchmarks();
+  benchmark::RunSpecifiedBenchmarks(ownFilter ? filter : std::string("-before_qt"));
   benchmark::Shutdown();
   return 0;
 }

@@ -5,7 +5,7 @@
 #include <numbers>
 
 #include "analysis/sweep.h"
-#include "model/calculate.h"
+#include "model/batch_calculate.h"
 #include "model/reflection.h"
 
 namespace kalvex {
@@ -24,10 +24,11 @@ BodeFanoFit Limited(BodeFanoFit fit, double exponent) {
 // load between two points is taken on the straight line between them.
 class BandCalculation {
  public:
-  explicit BandCalculation(const Session& session) : trial_(session) { trial_.LoadSource = 1; }
+  explicit BandCalculation(const Session& session) : trial_(session), network_(session) {
+    trial_.LoadSource = 1;
+  }
 
   double VSWRAt(double f, const Session& session) {
-    trial_.Frequency = f;
     if (session.LoadSource == 2) {
       const int count = session.SweepPoints;
       int k = 1;
@@ -39,12 +40,15 @@ class BandCalculation {
       trial_.Value[0][1] = session.LoadR[k] + t * (session.LoadR[k2] - session.LoadR[k]);
       trial_.Value[0][2] = session.LoadX[k] + t * (session.LoadX[k2] - session.LoadX[k]);
     }
-    CalculateNetwork(trial_, 0);
-    return VSWROf(PlotImpedance(trial_.InputR, trial_.InputX, trial_.SystemZ).rho);
+    double r = trial_.Value[0][1];
+    double x = trial_.Value[0][2];
+    network_.Calculate({&f, 1}, {&r, 1}, {&x, 1});
+    return VSWROf(PlotImpedance(r, x, trial_.SystemZ).rho);
   }
 
  private:
   Session trial_;
+  NetworkBatch network_;
 };
 
 // The frequency between fa and fb (VSWR on either side of `level`) where the

@@ -9,6 +9,7 @@
 #include "chart/grids.h"
 #include "chart/network_path.h"
 #include "chart/overlays.h"
+#include "model/vector_state.h"
 #include "model/number_text.h"
 #include "model/trim.h"
 
@@ -107,6 +108,7 @@ void DrawCaption(const Session& session, Canvas& canvas) {
 }  // namespace
 
 void RedrawChart(Session& session, Canvas& canvas) {
+  ClearUpperVectorState();
   const ChartView view = ChartView::Of(session);
   const GridStyle style = StyleOf(session.GridType);
   canvas.Clear(kPageBackground);              // 1

@@ -6,6 +6,7 @@
 #include "chart/chart_view.h"
 #include "model/calculate.h"
 #include "model/reflection.h"
+#include "model/vector_state.h"
 
 namespace kalvex {
 namespace {
@@ -68,6 +69,7 @@ Colour StageArcColour(int stage) {
 }
 
 std::vector<PathPoint> TraceNetworkPath(Session& session) {
+  ClearUpperVectorState();
   const Slots saved = session.Value;
   for (int s = 1; s <= kLastStage; ++s) SetNeutral(session, saved, s);
   session.DataIndex = session.LoadSource == 2 ? session.SweepPoints / 2 + 1 : 1;

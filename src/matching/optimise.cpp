@@ -6,9 +6,10 @@
 #include <cmath>
 #include <limits>
 
-#include "model/calculate.h"
 #include "model/reflection.h"
 #include "model/sweep_indexes.h"
+#include "model/vector_state.h"
+#include "model/worst_reflection.h"
 
 namespace kalvex {
 namespace {
@@ -81,12 +82,7 @@ class WorstReflection {
     for (std::size_t k = 0; k < variables_.size(); ++k) {
       trial_.Value[variables_[k].stage][variables_[k].slot] = FromSearch(k, x[k]);
     }
-    double worst = 0;
-    for (const int point : points_) worst = std::max(worst, Reflection(static_cast<int16_t>(point)));
-    for (const double f : frequencies_) {
-      trial_.Frequency = f;
-      worst = std::max(worst, Reflection(0));
-    }
+    const double worst = WorstPlottedRho(trial_, points_, frequencies_);
     return std::isfinite(worst) ? worst : 1;
   }
 
@@ -94,11 +90,6 @@ class WorstReflection {
   std::size_t Points() const { return points_.size() + frequencies_.size(); }
 
  private:
-  double Reflection(int16_t point) {
-    CalculateNetwork(trial_, point);
-    return PlotImpedance(trial_.InputR, trial_.InputX, trial_.SystemZ).rho;
-  }
-
   Session trial_;
   std::vector<Variable> variables_;
   std::vector<int> points_;
@@ -129,6 +120,7 @@ double VSWROfReflection(double rho) { return VSWROf(std::min(rho, 1.0)); }
 
 OptimiseResult Optimise(const Session& session, const OptimiseRequest& request,
                         const OptimiseProgress& progress) {
+  ClearUpperVectorState();  // the search's own arithmetic, often in a worker thread
   std::vector<Variable> variables;
   for (const int s : request.freeStages) {
     if (s >= 1 && s <= kLastStage) AddVariables(variables, s, session.ElementType[s], request.freeImpedances);

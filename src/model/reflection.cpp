@@ -5,19 +5,6 @@
 
 namespace kalvex {
 
-Gamma GammaOfNormalised(double r, double x) {
-  const double denominator = (r + 1) * (r + 1) + x * x;
-  return {(r * r + x * x - 1) / denominator, 2 * x / denominator};
-}
-
-Gamma PlottedGamma(double inputR, double inputX, double systemZ) {
-  const double r = inputR / systemZ;
-  double x = inputX / systemZ;
-  // A perfect match then still has an angle (+90) instead of atan2(0, 0).
-  if (x == 0) x = 1e-12;
-  return GammaOfNormalised(r, x);
-}
-
 PlottedPoint PlotImpedance(double inputR, double inputX, double systemZ) {
   PlottedPoint point;
   point.gamma = PlottedGamma(inputR, inputX, systemZ);

@@ -9,6 +9,7 @@
 #include <QPainter>
 #include <cmath>
 
+#include "model/vector_state.h"
 #include "platform/pages.h"
 #include "ui/page_frame.h"
 #include "ui/page_renderer.h"
@@ -168,6 +169,7 @@ void Page::PaintRange(QPainter& painter, std::size_t first, std::size_t end) con
 }
 
 void Page::paintEvent(QPaintEvent*) {
+  ClearUpperVectorState();
   QPainter painter(this);
   const QColor margins = PainterCanvas::ToQColor(kPageBackground);
   const std::size_t background = drawing_.BackgroundEnd();

@@ -1,0 +1,17 @@
+#pragma once
+
+namespace kalvex {
+
+// Marks the upper halves of the vector registers as unused (vzeroupper) on a
+// processor with AVX; does nothing on one without it, or off x86.
+//
+// Plain double arithmetic is compiled for the baseline x86-64 (SSE). While
+// some earlier code has left the upper halves in use, as the window system's
+// start-up does, every such instruction on a processor with AVX-512 waits for
+// them and the calculation runs several times slower, until they are cleared.
+// Each calculation-heavy region (the path, the batched calculation, the
+// redraw, the optimiser) and each worker thread calls this on entry; it costs
+// about a cycle.
+void ClearUpperVectorState();
+
+}  // namespace kalvex

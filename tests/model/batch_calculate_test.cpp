@@ -1,0 +1,224 @@
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <complex>
+#include <numbers>
+#include <thread>
+#include <vector>
+
+#include "model/batch_calculate.h"
+#include "model/calculate.h"
+#include "model/reflection.h"
+#include "model/tangent.h"
+#include "model/worst_reflection.h"
+#include "support/networks.h"
+
+namespace kalvex {
+namespace {
+
+using Complex = std::complex<double>;
+
+// Frequencies from 5 kHz to 10 GHz, log-spaced, an odd number of them so that
+// the last vector of every block is partly filled.
+std::vector<double> WideBand(int count) {
+  std::vector<double> f(count);
+  for (int k = 0; k < count; ++k) f[k] = 5e3 * std::pow(2e6, k / (count - 1.0));
+  return f;
+}
+
+// Frequencies at which a 40-degree line at 5 MHz is a quarter and a half wave
+// long, odd multiples of both, and a hair either side of each.
+std::vector<double> NearPoles() {
+  std::vector<double> f;
+  for (const double wavelengths : {0.25, 0.5, 0.75, 1.0, 2.25, 10.5, 1000.25}) {
+    const double pole = 5e6 * wavelengths * 360 / 40;
+    for (const double offset : {-1e-9, -1e-13, 0.0, 1e-13, 1e-9}) f.push_back(pole * (1 + offset));
+  }
+  return f;
+}
+
+Complex Scalar(Session session, double f, Complex load) {
+  session.LoadSource = 1;
+  session.Frequency = f;
+  session.Value[0][1] = load.real();
+  session.Value[0][2] = load.imag();
+  CalculateNetwork(session, 0);
+  return {session.InputR, session.InputX};
+}
+
+std::vector<Complex> Batched(const Session& session, const std::vector<double>& f,
+                             const std::vector<Complex>& loads, VectorPath path) {
+  std::vector<double> r, x;
+  for (const Complex load : loads) {
+    r.push_back(load.real());
+    x.push_back(load.imag());
+  }
+  NetworkBatch(session).Calculate(f, r, x, path);
+  std::vector<Complex> z;
+  for (std::size_t k = 0; k < f.size(); ++k) z.push_back({r[k], x[k]});
+  return z;
+}
+
+// A different load at each point, so that a point mixed up with its
+// neighbour shows.
+std::vector<Complex> Loads(std::size_t count) {
+  std::vector<Complex> loads;
+  for (std::size_t k = 0; k < count; ++k) loads.push_back({20.0 + k % 7 * 9, -30.0 + k % 5 * 17});
+  return loads;
+}
+
+// Every point of the batch against CalculateNetwork on every build of the
+// loops, to 1e-12 of the impedance's magnitude.
+void ExpectBatchMatchesScalar(const Session& session, const std::vector<double>& f) {
+  const std::vector<Complex> loads = Loads(f.size());
+  for (const VectorPath path : VectorPaths()) {
+    const std::vector<Complex> z = Batched(session, f, loads, path);
+    for (std::size_t k = 0; k < f.size(); ++k) {
+      const Complex expected = Scalar(session, f[k], loads[k]);
+      EXPECT_LE(std::abs(z[k] - expected), 1e-12 * std::abs(expected))
+          << "point " << k << " at " << f[k] << " Hz on path " << static_cast<int>(path) << ": "
+          << z[k] << " against " << expected;
+    }
+  }
+}
+
+Session WithStages(const std::vector<testing::Part>& parts) {
+  Session session;
+  InitialiseSession(session);
+  for (std::size_t s = 0; s < parts.size(); ++s) {
+    session.ElementType[s + 1] = parts[s].type;
+    std::copy(parts[s].values.begin(), parts[s].values.end(), session.Value[s + 1].begin());
+  }
+  return session;
+}
+
+TEST(NetworkBatchTest, EveryTypeMatchesTheCalculationOverTheWholeRangeAndNearLinePoles) {
+  std::vector<double> f = WideBand(301);
+  const std::vector<double> poles = NearPoles();
+  f.insert(f.end(), poles.begin(), poles.end());
+  for (const testing::Part& part : testing::ThirteenParts()) {
+    SCOPED_TRACE(part.name);
+    // Alone, and between a lossy series inductor and a shunt capacitor.
+    ExpectBatchMatchesScalar(WithStages({part}), f);
+    ExpectBatchMatchesScalar(
+        WithStages({{"L", SeriesInductor, {0, 1e-6, 80}}, part, {"C", ShuntCapacitor, {0, 50e-12, 300}}}), f);
+  }
+}
+
+TEST(NetworkBatchTest, EdgeValuesTakeTheCalculationsSpecialCases) {
+  const std::vector<testing::Part> parts = {
+      {"capacitor of 0", SeriesCapacitor, {0, 0, 500}},
+      {"shunt capacitor of 0", ShuntCapacitor, {0, 0, 0}},
+      {"ideal inductor", SeriesInductor, {0, 1e-6, 0}},
+      {"shunt inductor of 0 (a short)", ShuntInductor, {0, 0, 100}},
+      {"line of 0 ohms", SeriesLine, {0, 40, 5e6, 0}},
+      {"line without reference frequency", SeriesLine, {0, 40, 0, 75}},
+      {"stub without reference frequency", ShuntShortedStub, {0, 90, 0, 50}},
+      {"line longer than the tangent's reach", SeriesLine, {0, 1e9, 5e3, 75}},
+      {"LC whose branches cancel", SeriesParallelLC, {0, 1e-6, 0, 1 / (std::pow(2 * std::numbers::pi * 5e6, 2) * 1e-6), 0}},
+      {"shunt resistor of 0", ShuntResistor, {0, 0}},
+  };
+  std::vector<double> f = WideBand(33);
+  f.push_back(5e6);
+  for (const testing::Part& part : parts) {
+    SCOPED_TRACE(part.name);
+    ExpectBatchMatchesScalar(WithStages({part}), f);
+  }
+}
+
+TEST(NetworkBatchTest, BatchesOfAnyLengthMatchPointForPoint) {
+  const Session session = testing::FiveStageNetwork();
+  for (const int count : {1, 2, 3, 7, 255, 256, 257, 513, 2001}) {
+    SCOPED_TRACE(count);
+    ExpectBatchMatchesScalar(session, WideBand(std::max(count, 2)));
+    if (count == 1) ExpectBatchMatchesScalar(session, {14.2e6});
+  }
+}
+
+TEST(NetworkBatchTest, PointsWithoutFrequencyKeepTheirLoad) {
+  const Session session = testing::FiveStageNetwork();
+  std::vector<double> f = {14e6, 0, -1, 15e6};
+  std::vector<double> r = {10, 20, 30, 40};
+  std::vector<double> x = {-1, -2, -3, -4};
+  NetworkBatch(session).Calculate(f, r, x);
+  EXPECT_EQ(Complex(r[1], x[1]), Complex(20, -2));
+  EXPECT_EQ(Complex(r[2], x[2]), Complex(30, -3));
+  EXPECT_EQ(Complex(r[0], x[0]), Scalar(session, 14e6, {10, -1}));
+  EXPECT_EQ(Complex(r[3], x[3]), Scalar(session, 15e6, {40, -4}));
+}
+
+// Every build of the loops, and the batch in a worker thread, give the
+// baseline's result on the main thread to the bit.
+TEST(NetworkBatchTest, EveryBuildAndAWorkerThreadGiveTheSameBits) {
+  const Session session = testing::FiveStageNetwork();
+  const std::vector<double> f = WideBand(999);
+  const std::vector<Complex> loads = Loads(f.size());
+  const std::vector<Complex> baseline = Batched(session, f, loads, VectorPath::Baseline);
+  for (const VectorPath path : VectorPaths()) {
+    std::vector<Complex> inThread;
+    std::thread worker([&] { inThread = Batched(session, f, loads, path); });
+    worker.join();
+    EXPECT_EQ(Batched(session, f, loads, path), baseline) << static_cast<int>(path);
+    EXPECT_EQ(inThread, baseline) << static_cast<int>(path);
+
+    std::vector<double> r, x;
+    for (const Complex z : baseline) {
+      r.push_back(z.real());
+      x.push_back(z.imag());
+    }
+    std::vector<double> rho(r.size());
+    PlottedRho(r, x, 50, rho, path);
+    for (std::size_t k = 0; k < rho.size(); ++k) ASSERT_EQ(rho[k], PlotImpedance(r[k], x[k], 50).rho) << k;
+  }
+}
+
+TEST(NetworkBatchTest, WorstReflectionIsTheLargestOfThePointsCalculatedOneByOne) {
+  Session session = testing::FiveStageNetwork();
+  session.SystemZ = 75;
+  const std::vector<double> f = WideBand(101);
+  double worst = 0;
+  for (const double frequency : f) {
+    const Complex z = Scalar(session, frequency, {session.Value[0][1], session.Value[0][2]});
+    worst = std::max(worst, PlotImpedance(z.real(), z.imag(), 75).rho);
+  }
+  EXPECT_NEAR(WorstPlottedRho(session, {}, f), worst, 1e-12 * worst);
+
+  // Load-data points bring their own frequency and load.
+  session.LoadSource = 2;
+  session.LoadFreq[3] = 14e6;
+  session.LoadR[3] = 12;
+  session.LoadX[3] = 40;
+  const Complex z = Scalar(session, 14e6, {12, 40});
+  const std::vector<int> points = {3};
+  EXPECT_NEAR(WorstPlottedRho(session, points, {}), PlotImpedance(z.real(), z.imag(), 75).rho, 1e-15);
+}
+
+// Tangent against the library's over magnitudes from 1e-9 to its limit, and
+// beside odd and even multiples of π/2, where the reduction has to be exact.
+TEST(TangentTest, AgreesWithTheLibraryToAFewUnitsInTheLastPlace) {
+  struct Range {
+    double low;
+    double high;
+  };
+  for (const Range range : {Range{1e-9, 1e-3}, Range{1e-3, 1}, Range{1, 100}, Range{100, 1e5}, Range{1e5, 1e8}}) {
+    const int steps = 20000;
+    for (int k = 0; k <= steps; ++k) {
+      const double x = range.low * std::pow(range.high / range.low, k / double(steps));
+      for (const double signed_x : {x, -x}) {
+        ASSERT_LE(std::fabs(Tangent(signed_x) - std::tan(signed_x)), 1e-15 * std::fabs(std::tan(signed_x)))
+            << signed_x;
+      }
+    }
+  }
+  for (const double n : {1.0, 2.0, 3.0, 101.0, 88000.0, 6.3e7}) {
+    const double multiple = n * std::numbers::pi / 2;
+    double x = multiple;
+    for (int step = 0; step < 4; ++step) x = std::nextafter(x, 0.0);
+    for (int step = 0; step < 8; ++step, x = std::nextafter(x, 2 * multiple)) {
+      ASSERT_LE(std::fabs(Tangent(x) - std::tan(x)), 1e-15 * std::fabs(std::tan(x))) << x;
+    }
+  }
+}
+
+}  // namespace
+}  // namespace kalvex
