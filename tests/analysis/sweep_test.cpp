@@ -191,5 +191,58 @@ TEST_F(SweepTest, ManualSweepOnTheChartMarksEachPointAndItsEnds) {
   EXPECT_EQ(session.Frequency, frequency);
 }
 
+// The sweep in one batch leaves the arrays and the session as a loop of
+// CalculateNetwork point by point does: a manual point without a frequency
+// above 0 repeats the point before it (the first one the session's input), a
+// load-data point without one keeps its load; the input impedance ends as
+// the last point's, PointIndex at the last load-data point, and a line in the
+// network sets the velocity factor to 1.
+TEST_F(SweepTest, TheBatchLeavesWhatAPointByPointLoopLeaves) {
+  struct Case {
+    const char* name;
+    int16_t loadSource;
+    double start;  // manual: the sweep's start; load data: the first point's frequency
+    double stop = 15e6;
+  };
+  for (const Case& c : {Case{"manual", 1, 13e6}, Case{"manual from 0 Hz", 1, 0},
+                        Case{"manual falling below 0 Hz", 1, 13e6, -20e6}, Case{"load data", 2, 13e6},
+                        Case{"load data from 0 Hz", 2, 0}}) {
+    SCOPED_TRACE(c.name);
+    Session batched = testing::FiveStageNetwork();
+    batched.LoadSource = c.loadSource;
+    batched.SweepStart = c.start;
+    batched.SweepStop = c.stop;
+    batched.SweepPoints = 5;
+    for (int k = 1; k <= 5; ++k) {
+      batched.LoadFreq[k] = k == 1 ? c.start : 13e6 + k * 1e5;
+      batched.LoadR[k] = 30.0 + k;
+      batched.LoadX[k] = 5.0 * k - 12;
+    }
+    batched.InputR = 7;
+    batched.InputX = -3;
+    batched.VelocityFactor = 0.66;
+    Session looped = batched;
+    const SweepIndexes indexes = RunSweepPoints(batched, SweepUse::Table);
+    for (int k = indexes.first; k <= indexes.last; ++k) {
+      if (c.loadSource == 1) {
+        looped.Frequency = c.start + k * (c.stop - c.start) / 4;
+        if (looped.Frequency > 0) CalculateNetwork(looped, 0);
+      } else {
+        looped.Frequency = looped.LoadFreq[k];
+        looped.InputR = looped.LoadR[k];
+        looped.InputX = looped.LoadX[k];
+        looped.PointIndex = static_cast<int16_t>(k);
+        CalculateNetwork(looped, looped.PointIndex);
+      }
+      EXPECT_EQ(batched.SweepR[k], looped.InputR) << k;
+      EXPECT_EQ(batched.SweepX[k], looped.InputX) << k;
+    }
+    EXPECT_EQ(batched.InputR, looped.InputR);
+    EXPECT_EQ(batched.InputX, looped.InputX);
+    EXPECT_EQ(batched.PointIndex, looped.PointIndex);
+    EXPECT_EQ(batched.VelocityFactor, looped.VelocityFactor);
+  }
+}
+
 }  // namespace
 }  // namespace kalvex
