@@ -24,9 +24,7 @@ BodeFanoFit Limited(BodeFanoFit fit, double exponent) {
 // load between two points is taken on the straight line between them.
 class BandCalculation {
  public:
-  explicit BandCalculation(const Session& session) : trial_(session), network_(session) {
-    trial_.LoadSource = 1;
-  }
+  explicit BandCalculation(const Session& session) : trial_(session), network_(session) {}
 
   double VSWRAt(double f, const Session& session) {
     if (session.LoadSource == 2) {
