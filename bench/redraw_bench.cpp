@@ -19,6 +19,7 @@
 #include "chart/network_path.h"
 #include "matching/optimise.h"
 #include "model/calculate.h"
+#include "model/vector_state.h"
 #include "platform/display_list.h"
 #include "support/fake_dialogs.h"
 #include "support/five_stage_network.h"
@@ -252,6 +253,7 @@ int main(int argc, char** argv) {
   }
   qputenv("QT_QPA_PLATFORM", "offscreen");
   QApplication application(argc, argv);
+  kalvex::ClearUpperVectorState();  // as the desktop program does after this
   benchmark::RunSpecifiedBenchmarks(&reporter, ownFilter ? filter : std::string("^BM_"));
   benchmark::Shutdown();
   return 0;

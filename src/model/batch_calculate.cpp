@@ -5,7 +5,6 @@
 
 #include "model/element_arithmetic.h"
 #include "model/reflection.h"
-#include "model/tangent.h"
 #include "model/vector_state.h"
 
 namespace kalvex {
@@ -36,25 +35,18 @@ template <class Through>
   }
 }
 
-// The tangent of minus the line's electrical length at each point, as
-// LineTangent gives it: a block with a point too far out for Tangent (rare)
-// is done again point by point.
+// The tangent of minus the line's electrical length at each point. The
+// angles are computed in vectors; the tangents are the library's, point by
+// point, so that every file written keeps its digits to the last.
 [[gnu::always_inline]] inline void LineTangents(const LineSlots& line, Block& b) {
   const LineAngle angle(line);
   if (!angle.scaled) {
-    std::fill_n(b.t, b.n, LineTangent(angle.fixed));
+    std::fill_n(b.t, b.n, std::tan(angle.fixed));
     return;
   }
   const double radiansPerMHz = angle.radiansPerMHz;
-  int far = 0;
-  for (std::size_t j = 0; j < b.n; ++j) {
-    const double theta = radiansPerMHz * (b.f[j] / kMHz);
-    b.t[j] = Tangent(theta);
-    far |= !(std::fabs(theta) <= kTangentLimit);
-  }
-  if (far) {
-    for (std::size_t j = 0; j < b.n; ++j) b.t[j] = LineTangent(radiansPerMHz * (b.f[j] / kMHz));
-  }
+  for (std::size_t j = 0; j < b.n; ++j) b.t[j] = radiansPerMHz * (b.f[j] / kMHz);
+  for (std::size_t j = 0; j < b.n; ++j) b.t[j] = std::tan(b.t[j]);
 }
 
 [[gnu::always_inline]] inline void CarryStage(const NetworkBatch::Stage& stage, Block& b) {

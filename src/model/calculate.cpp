@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "model/elements.h"
+#include "model/vector_state.h"
 
 namespace kalvex {
 namespace {
@@ -50,6 +51,9 @@ Impedance ThroughStages(Session& session, Impedance z, int first, int last) {
 }
 
 void CalculateNetwork(Session& session, int16_t pointIndex) {
+  // Called in loops from everywhere (the window's too): each call starts with
+  // the upper vector state clear, whatever ran before it.
+  ClearUpperVectorState();
   if (session.Frequency <= 0) return;
   const Impedance z = ThroughStages(session, NetworkLoad(session, pointIndex), 1, kLastStage);
   session.InputR = z.R;

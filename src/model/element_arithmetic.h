@@ -10,9 +10,9 @@
 // that both give the same result to the bit. Every routine is written without
 // branches between points: special cases are chosen after both sides are
 // computed, which lets the compiler put several frequencies in one vector.
-// The line routines take the tangent of minus the electrical length
-// (LineTangent) instead of the frequency: the batch fills a whole block of
-// tangents in one loop before it carries the impedances through the line.
+// The line routines take the tangent of minus the electrical length instead
+// of the frequency: the batch fills a whole block of tangents before it
+// carries the impedances through the line.
 namespace kalvex::arithmetic {
 
 inline constexpr double kDegreesPerRadian = 57.2957795130823;

@@ -1,14 +1,15 @@
 #include "model/elements.h"
 
+#include <cmath>
+
 #include "model/element_arithmetic.h"
-#include "model/tangent.h"
 
 namespace kalvex {
 namespace {
 
 using namespace arithmetic;
 
-double TangentAt(const LineSlots& line, double f) { return LineTangent(LineAngle(line).At(f)); }
+double TangentAt(const LineSlots& line, double f) { return std::tan(LineAngle(line).At(f)); }
 
 Impedance StubAt(const LineSlots& stub, double f, double farEndR) {
   return StubImpedance(stub.characteristicZ, TangentAt(stub, f), farEndR);

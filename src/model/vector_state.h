@@ -9,9 +9,9 @@ namespace kalvex {
 // some earlier code has left the upper halves in use, as the window system's
 // start-up does, every such instruction on a processor with AVX-512 waits for
 // them and the calculation runs several times slower, until they are cleared.
-// Each calculation-heavy region (the path, the batched calculation, the
-// redraw, the optimiser) and each worker thread calls this on entry; it costs
-// about a cycle.
+// Each calculation-heavy region (the one-point and the batched calculation,
+// the path, the redraw, the optimiser) and each worker thread calls this on
+// entry; it costs a few cycles.
 void ClearUpperVectorState();
 
 }  // namespace kalvex
