@@ -1,34 +1,41 @@
-#include <sstream>
+#include <algorithm>
 
 #include "cli.h"
 #include "cli_options.h"
+#include "command_json.h"
+#include "command_line.h"
 #include "commands.h"
-#include "session_options.h"
 #include "console_dialogs.h"
 #include "files/network_file.h"
 #include "matching/match.h"
 #include "matching/match_text.h"
-#include "model/trim.h"
+#include "session_options.h"
 
 namespace kalvex {
 namespace {
 
-// "L,PI,T,STUB,QW,MULTI" (any case) as the kinds to compute; nothing for a word
-// that names none.
-std::optional<std::vector<MatchKind>> KindsOf(const std::string& list) {
+// Beyond these the closed forms give parts no one can build, then no number.
+constexpr Range kLoadedQs = {0, 1000, "a loaded Q above 0, up to 1000", true};
+constexpr Range kSections = {2, 4, "2, 3 or 4 sections", false, true};
+constexpr Range kRipples = {0.001, 10, "a passband ripple from 0.001 to 10 dB"};
+constexpr Range kSolutionNumbers = {1, 1000, "a solution's number from the list", false, true};
+
+std::vector<MatchKind> KindsOf(const std::vector<std::string>& words) {
   std::vector<MatchKind> kinds;
-  std::istringstream words(list);
-  for (std::string word; std::getline(words, word, ',');) {
-    for (char& c : word) c = static_cast<char>(std::toupper(static_cast<unsigned char>(c)));
-    if (word == "L") kinds.push_back(MatchKind::L);
-    else if (word == "PI") kinds.push_back(MatchKind::Pi);
-    else if (word == "T") kinds.push_back(MatchKind::T);
-    else if (word == "STUB") kinds.push_back(MatchKind::Stub);
-    else if (word == "QW") kinds.push_back(MatchKind::QuarterWave);
-    else if (word == "MULTI") kinds.insert(kinds.end(), {MatchKind::Binomial, MatchKind::Chebyshev});
-    else return std::nullopt;
+  const auto add = [&kinds](MatchKind kind) {
+    if (std::find(kinds.begin(), kinds.end(), kind) == kinds.end()) kinds.push_back(kind);
+  };
+  for (const std::string& word : words) {
+    if (word == "L") add(MatchKind::L);
+    if (word == "PI") add(MatchKind::Pi);
+    if (word == "T") add(MatchKind::T);
+    if (word == "STUB") add(MatchKind::Stub);
+    if (word == "QW") add(MatchKind::QuarterWave);
+    if (word == "MULTI") {
+      add(MatchKind::Binomial);
+      add(MatchKind::Chebyshev);
+    }
   }
-  if (kinds.empty()) return std::nullopt;
   return kinds;
 }
 
@@ -36,71 +43,55 @@ std::optional<std::vector<MatchKind>> KindsOf(const std::string& list) {
 
 int RunMatchCommand(const Command& command, const std::vector<std::string>& words, std::ostream& out,
                     std::ostream& err) {
-  std::string problem;
-  const auto arguments = SplitArguments(
-      words, {"--kinds", "--q", "--sections", "--ripple", "--apply", "-o"}, {"--json"}, problem);
-  if (!arguments) return UsageError(command, problem, err);
-  if (arguments->positional.size() != 1) return UsageError(command, "one FILE is needed", err);
+  std::string file;
+  std::vector<std::string> kinds;
+  std::optional<double> q, sections, ripple, apply;
+  bool json = false;
+  std::optional<std::string> output;
+  CommandLine line(command);
+  line.File(file)
+      .WordList("--kinds", kinds, {"L", "PI", "T", "STUB", "QW", "MULTI"})
+      .Number("--q", "Q", q, kLoadedQs)
+      .Number("--sections", "N", sections, kSections)
+      .Number("--ripple", "DB", ripple, kRipples)
+      .Flag("--json", json)
+      .Number("--apply", "N", apply, kSolutionNumbers)
+      .Text("-o", "OUT", output);
+  if (const auto stop = line.Parse(words, out, err)) return *stop;
+  if (apply && !output) return line.Refuse("--apply writes a network file: -o OUT is needed", err);
+  if (const auto stop = RefuseOverwritingInputs(output, file, std::nullopt, line, err)) return *stop;
 
   MatchRequest request;
-  if (const auto kinds = arguments->Option("--kinds")) {
-    const auto parsed = KindsOf(*kinds);
-    if (!parsed) return UsageError(command, "--kinds takes a list of L, PI, T, STUB, QW and MULTI", err);
-    request.kinds = *parsed;
-  }
-  if (const auto q = arguments->Option("--q")) {
-    const auto value = CliNumber(*q);
-    if (!value || *value <= 0) return UsageError(command, "--q takes a loaded Q above 0", err);
-    request.loadedQ = *value;
-  }
-  if (const auto sections = arguments->Option("--sections")) {
-    const auto value = CliNumber(*sections);
-    if (!value || (*value != 2 && *value != 3 && *value != 4)) {
-      return UsageError(command, "--sections takes 2, 3 or 4", err);
-    }
-    request.sections = static_cast<int>(*value);
-  }
-  if (const auto ripple = arguments->Option("--ripple")) {
-    const auto value = CliNumber(*ripple);
-    if (!value || *value <= 0 || *value > 10) {
-      return UsageError(command, "--ripple takes a passband ripple in dB above 0, up to 10", err);
-    }
-    request.rippleDb = *value;
-  }
-  const auto apply = arguments->Option("--apply");
-  const auto output = arguments->Option("-o");
-  std::optional<double> chosen;
-  if (apply) {
-    chosen = CliNumber(*apply);
-    if (!chosen || *chosen < 1 || *chosen != std::floor(*chosen) || !output) {
-      return UsageError(command, "--apply takes a solution's number from the list, with -o OUT", err);
-    }
-  }
+  if (!kinds.empty()) request.kinds = KindsOf(kinds);
+  request.loadedQ = q.value_or(request.loadedQ);
+  request.sections = static_cast<int>(sections.value_or(request.sections));
+  request.rippleDb = ripple.value_or(request.rippleDb);
 
   Session session;
   ConsoleDialogs dialogs(err);
-  if (!ReadCommandNetwork(*arguments, session, dialogs)) return kExitFailed;
+  if (!ReadCommandNetwork(file, session, dialogs)) return kExitFailed;
   const MatchResult result = FindMatches(session, request);
-  for (const std::string& note : result.notes) err << "kalvex-cli match: " << note << "\n";
+  for (const std::string& note : result.notes) err << line.Prefix() << note << "\n";
   if (!result.refusal.empty()) {
-    err << "kalvex-cli match: " << result.refusal << "\n";
+    err << line.Prefix() << result.refusal << "\n";
     return kExitFailed;
   }
-  if (chosen) {
-    if (*chosen > static_cast<double>(result.solutions.size())) {
-      err << "kalvex-cli match: there is no solution " << *apply << ": the list has "
+  if (apply) {
+    const auto chosen = static_cast<std::size_t>(*apply);
+    if (chosen > result.solutions.size()) {
+      err << line.Prefix() << "there is no solution " << chosen << ": the list has "
           << result.solutions.size() << "\n";
       return kExitFailed;
     }
-    ApplyMatch(session, result.solutions[static_cast<std::size_t>(*chosen) - 1]);
+    ApplyMatch(session, result.solutions[chosen - 1]);
     std::string failure;
     if (!WriteNetworkFile(session, dialogs, *output, &failure)) {
-      err << "kalvex-cli match: " << (failure.empty() ? "no file name" : failure) << "\n";
+      err << line.Prefix() << (failure.empty() ? "no file name" : failure) << "\n";
       return kExitFailed;
     }
     return kExitOk;
   }
-  const std::string text = arguments->Option("--json") ? MatchJson(session, result) : MatchTable(session, result);
+  const std::string text = json ? MatchJson(session, result) : MatchTable(session, result);
   return WriteOutput(command.name, text, output, out, err);
 }
 

@@ -1,8 +1,10 @@
-#include <cstdio>
-#include <sstream>
+#include <algorithm>
+#include <array>
 
 #include "cli.h"
 #include "cli_options.h"
+#include "command_json.h"
+#include "command_line.h"
 #include "commands.h"
 #include "console_dialogs.h"
 #include "design/schematic.h"
@@ -14,23 +16,12 @@
 namespace kalvex {
 namespace {
 
-std::string Json(const OptimiseResult& result) {
-  std::string json = "{\"before\": " + JsonNumber(result.before) + ", \"after\": " + JsonNumber(result.after) +
-                     ", \"stages\": [";
-  for (std::size_t k = 0; k < result.stages.size(); ++k) {
-    const OptimisedStage& s = result.stages[k];
-    json += std::string(k == 0 ? "" : ", ") + "{\"stage\": " + std::to_string(s.stage) + ", \"type\": " +
-            std::to_string(s.type) + ", \"values\": [" + JsonNumber(s.values[1]) + ", " +
-            JsonNumber(s.values[2]) + ", " + JsonNumber(s.values[3]) + ", " + JsonNumber(s.values[4]) + "]}";
-  }
-  return json + "], \"evaluations\": " + std::to_string(result.evaluations) + "}\n";
-}
+constexpr Range kStages = {1, kLastStage, "stage numbers 1 to 5", false, true};
 
 std::string Report(const OptimiseResult& result) {
-  char line[128];
-  std::snprintf(line, sizeof line, "Worst VSWR %.6g before, %.6g after (%d evaluations)\n", result.before,
-                result.after, result.evaluations);
-  std::string text = line;
+  std::string text = "Worst VSWR " + FormattedNumber("%.6g", result.before) + " before, " +
+                     FormattedNumber("%.6g", result.after) + " after (" +
+                     std::to_string(result.evaluations) + " evaluations)\n";
   for (const OptimisedStage& s : result.stages) {
     std::array<double, kSlotCount> values{};
     std::copy(s.values.begin(), s.values.end(), values.begin());
@@ -41,44 +32,64 @@ std::string Report(const OptimiseResult& result) {
   return text;
 }
 
+// The stages named, each once, in the order first named.
+std::vector<int> StagesOf(const std::vector<double>& numbers) {
+  std::vector<int> stages;
+  for (const double number : numbers) {
+    const int stage = static_cast<int>(number);
+    if (std::find(stages.begin(), stages.end(), stage) == stages.end()) stages.push_back(stage);
+  }
+  return stages;
+}
+
 }  // namespace
 
 int RunOptimizeCommand(const Command& command, const std::vector<std::string>& words, std::ostream& out,
                        std::ostream& err) {
-  std::string problem;
-  const auto arguments = SplitArguments(words, {"--free", "--start", "--stop", "--points", "--load", "-o"},
-                                        {"--free-z0", "--json"}, problem);
-  if (!arguments) return UsageError(command, problem, err);
-  if (arguments->positional.size() != 1) return UsageError(command, "one FILE is needed", err);
+  std::string file;
+  std::vector<double> free;
+  bool freeImpedances = false;
+  SweepOptions sweep;
+  bool json = false;
+  std::optional<std::string> output;
+  CommandLine line(command);
+  line.File(file)
+      .NumberList("--free", "1,2[,...]", free, kStages)
+      .Flag("--free-z0", freeImpedances)
+      .Flag("--json", json)
+      .Text("-o", "OUT", output);
+  sweep.AddTo(line);
+  if (const auto stop = line.Parse(words, out, err)) return *stop;
+  if (free.empty()) return line.Refuse("--free names the stages to tune", err);
+  if (const auto stop = RefuseOverwritingInputs(output, file, sweep.load, line, err)) return *stop;
   OptimiseRequest request;
-  std::istringstream list(arguments->Option("--free").value_or(""));
-  for (std::string word; std::getline(list, word, ',');) {
-    const auto stage = CliNumber(word);
-    if (!stage || *stage < 1 || *stage > kLastStage || *stage != std::floor(*stage)) {
-      return UsageError(command, "--free takes stage numbers 1..5, such as 1,2", err);
-    }
-    request.freeStages.push_back(static_cast<int>(*stage));
-  }
-  if (request.freeStages.empty()) return UsageError(command, "--free names the stages to tune", err);
-  request.freeImpedances = arguments->Option("--free-z0").has_value();
-  request.overBand = arguments->Option("--load") || arguments->Option("--start") ||
-                     arguments->Option("--stop") || arguments->Option("--points");
+  request.freeStages = StagesOf(free);
+  request.freeImpedances = freeImpedances;
+  request.overBand = sweep.Given();
 
   Session session;
   ConsoleDialogs dialogs(err);
-  if (!ReadCommandNetwork(*arguments, session, dialogs)) return kExitFailed;
-  if (const auto stop = ApplySweepOptions(session, dialogs, *arguments, command, err, false)) return *stop;
+  if (!ReadCommandNetwork(file, session, dialogs)) return kExitFailed;
+  for (const int stage : request.freeStages) {
+    const int16_t type = session.ElementType[stage];
+    if (type == Empty || type == InsertPlaceholder) {
+      return line.Refuse("--free " + std::to_string(stage) + ": stage " + std::to_string(stage) +
+                             " holds no part to tune",
+                         err);
+    }
+  }
+  if (const auto stop = ApplySweepOptions(session, dialogs, sweep, line, err, true)) return *stop;
   const OptimiseResult result = Optimise(session, request);
-  if (const auto output = arguments->Option("-o")) {
+  if (output) {
     ApplyOptimised(session, result);
     std::string failure;
     if (!WriteNetworkFile(session, dialogs, *output, &failure)) {
-      err << "kalvex-cli optimize: " << (failure.empty() ? "no file name" : failure) << "\n";
+      err << line.Prefix() << (failure.empty() ? "no file name" : failure) << "\n";
       return kExitFailed;
     }
   }
-  return WriteOutput(command.name, arguments->Option("--json") ? Json(result) : Report(result), std::nullopt,
-                     out, err);
+  out << (json ? OptimiseJson(result) : Report(result));
+  return kExitOk;
 }
 
 }  // namespace kalvex

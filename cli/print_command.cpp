@@ -5,14 +5,12 @@
 #include "analysis/sweep.h"
 #include "chart/analysis_view.h"
 #include "cli.h"
-#include "cli_options.h"
 #include "commands.h"
 #include "console_dialogs.h"
-#include "files/network_file.h"
+#include "drawing_requests.h"
 #include "print/paper.h"
 #include "print/print_chart.h"
 #include "print/print_table.h"
-#include "session_options.h"
 #include "ui/page_renderer.h"
 
 namespace kalvex {
@@ -33,31 +31,15 @@ std::pair<int, int> FileSizeOf(PageSize page, const std::string& path) {
 
 }  // namespace
 
-int RunPrintCommand(const Command& command, const std::vector<std::string>& words, std::ostream&,
+int RunPrintCommand(const Command& command, const std::vector<std::string>& words, std::ostream& out,
                     std::ostream& err) {
-  std::string problem;
-  const auto arguments = SplitArguments(
-      words, {"--start", "--stop", "--points", "--load", "--grid", "--zoom", "-o"},
-      {"--table", "--q-arcs", "--vswr-circle", "--sweep"}, problem);
-  if (!arguments) return UsageError(command, problem, err);
-  if (arguments->positional.size() != 1) return UsageError(command, "one FILE is needed", err);
-  const auto output = arguments->Option("-o");
-  if (!output) return UsageError(command, "-o OUT is needed", err);
-
   Session session;
-  InitialiseSession(session);
-  session.LoadSource = 1;
-  if (const auto stop = ApplyChartOptions(session, *arguments, command, err)) return *stop;
+  PrintRequest request;
   ConsoleDialogs dialogs(err);
-  if (!ReadNetworkFile(session, dialogs, arguments->positional.front())) return kExitFailed;
-  const bool table = arguments->Option("--table").has_value();
-  if (const auto stop = ApplySweepOptions(session, dialogs, *arguments, command, err, table)) {
-    return *stop;
-  }
-
+  if (const auto stop = PreparePrint(command, words, out, err, dialogs, session, request)) return *stop;
   DisplayList pages;
   PageSize paper = kChartPaper;
-  if (table) {
+  if (request.table) {
     // The table prints what the Tabulate page computed: the sweep, run as it does.
     RunSweepPoints(session, SweepUse::Table);
     const std::string caution = TableCautionText(session.SweepPoints);
@@ -68,9 +50,9 @@ int RunPrintCommand(const Command& command, const std::vector<std::string>& word
     LoadAnalysisView(session);  // the chart as the Analysis page would print it
     DrawChartPage(session, pages, dialogs.LocalDateTime());
   }
-  const auto [width, height] = FileSizeOf(paper, *output);
+  const auto [width, height] = FileSizeOf(paper, request.output);
   const std::string failure =
-      RenderToFile(pages, paper, width, height, *output, kPaperUnitsPerWidth);
+      RenderToFile(pages, paper, width, height, request.output, kPaperUnitsPerWidth);
   if (!failure.empty()) {
     err << "kalvex-cli print: " << failure << "\n";
     return kExitFailed;

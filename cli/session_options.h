@@ -2,33 +2,66 @@
 
 #include <optional>
 #include <ostream>
+#include <string>
 
-#include "cli_options.h"
-#include "commands.h"
+#include "command_line.h"
 #include "model/session.h"
 #include "platform/dialogs.h"
 
 namespace kalvex {
 
-// Options that several commands share; each returns an exit code when the
-// command must stop, nothing when it may go on.
+// The network of FILE in a fresh session with its own load in use
+// (LoadSource 1), brought into what the Design page accepts before it
+// analyses, with its messages. False, the reader having said why, when it
+// cannot be read.
+bool ReadCommandNetwork(const std::string& path, Session& session, Dialogs& dialogs);
 
-// The network of the command's FILE (its one positional word) in a fresh
-// session with its own load in use (LoadSource 1). False, the reader having
-// said why, when it cannot be read.
-bool ReadCommandNetwork(const CliArguments& arguments, Session& session, Dialogs& dialogs);
+// The same into `session` as it is: the settings it holds that the file does
+// not carry stay.
+bool ReadNetworkInto(const std::string& path, Session& session, Dialogs& dialogs);
 
-// The view of the chart: --grid 1..6, --zoom 1..8, and the switches
-// --q-arcs, --vswr-circle and --sweep. Checks them and puts them in the session.
-std::optional<int> ApplyChartOptions(Session& session, const CliArguments& arguments,
-                                     const Command& command, std::ostream& err);
+// What a network file gave, brought into range as the Design page does before
+// the Analysis page opens: missing design values and Qs get their defaults,
+// the system impedance and the frequency their limits, the sweep settings
+// those of the sweep setup; each reset with the page's message.
+void SettleNetwork(Session& session, Dialogs& dialogs);
 
-// The sweep: --load LOADFILE runs it over a load-data file; otherwise the
-// file's start, stop and point count, each replaced by --start, --stop or
-// --points, are taken as the sweep setup takes them (limits and messages),
-// when `settleSweep` or any of them is given.
-std::optional<int> ApplySweepOptions(Session& session, Dialogs& dialogs,
-                                     const CliArguments& arguments, const Command& command,
-                                     std::ostream& err, bool settleSweep);
+// The sweep's options: --start, --stop, --points, or --load LOADFILE.
+struct SweepOptions {
+  std::optional<double> start;
+  std::optional<double> stop;
+  std::optional<double> points;
+  std::optional<std::string> load;
+
+  void AddTo(CommandLine& line);
+  bool Given() const { return start || stop || points || load; }
+};
+
+// --load runs the sweep over a load-data file; otherwise --start, --stop and
+// --points replace the file's settings, each kept within what the sweep setup
+// takes; a value reset says so on `err`, naming the option, the value given
+// and the value used. With `ascending`, a start above the stop is refused.
+// Returns an exit code when the command must stop.
+std::optional<int> ApplySweepOptions(Session& session, Dialogs& dialogs, const SweepOptions& sweep,
+                                     const CommandLine& line, std::ostream& err, bool ascending);
+
+// The view of the chart: --grid 1..6, --zoom 1..8 and the switches --q-arcs,
+// --vswr-circle and --sweep.
+struct ChartOptions {
+  std::optional<double> grid;
+  std::optional<double> zoom;
+  bool qArcs = false;
+  bool vswrCircle = false;
+  bool sweep = false;
+
+  void AddTo(CommandLine& line);
+  void ApplyTo(Session& session) const;
+};
+
+// Refuses -o naming one of the input files: the output would overwrite it.
+std::optional<int> RefuseOverwritingInputs(const std::optional<std::string>& output,
+                                           const std::optional<std::string>& file,
+                                           const std::optional<std::string>& load,
+                                           const CommandLine& line, std::ostream& err);
 
 }  // namespace kalvex

@@ -2,13 +2,14 @@
 #include "analysis/tabulate.h"
 #include "cli.h"
 #include "cli_options.h"
+#include "command_line.h"
 #include "commands.h"
 #include "console_dialogs.h"
-#include "session_options.h"
 #include "files/sweep_data_file.h"
 #include "files/text_file.h"
 #include "files/touchstone.h"
 #include "model/sweep_indexes.h"
+#include "session_options.h"
 
 namespace kalvex {
 namespace {
@@ -22,24 +23,27 @@ std::string TableText(Session& session) {
 }  // namespace
 
 int RunSweepCommand(const Command& command, const std::vector<std::string>& words, std::ostream& out,
-             std::ostream& err) {
-  std::string problem;
-  const auto arguments = SplitArguments(
-      words, {"--start", "--stop", "--points", "--load", "-o"}, {"--table", "--touchstone"}, problem);
-  if (!arguments) return UsageError(command, problem, err);
-  if (arguments->positional.size() != 1) return UsageError(command, "one FILE is needed", err);
+                    std::ostream& err) {
+  std::string file;
+  SweepOptions sweep;
+  bool table = false;
+  bool touchstone = false;
+  std::optional<std::string> output;
+  CommandLine line(command);
+  line.File(file).Flag("--table", table).Flag("--touchstone", touchstone).Text("-o", "OUT", output);
+  sweep.AddTo(line);
+  if (const auto stop = line.Parse(words, out, err)) return *stop;
+  if (const auto stop = RefuseOverwritingInputs(output, file, sweep.load, line, err)) return *stop;
+
   Session session;
   ConsoleDialogs dialogs(err);
-  if (!ReadCommandNetwork(*arguments, session, dialogs)) return kExitFailed;
-  if (const auto stop = ApplySweepOptions(session, dialogs, *arguments, command, err, true)) {
-    return *stop;
-  }
+  if (!ReadCommandNetwork(file, session, dialogs)) return kExitFailed;
+  if (const auto stop = ApplySweepOptions(session, dialogs, sweep, line, err, false)) return *stop;
 
-  const auto output = arguments->Option("-o");
   std::string text;
-  if (arguments->Option("--table")) {
+  if (table) {
     text = TableText(session);
-  } else if (arguments->Option("--touchstone")) {
+  } else if (touchstone) {
     RunSweepPoints(session, SweepUse::Table);
     text = TouchstoneText(session, dialogs.LocalDateTime());
   } else {
@@ -48,7 +52,7 @@ int RunSweepCommand(const Command& command, const std::vector<std::string>& word
   }
 
   if (const int leftOut = NonFiniteSweepPoints(session); leftOut > 0) {
-    err << "kalvex-cli sweep: " << leftOut << " of the sweep's points give no finite input "
+    err << line.Prefix() << leftOut << " of the sweep's points give no finite input "
         << "impedance (the network's values are too large or too small) and are left out\n";
   }
   return WriteOutput(command.name, text, output, out, err);

@@ -2,7 +2,7 @@
 # and builds Kalvex (Release) in build/. Sourced, not run.
 
 kalvex_packages=(cmake ninja-build g++ qt6-base-dev qt6-svg-dev fonts-dejavu-core
-                 libgtest-dev libbenchmark-dev libnlopt-cxx-dev)
+                 libgtest-dev libbenchmark-dev libnlopt-cxx-dev libcli11-dev nlohmann-json3-dev)
 
 # Installs the build's packages, and any more named as arguments.
 kalvex_install_missing() {

@@ -1,26 +1,11 @@
 #include "analysis/band_text.h"
 
-
 #include "model/format.h"
 #include "model/number_text.h"
 #include "model/trim.h"
 
 namespace kalvex {
 namespace {
-
-std::string Json(const std::optional<double>& value) { return value ? JsonNumber(*value) : "null"; }
-
-std::string PointJson(const BandPoint& p) {
-  return "{\"frequency\": " + JsonNumber(p.frequency) + ", \"vswr\": " + JsonNumber(p.vswr) +
-         ", \"return_loss\": " + JsonNumber(p.returnLoss) + "}";
-}
-
-std::string FitJson(const BodeFanoFit& fit) {
-  return std::string("{\"model\": \"") + (fit.capacitive ? "RC" : "RL") + "\", \"r\": " +
-         JsonNumber(fit.r) + ", \"reactive\": " + JsonNumber(fit.reactive) + ", \"gamma\": " +
-         JsonNumber(fit.gamma) + ", \"vswr\": " + JsonNumber(fit.vswr) + ", \"return_loss\": " +
-         Json(fit.returnLoss) + "}";
-}
 
 std::string Frequency(const std::optional<double>& f) {
   return f ? std::string(Trim(FormatSI(*f), " ")) + "Hz" : "none";
@@ -37,19 +22,6 @@ std::string FitLine(const char* form, const BodeFanoFit& fit) {
 }
 
 }  // namespace
-
-std::string BandJson(const BandFigures& figures) {
-  std::string json = "{\"worst\": " + PointJson(figures.worst) + ", \"best\": " + PointJson(figures.best) +
-                     ", \"bandwidths\": [";
-  for (std::size_t k = 0; k < figures.edges.size(); ++k) {
-    const BandEdges& e = figures.edges[k];
-    json += std::string(k == 0 ? "" : ", ") + "{\"vswr\": " + JsonNumber(e.vswr) + ", \"low\": " +
-            Json(e.low) + ", \"high\": " + Json(e.high) + ", \"hertz\": " + Json(e.hertz) +
-            ", \"percent\": " + Json(e.percent) + "}";
-  }
-  return json + "], \"bode_fano\": {\"series\": " + FitJson(figures.series) + ", \"parallel\": " +
-         FitJson(figures.parallel) + "}, \"bound_used\": " + Json(figures.boundUsed) + "}\n";
-}
 
 std::string BandReport(const BandFigures& figures) {
   std::string text = "Band " + Frequency(figures.low) + " to " + Frequency(figures.high) +

@@ -6,9 +6,7 @@
 
 namespace kalvex {
 
-// The band figures as one JSON object (edges and limits that do not exist
-// are null), and as readable lines.
-std::string BandJson(const BandFigures& figures);
+// The band figures as readable lines.
 std::string BandReport(const BandFigures& figures);
 
 }  // namespace kalvex

@@ -36,28 +36,6 @@ std::string MatchPartsText(const MatchSolution& solution) {
   return OneBlank(text) + (solution.outOfRange ? " (a value outside what the Design page accepts)" : "");
 }
 
-std::string MatchJson(const Session& session, const MatchResult& result) {
-  const MatchLoad load = LoadToMatch(session);
-  std::string json = "{\"frequency\": " + JsonNumber(load.frequency) + ", \"load\": [" + JsonNumber(load.z.R) +
-                     ", " + JsonNumber(load.z.X) + "], \"system_impedance\": " + JsonNumber(session.SystemZ) +
-                     ", \"solutions\": [";
-  for (std::size_t n = 0; n < result.solutions.size(); ++n) {
-    const MatchSolution& s = result.solutions[n];
-    json += std::string(n == 0 ? "" : ", ") + "{\"kind\": \"" + MatchKindName(s.kind) + "\", \"stages\": [";
-    for (std::size_t k = 0; k < s.stages.size(); ++k) {
-      const StageValues& v = s.stages[k].values;
-      json += std::string(k == 0 ? "" : ", ") + "{\"type\": " + std::to_string(s.stages[k].type) +
-              ", \"values\": [" + JsonNumber(v[1]) + ", " + JsonNumber(v[2]) + ", " + JsonNumber(v[3]) + ", " +
-              JsonNumber(v[4]) + ", 0]}";
-    }
-    json += "], \"loaded_q\": " + JsonNumber(s.loadedQ) + ", \"response\": \"" +
-            MatchResponseName(s.response) + "\", \"dc\": \"" + (s.passesDC ? "passes" : "blocks") +
-            "\", \"input\": [" + JsonNumber(s.input.R) + ", " + JsonNumber(s.input.X) +
-            "], \"worst_vswr\": " + JsonNumber(s.worstVSWR) + "}";
-  }
-  return json + "]}\n";
-}
-
 std::string MatchTable(const Session& session, const MatchResult& result) {
   const MatchLoad load = LoadToMatch(session);
   std::string text = OneBlank("Load " + LoadValueText(load.z.R, load.z.X) + " ohms at " +

@@ -10,10 +10,6 @@ namespace kalvex {
 // texts: "shunt capacitor 68 pF; series inductor 1.2 uH".
 std::string MatchPartsText(const MatchSolution& solution);
 
-// The whole result as one JSON object: frequency, load, system impedance and
-// every solution with its stages (values as the network file stores them).
-std::string MatchJson(const Session& session, const MatchResult& result);
-
 // The whole result as a readable table, one row a solution.
 std::string MatchTable(const Session& session, const MatchResult& result);
 

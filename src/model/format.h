@@ -26,6 +26,10 @@ double ParseValue(std::string_view text);
 // was reset: "20G" reads as 2E+10 here.
 double ParseValueUnlimited(std::string_view text);
 
+// The multiplier of a suffix letter ParseValue reads, or 0 for a letter that is
+// none. "m" is milli and "M" mega; the other letters read the same in either case.
+double MultiplierOf(char letter);
+
 // Number texts of the network file: N(x) for doubles (15 significant digits)
 // and singles (7), I(n) for integers. All end with one space: " 14000000 ".
 std::string FileNumber(double value);

@@ -4,6 +4,7 @@
 
 #include "model/calculate.h"
 #include "model/format.h"
+#include "model/number_text.h"
 #include "model/reflection.h"
 #include "model/trim.h"
 
@@ -42,8 +43,8 @@ std::string MatchStatusText(const Session& network) {
   char text[256];
   std::snprintf(text, sizeof text,
                 "Input %.6g %sj%.6g ohms    |Gamma| %.4g at %.1f deg    VSWR %.4g    Return loss %.2f dB    at %sHz",
-                session.InputR, session.InputX < 0 ? "-" : "+", std::fabs(session.InputX), p.rho,
-                p.angleDegrees, VSWROf(p.rho), ReturnLossDb(p.rho),
+                session.InputR + 0.0, session.InputX < 0 ? "-" : "+", std::fabs(session.InputX), p.rho,
+                ShownValue(p.angleDegrees, 1), VSWROf(p.rho), ShownValue(ReturnLossDb(p.rho), 2),
                 std::string(Trim(FormatSI(session.Frequency), " ")).c_str());
   return text;
 }

@@ -41,6 +41,11 @@ std::string FormattedNumber(const char* format, double value) {
   return text;
 }
 
+double ShownValue(double value, int decimals) {
+  const double scale = std::pow(10.0, decimals);
+  return std::round(value * scale) / scale + 0.0;
+}
+
 std::string JsonNumber(double value) { return std::isfinite(value) ? ExactNumberText(value) : "null"; }
 
 }  // namespace kalvex

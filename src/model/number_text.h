@@ -24,6 +24,10 @@ std::string ExactNumberText(double value);
 // One number through a printf format ("%.4g"), for reports and plot labels.
 std::string FormattedNumber(const char* format, double value);
 
+// `value` rounded to `decimals` decimals, as a fixed-point text shows it, with
+// a negative zero made zero: -0.04 shown to one decimal is "0.0", not "-0.0".
+double ShownValue(double value, int decimals);
+
 // A number in JSON: ExactNumberText, or null where it is not finite.
 std::string JsonNumber(double value);
 

@@ -13,8 +13,8 @@ constexpr std::size_t kMaxTextLength = 12;
 constexpr std::size_t kMaxDigitStringLength = 16;
 constexpr double kParseLimit = 1e10;
 
-// The multiplier of a suffix letter, or 0 for a letter that is none. "m" is
-// milli and "M" mega; the other letters read the same in either case.
+}  // namespace
+
 double MultiplierOf(char letter) {
   switch (letter) {
     case 'p': case 'P': return 1e-12;
@@ -27,8 +27,6 @@ double MultiplierOf(char letter) {
     default: return 0;
   }
 }
-
-}  // namespace
 
 double ParseValue(std::string_view text) {
   const double value = ParseValueUnlimited(text);

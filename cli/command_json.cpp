@@ -1,0 +1,88 @@
+#include "command_json.h"
+
+#include <nlohmann/json.hpp>
+
+namespace kalvex {
+namespace {
+
+using Json = nlohmann::ordered_json;
+
+Json Optional(const std::optional<double>& value) { return value ? Json(*value) : Json(nullptr); }
+
+// Values 1..`last` of a stage, as the network file stores them.
+template <typename Values>
+Json StageValuesJson(const Values& values, int last) {
+  Json json = Json::array();
+  for (int slot = 1; slot <= last; ++slot) json.push_back(values[slot]);
+  return json;
+}
+
+Json PointJson(const BandPoint& point) {
+  return {{"frequency", point.frequency}, {"vswr", point.vswr}, {"return_loss", point.returnLoss}};
+}
+
+Json FitJson(const BodeFanoFit& fit) {
+  return {{"model", fit.capacitive ? "RC" : "RL"}, {"r", fit.r},
+          {"reactive", fit.reactive},             {"gamma", fit.gamma},
+          {"vswr", fit.vswr},                     {"return_loss", Optional(fit.returnLoss)}};
+}
+
+std::string Line(const Json& json) { return json.dump() + "\n"; }
+
+}  // namespace
+
+std::string MatchJson(const Session& session, const MatchResult& result) {
+  const MatchLoad load = LoadToMatch(session);
+  Json solutions = Json::array();
+  for (const MatchSolution& solution : result.solutions) {
+    // What the network file gets: the values through the Design page's Accept.
+    Session applied = session;
+    ApplyMatch(applied, solution);
+    Json stages = Json::array();
+    for (std::size_t k = 0; k < solution.stages.size(); ++k) {
+      stages.push_back({{"type", applied.ElementType[k + 1]},
+                        {"values", StageValuesJson(applied.Value[k + 1], 5)}});
+    }
+    Json entry = {{"kind", MatchKindName(solution.kind)}, {"stages", stages}};
+    if (solution.outOfRange) entry["adjusted"] = true;
+    entry["loaded_q"] = solution.loadedQ;
+    entry["response"] = MatchResponseName(solution.response);
+    entry["dc"] = solution.passesDC ? "passes" : "blocks";
+    entry["input"] = Json::array({solution.input.R, solution.input.X});
+    entry["worst_vswr"] = solution.worstVSWR;
+    solutions.push_back(entry);
+  }
+  return Line({{"frequency", load.frequency},
+               {"load", Json::array({load.z.R, load.z.X})},
+               {"system_impedance", session.SystemZ},
+               {"solutions", solutions}});
+}
+
+std::string BandJson(const BandFigures& figures) {
+  Json bandwidths = Json::array();
+  for (const BandEdges& edges : figures.edges) {
+    bandwidths.push_back({{"vswr", edges.vswr},
+                          {"low", Optional(edges.low)},
+                          {"high", Optional(edges.high)},
+                          {"hertz", Optional(edges.hertz)},
+                          {"percent", Optional(edges.percent)}});
+  }
+  return Line({{"worst", PointJson(figures.worst)},
+               {"best", PointJson(figures.best)},
+               {"bandwidths", bandwidths},
+               {"bode_fano", {{"series", FitJson(figures.series)}, {"parallel", FitJson(figures.parallel)}}},
+               {"bound_used", Optional(figures.boundUsed)}});
+}
+
+std::string OptimiseJson(const OptimiseResult& result) {
+  Json stages = Json::array();
+  for (const OptimisedStage& stage : result.stages) {
+    stages.push_back({{"stage", stage.stage}, {"type", stage.type}, {"values", StageValuesJson(stage.values, 4)}});
+  }
+  return Line({{"before", result.before},
+               {"after", result.after},
+               {"stages", stages},
+               {"evaluations", result.evaluations}});
+}
+
+}  // namespace kalvex

@@ -1,0 +1,246 @@
+#include <gtest/gtest.h>
+
+#include <filesystem>
+
+#include "cli/cli_test.h"
+
+namespace kalvex {
+namespace {
+
+namespace fs = std::filesystem;
+
+bool Holds(const std::string& text, const std::string& part) {
+  return text.find(part) != std::string::npos;
+}
+
+// A command's words with a refusal expected: its exit code and what standard
+// error must name (the option, or the range).
+struct Refusal {
+  std::vector<std::string> words;
+  int exitCode;
+  std::string named;
+};
+
+class ArgumentsTest : public testing::CliTest {
+ protected:
+  void SetUp() override {
+    CliTest::SetUp();
+    SaveNetwork(SeriesCapacitor, 100e-12, 1000);
+  }
+
+  // Runs `command` FILE `words` (NET stands for the network file, OUT for an
+  // output file) for every case: the exit code, the option named, the usage
+  // after a refusal, nothing on standard output and no file written.
+  void ExpectRefusals(const std::string& command, const std::vector<Refusal>& cases,
+                      bool withFile = true) {
+    for (const Refusal& c : cases) {
+      std::vector<std::string> words = {command};
+      if (withFile) words.push_back(PathOf("net.SSF"));
+      for (const std::string& word : c.words) {
+        words.push_back(word == "NET" ? PathOf("net.SSF") : word == "OUT" ? PathOf("out.png") : word);
+      }
+      std::string shown;
+      for (const std::string& word : c.words) shown += "'" + word + "' ";
+      fs::remove(PathOf("out.png"));
+      EXPECT_EQ(Run(words), c.exitCode) << command << " " << shown << err.str();
+      EXPECT_TRUE(Holds(err.str(), c.named)) << command << " " << shown << err.str();
+      if (c.exitCode == kExitUsage) {
+        EXPECT_TRUE(Holds(err.str(), "usage: kalvex-cli ")) << command << " " << shown;
+        EXPECT_EQ(out.str(), "") << command << " " << shown;
+        EXPECT_FALSE(fs::exists(PathOf("out.png"))) << command << " " << shown;
+        EXPECT_FALSE(fs::exists(PathOf("--table"))) << command << " " << shown;
+      }
+    }
+  }
+};
+
+// What every command refuses alike: missing, empty and twice-given values, an
+// option name where a value is due, unknown options and extra words.
+TEST_F(ArgumentsTest, EveryCommandRefusesMalformedArgumentsByName) {
+  for (const std::string command : {"impedance", "sweep", "spice", "match", "band", "optimize"}) {
+    const std::vector<std::string> free = command == "optimize" ? std::vector<std::string>{"--free", "1"}
+                                                               : std::vector<std::string>{};
+    auto with = [&free](std::vector<std::string> words) {
+      words.insert(words.end(), free.begin(), free.end());
+      return words;
+    };
+    ExpectRefusals(command, {{with({"--bogus"}), kExitUsage, "--bogus"},
+                             {with({"extra"}), kExitUsage, "extra"},
+                             {with({"NET"}), kExitUsage, "net.SSF"}});
+  }
+  ExpectRefusals("impedance", {{{}, kExitUsage, "FILE"}}, false);
+  ExpectRefusals("frobnicate", {{{}, kExitUsage, "unknown command frobnicate"}}, false);
+}
+
+TEST_F(ArgumentsTest, Impedance) {
+  ExpectRefusals("impedance", {{{"--freq"}, kExitUsage, "--freq"},
+                               {{"--freq", ""}, kExitUsage, "--freq"},
+                               {{"--freq", "abc"}, kExitUsage, "--freq"},
+                               {{"--freq", "nan"}, kExitUsage, "--freq"},
+                               {{"--freq", "inf"}, kExitUsage, "--freq"},
+                               {{"--freq", "14M", "--freq", "28M"}, kExitUsage, "--freq"},
+                               {{"--freq", "--bogus"}, kExitUsage, "--freq"},
+                               {{"--freq", "1e30"}, kExitUsage, "10 kHz to 10 GHz"},
+                               {{"--freq", "2e10"}, kExitUsage, "10 kHz to 10 GHz"},
+                               {{"--freq", "1e-300"}, kExitUsage, "10 kHz to 10 GHz"},
+                               {{"--freq", "-14M"}, kExitUsage, "10 kHz to 10 GHz"}});
+  EXPECT_EQ(Run({"impedance", PathOf("net.SSF"), "--freq", "28M"}), kExitOk);
+  EXPECT_EQ(out.str(), "50.0568410511 -56.8410511042\n");
+}
+
+TEST_F(ArgumentsTest, SweepAndSpice) {
+  ExpectRefusals("sweep", {{{"-o", "--table"}, kExitUsage, "-o"},
+                           {{"-o", ""}, kExitUsage, "-o"},
+                           {{"--load", ""}, kExitUsage, "--load"},
+                           {{"--load", "--table"}, kExitUsage, "--load"},
+                           {{"--start", "1M", "--start", "2M"}, kExitUsage, "--start"},
+                           {{"--points", "5", "--points", "6"}, kExitUsage, "--points"},
+                           {{"--points", "nan"}, kExitUsage, "--points"},
+                           {{"--start", "inf"}, kExitUsage, "--start"},
+                           {{"--stop", "words"}, kExitUsage, "--stop"},
+                           {{"--stop", ""}, kExitUsage, "--stop"},
+                           {{"--load", "x.RJX", "--points", "5"}, kExitUsage, "--load"},
+                           {{"-o", "NET"}, kExitUsage, "-o names the input file"}});
+  ExpectRefusals("spice", {{{"-o", "--bogus"}, kExitUsage, "-o"},
+                           {{"-o", "a", "-o", "b"}, kExitUsage, "-o"},
+                           {{"-o"}, kExitUsage, "-o"}});
+}
+
+TEST_F(ArgumentsTest, Match) {
+  ExpectRefusals("match", {{{"--q", "0"}, kExitUsage, "--q"},
+                           {{"--q", "-2"}, kExitUsage, "--q"},
+                           {{"--q", "1e300"}, kExitUsage, "--q"},
+                           {{"--q", "2", "--q", "3"}, kExitUsage, "--q"},
+                           {{"--sections", "5"}, kExitUsage, "--sections"},
+                           {{"--sections", "2.5"}, kExitUsage, "--sections"},
+                           {{"--ripple", "1e-300"}, kExitUsage, "--ripple"},
+                           {{"--ripple", "-1"}, kExitUsage, "--ripple"},
+                           {{"--ripple", "0.1", "--ripple", "0.2"}, kExitUsage, "--ripple"},
+                           {{"--kinds", "L,XX"}, kExitUsage, "--kinds"},
+                           {{"--kinds", ""}, kExitUsage, "--kinds"},
+                           {{"--apply", "1"}, kExitUsage, "-o OUT"},
+                           {{"--apply", "0", "-o", "OUT"}, kExitUsage, "--apply"},
+                           {{"--apply", "1", "--apply", "2", "-o", "OUT"}, kExitUsage, "--apply"},
+                           {{"--apply", "999", "-o", "OUT"}, kExitFailed, "there is no solution 999"}});
+}
+
+TEST_F(ArgumentsTest, Band) {
+  ExpectRefusals("band", {{{"--load", "--json"}, kExitUsage, "--load"},
+                          {{"--thresholds", "1"}, kExitUsage, "--thresholds"},
+                          {{"--thresholds", "2,nan"}, kExitUsage, "--thresholds"},
+                          {{"--thresholds", "1e300"}, kExitUsage, "--thresholds"},
+                          {{"--thresholds", ""}, kExitUsage, "--thresholds"},
+                          {{"--start", "20M", "--stop", "10M"}, kExitUsage, "--start"},
+                          {{"--start", "1e30"}, kExitUsage, "--start"},
+                          {{"-o", "OUT", "-o", "OUT"}, kExitUsage, "-o"}});
+}
+
+TEST_F(ArgumentsTest, Optimize) {
+  network.ElementType[3] = InsertPlaceholder;
+  testing::FakeDialogs dialogs;
+  WriteNetworkFile(network, dialogs, PathOf("net"));
+  ExpectRefusals("optimize", {{{}, kExitUsage, "--free"},
+                              {{"--free", "0"}, kExitUsage, "--free"},
+                              {{"--free", "6"}, kExitUsage, "--free"},
+                              {{"--free", "1.5"}, kExitUsage, "--free"},
+                              {{"--free", ""}, kExitUsage, "--free"},
+                              {{"--free", "--json"}, kExitUsage, "--free"},
+                              {{"--free", "2"}, kExitUsage, "stage 2 holds no part"},
+                              {{"--free", "1,3"}, kExitUsage, "stage 3 holds no part"},
+                              {{"--free", "1", "--stop", "1M", "--stop", "2M"}, kExitUsage, "--stop"},
+                              {{"--free", "1", "--start", "15M", "--stop", "13M"}, kExitUsage, "--start"}});
+}
+
+TEST_F(ArgumentsTest, RenderAndPrint) {
+  ExpectRefusals("render", {{{"-o", "OUT"}, kExitUsage, "--page"},
+                            {{"--page", "chart", "-o", "OUT"}, kExitUsage, "--page"},
+                            {{"--page", "design"}, kExitUsage, "-o"},
+                            {{"--page", "design", "--page", "band", "-o", "OUT"}, kExitUsage, "--page"},
+                            {{"--page", "band", "--plot", "", "-o", "OUT"}, kExitUsage, "--plot"},
+                            {{"--page", "design", "--size", "10x10", "-o", "OUT"}, kExitUsage, "--size"},
+                            {{"--page", "design", "--screen", "1x", "-o", "OUT"}, kExitUsage, "--screen"},
+                            {{"--page", "analysis", "--aspect", "2", "-o", "OUT"}, kExitUsage, "--aspect"},
+                            {{"--page", "analysis", "--grid", "7", "-o", "OUT"}, kExitUsage, "--grid"},
+                            {{"--page", "analysis", "--zoom", "nan", "-o", "OUT"}, kExitUsage, "--zoom"}});
+  ExpectRefusals("print", {{{"-o", ""}, kExitUsage, "-o"},
+                           {{}, kExitUsage, "-o"},
+                           {{"--grid", "0", "-o", "OUT"}, kExitUsage, "--grid"},
+                           {{"--grid", "2.5", "-o", "OUT"}, kExitUsage, "--grid"},
+                           {{"--zoom", "9", "-o", "OUT"}, kExitUsage, "--zoom"},
+                           {{"--table", "--points", "", "-o", "OUT"}, kExitUsage, "--points"}});
+}
+
+// A list option given twice is one list; a stage named twice is one stage.
+TEST_F(ArgumentsTest, ListsGivenTwiceAreJoined) {
+  SaveNetwork(SeriesInductor, 1e-6, 200);
+  const std::string net = PathOf("net.SSF");
+  using Words = std::vector<std::string>;
+  for (const auto& [twice, once] : std::vector<std::pair<Words, Words>>{
+           {{"match", net, "--kinds", "L", "--kinds", "PI"}, {"match", net, "--kinds", "L,PI"}},
+           {{"band", net, "--thresholds", "2", "--thresholds", "3"}, {"band", net, "--thresholds", "2,3"}},
+           {{"optimize", net, "--free", "1,1"}, {"optimize", net, "--free", "1"}},
+           {{"optimize", net, "--free", "1", "--free", "1"}, {"optimize", net, "--free", "1"}}}) {
+    ASSERT_EQ(Run(twice), kExitOk) << err.str();
+    const std::string joined = out.str();
+    ASSERT_EQ(Run(once), kExitOk) << err.str();
+    EXPECT_EQ(joined, out.str()) << twice[0];
+  }
+}
+
+// The sweep settings are reset as the sweep setup resets them, each with one
+// line naming the option, the value given and the value used.
+TEST_F(ArgumentsTest, SweepResetsSayWhatWasUsed) {
+  struct Reset {
+    const char* option;
+    const char* given;
+    const char* line;
+    int points;  // rows of the table
+  };
+  for (const Reset& r : {
+           Reset{"--start", "-14M", "--start -14M is outside 5 kHz to 10 GHz: 5 kHz used", 5},
+           Reset{"--start", "1e30", "--start 1e30 is outside 5 kHz to 10 GHz: 10 GHz used", 5},
+           Reset{"--stop", "1e30", "--stop 1e30 is outside 5.01 kHz to 10 GHz: 10 GHz used", 5},
+           Reset{"--points", "0", "--points 0 is outside 3 to 2000 points: 3 used", 3},
+           Reset{"--points", "-5", "--points -5 is outside 3 to 2000 points: 3 used", 3},
+           Reset{"--points", "2.5", "--points 2.5 is outside 3 to 2000 points: 3 used", 3},
+           Reset{"--points", "1e30", "--points 1e30 is outside 3 to 2000 points: 2000 used", 2000},
+           Reset{"--points", "100000000", "--points 100000000 is outside 3 to 2000 points: 2000 used", 2000}}) {
+    EXPECT_EQ(Run({"sweep", PathOf("net.SSF"), r.option, r.given, "--table"}), kExitOk) << r.given;
+    EXPECT_EQ(err.str(), std::string("kalvex-cli sweep: ") + r.line + "\n");
+    EXPECT_EQ(testing::SplitLines(out.str()).size(), r.points + 1u) << r.given;
+  }
+  EXPECT_EQ(Run({"sweep", PathOf("net.SSF"), "--start", "13M", "--points", "5"}), kExitOk);
+  EXPECT_EQ(err.str(), "");
+}
+
+// A network file outside what the Design page accepts is brought into range
+// with the page's messages by every command, which then works on it.
+TEST_F(ArgumentsTest, FilesOutsideTheDesignRangeAreCorrectedByEveryCommand) {
+  struct File {
+    double frequency;
+    double systemZ;
+    const char* message;
+  };
+  for (const File& f : {File{20e9, 50, "Frequency has been reset to the maximum allowed (10gHz)."},
+                        File{1e300, 50, "Frequency has been reset to the maximum allowed (10gHz)."},
+                        File{14e6, 20e3, "System impedance has been reset to the maximum allowed (10K)."},
+                        File{14e6, 1e300, "System impedance has been reset to the maximum allowed (10K)."}}) {
+    SaveNetwork(SeriesCapacitor, 100e-12, 1000);
+    network.Frequency = f.frequency;
+    network.SystemZ = f.systemZ;
+    testing::FakeDialogs dialogs;
+    WriteNetworkFile(network, dialogs, PathOf("net"));
+    const std::string net = PathOf("net.SSF");
+    for (const std::vector<std::string>& words : std::vector<std::vector<std::string>>{
+             {"impedance", net}, {"sweep", net}, {"spice", net}, {"match", net}, {"band", net},
+             {"optimize", net, "--free", "1"}, {"render", net, "--page", "design", "-o", PathOf("d.png")},
+             {"print", net, "-o", PathOf("p.png")}}) {
+      EXPECT_EQ(Run(words), kExitOk) << words[0] << " " << f.message << ": " << err.str();
+      EXPECT_TRUE(Holds(err.str(), f.message)) << words[0] << ": " << err.str();
+      EXPECT_FALSE(Holds(out.str(), "inf") || Holds(out.str(), "nan")) << words[0] << ": " << out.str();
+    }
+  }
+}
+
+}  // namespace
+}  // namespace kalvex
