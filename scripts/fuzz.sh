@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# Builds the readers' libFuzzer targets with clang, AddressSanitizer and
+# Builds the readers' and the argument lists' libFuzzer targets with clang, AddressSanitizer and
 # UndefinedBehaviorSanitizer in build-fuzz/, and runs each for SECONDS (60 by
 # default) from the seed corpus in fuzz/corpus/. Exits 1 on any finding; its
 # reproducer is in build-fuzz/findings/.
@@ -12,7 +12,7 @@ cmake --build build-fuzz
 mkdir -p build-fuzz/findings
 status=0
 for target in network_file defaults_file load_data_file parse_value touchstone sweep_outputs \
-              deck_name; do
+              deck_name arguments; do
   # libFuzzer adds what it finds to its first corpus folder: a copy, not the seeds.
   work=build-fuzz/corpus/$target
   mkdir -p "$work"

@@ -1,5 +1,7 @@
 #include "analysis/band_text.h"
 
+#include <cmath>
+
 #include "model/format.h"
 #include "model/number_text.h"
 #include "model/trim.h"
@@ -13,6 +15,7 @@ std::string Frequency(const std::optional<double>& f) {
 
 std::string FitLine(const char* form, const BodeFanoFit& fit) {
   if (fit.reactive == 0) return std::string(form) + ": the load is a plain resistance, no limit\n";
+  if (!std::isfinite(fit.gamma)) return std::string(form) + ": no bound for a load without resistance\n";
   const std::string part = fit.capacitive ? std::string(Trim(FormatCapacitance(fit.reactive), " "))
                                           : std::string(Trim(FormatInductance(fit.reactive), " "));
   return std::string(form) + " R" + (fit.capacitive ? "C" : "L") + " (" +

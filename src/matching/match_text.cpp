@@ -21,6 +21,14 @@ std::string OneBlank(std::string text) {
   return collapsed;
 }
 
+// The part value of a stage's `line`th value line in engineering form, for a
+// value the display formats leave blank (below 0.01 pF or 0.1 nH).
+std::string EngineeringValue(int16_t type, std::size_t line, const StageValues& values) {
+  const bool capacitance = type == SeriesCapacitor || type == ShuntCapacitor ||
+                           ((type == ShuntSeriesLC || type == SeriesParallelLC) && line == 2);
+  return FormattedNumber("%.4g", values[line == 2 ? 3 : 1]) + (capacitance ? " F" : " H");
+}
+
 }  // namespace
 
 std::string MatchPartsText(const MatchSolution& solution) {
@@ -29,8 +37,11 @@ std::string MatchPartsText(const MatchSolution& solution) {
     std::array<double, kSlotCount> values{};
     std::copy(stage.values.begin(), stage.values.end(), values.begin());
     text += (text.empty() ? "" : "; ") + std::string(PartName(stage.type));
-    for (const std::string& line : PartValueLines(stage.type, values)) {
-      if (!line.starts_with("Q:")) text += " " + std::string(Trim(line, " "));
+    const std::vector<std::string> lines = PartValueLines(stage.type, values);
+    for (std::size_t k = 0; k < lines.size(); ++k) {
+      const std::string_view line = Trim(lines[k], " ");
+      if (line.starts_with("Q:")) continue;
+      text += " " + (line.empty() ? EngineeringValue(stage.type, k, stage.values) : std::string(line));
     }
   }
   return OneBlank(text) + (solution.outOfRange ? " (a value outside what the Design page accepts)" : "");
