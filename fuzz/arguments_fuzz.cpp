@@ -53,6 +53,8 @@ std::string Folder() {
     kalvex::fuzz::SilentDialogs dialogs;
     kalvex::WriteNetworkFile(session, dialogs, path + "/net");
     std::ofstream(path + "/load.RJX") << "13M,20,-10\r\n14M,25,0\r\n15M,0,40\r\n";
+    // Any value may end up as -o's file name: it is written here.
+    std::filesystem::current_path(path);
     return path;
   }();
   return folder;
