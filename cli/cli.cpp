@@ -58,6 +58,21 @@ constexpr std::array kCommands = {
             "      prints the worst VSWR before and after and the new values, with --json as\n"
             "      one object; -o writes the optimised network file",
             RunOptimizeCommand},
+    Command{"yield",
+            "yield FILE [--tolerance C=5,L=5,R=1,LINE=2] [--distribution uniform|normal]\n"
+            "            [--samples N] [--seed S] [--vswr 2] [--start HZ] [--stop HZ] [--points N]\n"
+            "            [--load LOADFILE] [--json]",
+            "how many networks built from FILE with parts within their tolerances (per cent\n"
+            "      by kind; lines by their length) meet the VSWR goal over the band: a seeded\n"
+            "      Monte-Carlo of N networks (10000), uniform or normal with the tolerance at\n"
+            "      3 sigma; the worst VSWR nominal and at the worst corner, and each part at its\n"
+            "      two ends, largest effect first; with --json one object with the 5-95 %\n"
+            "      envelope over frequency",
+            RunYieldCommand},
+    Command{"bom", "bom FILE [-o OUT.csv]",
+            "the parts list of FILE as CSV: stage, part, value with its unit, the smallest\n"
+            "      standard series that holds the value, and the default tolerance",
+            RunBomCommand},
     Command{"render",
             "render [FILE] --page welcome|design|analysis|band [--grid 1..6] [--zoom N]\n"
             "             [--aspect A] [--q-arcs] [--vswr-circle] [--sweep] [--load LOADFILE]\n"

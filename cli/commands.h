@@ -28,6 +28,10 @@ int RunBandCommand(const Command& self, const std::vector<std::string>& words, s
                    std::ostream& err);
 int RunOptimizeCommand(const Command& self, const std::vector<std::string>& words, std::ostream& out,
                        std::ostream& err);
+int RunYieldCommand(const Command& self, const std::vector<std::string>& words, std::ostream& out,
+                    std::ostream& err);
+int RunBomCommand(const Command& self, const std::vector<std::string>& words, std::ostream& out,
+                  std::ostream& err);
 int RunPrintCommand(const Command& self, const std::vector<std::string>& words, std::ostream& out,
                     std::ostream& err);
 int RunRenderCommand(const Command& self, const std::vector<std::string>& words, std::ostream& out,

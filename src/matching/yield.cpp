@@ -52,7 +52,7 @@ void SetParts(Session& trial, const std::vector<Toleranced>& parts, const std::v
 }
 
 // The nearest-rank percentile of `values`, reordering them.
-double Percentile(std::vector<float>& values, double share) {
+double Percentile(std::vector<double>& values, double share) {
   const std::size_t rank = static_cast<std::size_t>(std::ceil(share * values.size()));
   const auto at = values.begin() + static_cast<std::ptrdiff_t>(std::clamp<std::size_t>(rank, 1, values.size()) - 1);
   std::nth_element(values.begin(), at, values.end());
@@ -111,7 +111,7 @@ YieldResult ComputeYield(const Session& session, const YieldRequest& request, co
   result.samples = samples;
   result.sampleWorst.assign(static_cast<std::size_t>(samples), 0.0);
   // Point-major, so that each point's percentiles read one row.
-  std::vector<std::vector<float>> pointVSWR(points, std::vector<float>(static_cast<std::size_t>(samples)));
+  std::vector<std::vector<double>> pointVSWR(points, std::vector<double>(static_cast<std::size_t>(samples)));
   std::atomic<int> nextBlock{0};
   std::atomic<bool> stopped{false};
   auto work = [&] {
@@ -131,7 +131,7 @@ YieldResult ComputeYield(const Session& session, const YieldRequest& request, co
         double worst = 1;
         for (std::size_t k = 0; k < points; ++k) {
           const double vswr = band.VSWRAt(trial, k);
-          pointVSWR[k][static_cast<std::size_t>(s)] = static_cast<float>(vswr);
+          pointVSWR[k][static_cast<std::size_t>(s)] = vswr;
           worst = std::max(worst, vswr);
         }
         result.sampleWorst[static_cast<std::size_t>(s)] = worst;

@@ -57,7 +57,8 @@ struct YieldResult {
 // Builds `request.samples` networks with every part drawn within its
 // tolerance and judges each over the band (the sweep's points, or the load
 // data's). Sample k's parts come from the seed and k alone, so the figures
-// are the same for a seed whatever the number of threads. Setting `cancel`
+// are the same for a seed whatever the number of threads. Each network's VSWR
+// at each point is kept for the envelope: samples × points doubles. Setting `cancel`
 // stops the run at its next block of samples.
 YieldResult ComputeYield(const Session& session, const YieldRequest& request,
                          const std::atomic<bool>* cancel = nullptr);

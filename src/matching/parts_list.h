@@ -1,0 +1,22 @@
+#pragma once
+
+#include <string>
+
+#include "matching/parts.h"
+#include "model/session.h"
+
+namespace kalvex {
+
+// A value as an engineer writes it on a parts list: the prefix that keeps it
+// between 1 and 1000 and at most four significant figures, "4.7 pF",
+// "220 nH", "49.9 ohm", "1.5 kohm".
+std::string EngineeringValue(double value, const std::string& unit);
+
+// The network's parts as CSV, a header and a row a part from the load
+// towards the generator: stage, part, value, the smallest standard series
+// that holds the value (empty for none and for lines), tolerance. A line or
+// stub is its length in degrees at its reference frequency, with its
+// impedance.
+std::string PartsListCsv(const Session& session, const Tolerances& tolerances = {});
+
+}  // namespace kalvex

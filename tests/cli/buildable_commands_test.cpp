@@ -1,0 +1,41 @@
+#include <gtest/gtest.h>
+
+#include "cli/cli_test.h"
+
+namespace kalvex {
+namespace {
+
+class BuildableCommandsTest : public testing::CliTest {
+ protected:
+  void SetUp() override {
+    CliTest::SetUp();
+    SaveNetwork(SeriesCapacitor, 100e-12, 1000);
+  }
+};
+
+TEST_F(BuildableCommandsTest, YieldAsJsonAndUsageErrors) {
+  const std::string net = PathOf("net.SSF");
+  ASSERT_EQ(Run({"yield", net, "--samples", "200", "--vswr", "3", "--tolerance", "c=10", "--json"}), kExitOk);
+  for (const char* key : {"\"yield\": ", "\"samples\": 200", "\"nominal_worst_vswr\": ", "\"corners_worst_vswr\": ",
+                          "\"envelope\": [{\"frequency\": ", "\"vswr_95\": ",
+                          "\"parts\": [{\"stage\": 1, \"part\": \"C\", \"tolerance\": 10, \"low_vswr\": "}) {
+    EXPECT_NE(out.str().find(key), std::string::npos) << out.str();
+  }
+  for (const std::vector<std::string>& words : std::vector<std::vector<std::string>>{
+           {"yield"}, {"yield", net, "--tolerance", "Q=5"}, {"yield", net, "--tolerance", "C=100"},
+           {"yield", net, "--tolerance", "C5"}, {"yield", net, "--distribution", "flat"},
+           {"yield", net, "--samples", "0"}, {"yield", net, "--samples", "2.5"},
+           {"yield", net, "--seed", "-1"}, {"yield", net, "--vswr", "0.5"}, {"bom"}, {"bom", net, "--json"}}) {
+    EXPECT_EQ(Run(words), kExitUsage) << words.back();
+    EXPECT_EQ(out.str(), "");
+  }
+}
+
+TEST_F(BuildableCommandsTest, PartsListToAFile) {
+  ASSERT_EQ(Run({"bom", PathOf("net.SSF"), "-o", PathOf("parts.csv")}), kExitOk);
+  EXPECT_EQ(ReadFile("parts.csv"), "stage,part,value,series,tolerance\n1,series capacitor,100 pF,E3,5 %\n");
+  EXPECT_EQ(Run({"bom", PathOf("missing.SSF")}), kExitFailed);
+}
+
+}  // namespace
+}  // namespace kalvex
