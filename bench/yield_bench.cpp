@@ -1,5 +1,7 @@
 #include <benchmark/benchmark.h>
 
+#include "matching/match.h"
+#include "matching/snap.h"
 #include "matching/yield.h"
 #include "support/five_stage_network.h"
 
@@ -20,5 +22,33 @@ void BM_YieldFivePartsTenThousandSamplesOver201Points(benchmark::State& state) {
   state.counters["corners_worst_vswr"] = result.cornersWorst;
 }
 BENCHMARK(BM_YieldFivePartsTenThousandSamplesOver201Points)->Unit(benchmark::kMillisecond)->UseRealTime();
+
+// A Pi of 36 - j20 ohms at 14.2 MHz with its inductor and the stub after it
+// left free: three capacitors (stages 1, 3, 5) snapped to E24, the inductor
+// and stub re-tuned over a 201-point band for each of the eight combinations.
+void BM_SnapThreePartsTwoRetuned(benchmark::State& state) {
+  kalvex::Session session = kalvex::testing::FiveStageNetwork();
+  kalvex::MatchRequest request;
+  request.kinds = {kalvex::MatchKind::Pi};
+  request.loadedQ = 3;
+  for (const kalvex::MatchSolution& s : kalvex::FindMatches(session, request).solutions) {
+    if (s.response == kalvex::MatchResponse::LowPass) kalvex::ApplyMatch(session, s);
+  }
+  session.ElementType[4] = kalvex::ShuntOpenStub;
+  session.Value[4] = {0, 1, 14.2e6, 50};
+  session.ElementType[5] = kalvex::SeriesCapacitor;
+  session.Value[5] = {0, 1e-9, 1000};
+  session.SweepStart = 13.5e6;
+  session.SweepStop = 15e6;
+  session.SweepPoints = 201;
+  kalvex::SnapResult result;
+  for (auto _ : state) {
+    result = kalvex::SnapToStandardValues(session, {{1, 3, 5}, {}});
+    benchmark::DoNotOptimize(result.after);
+  }
+  state.counters["vswr_rounded"] = result.rounded;
+  state.counters["vswr_snapped"] = result.after;
+}
+BENCHMARK(BM_SnapThreePartsTwoRetuned)->Unit(benchmark::kMillisecond)->UseRealTime()->Iterations(3);
 
 }  // namespace

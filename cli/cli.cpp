@@ -58,6 +58,15 @@ constexpr std::array kCommands = {
             "      prints the worst VSWR before and after and the new values, with --json as\n"
             "      one object; -o writes the optimised network file",
             RunOptimizeCommand},
+    Command{"snap",
+            "snap FILE --stages 1,3 [--series C=E24,L=E12,R=E96] [--start HZ] [--stop HZ]\n"
+            "           [--points N] [--load LOADFILE] [--json] [-o OUT]",
+            "puts the parts of the stages --stages names on standard values (capacitors E24,\n"
+            "      inductors E12, resistors E96 unless --series) and re-tunes the other stages\n"
+            "      for the smallest worst VSWR over the band: every combination of the values\n"
+            "      next below and above; prints the worst VSWR before, plainly rounded and\n"
+            "      snapped, with the values, with --json as one object; -o writes the network",
+            RunSnapCommand},
     Command{"yield",
             "yield FILE [--tolerance C=5,L=5,R=1,LINE=2] [--distribution uniform|normal]\n"
             "            [--samples N] [--seed S] [--vswr 2] [--start HZ] [--stop HZ] [--points N]\n"

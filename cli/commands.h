@@ -30,6 +30,8 @@ int RunOptimizeCommand(const Command& self, const std::vector<std::string>& word
                        std::ostream& err);
 int RunYieldCommand(const Command& self, const std::vector<std::string>& words, std::ostream& out,
                     std::ostream& err);
+int RunSnapCommand(const Command& self, const std::vector<std::string>& words, std::ostream& out,
+                   std::ostream& err);
 int RunBomCommand(const Command& self, const std::vector<std::string>& words, std::ostream& out,
                   std::ostream& err);
 int RunPrintCommand(const Command& self, const std::vector<std::string>& words, std::ostream& out,

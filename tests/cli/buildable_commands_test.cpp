@@ -25,10 +25,23 @@ TEST_F(BuildableCommandsTest, YieldAsJsonAndUsageErrors) {
            {"yield"}, {"yield", net, "--tolerance", "Q=5"}, {"yield", net, "--tolerance", "C=100"},
            {"yield", net, "--tolerance", "C5"}, {"yield", net, "--distribution", "flat"},
            {"yield", net, "--samples", "0"}, {"yield", net, "--samples", "2.5"},
-           {"yield", net, "--seed", "-1"}, {"yield", net, "--vswr", "0.5"}, {"bom"}, {"bom", net, "--json"}}) {
+           {"yield", net, "--seed", "-1"}, {"yield", net, "--vswr", "0.5"}, {"bom"}, {"bom", net, "--json"},
+           {"snap", net}, {"snap", net, "--stages", "2"}, {"snap", net, "--stages", "1", "--series", "C=E25"},
+           {"snap", net, "--stages", "1", "--series", "LINE=E12"}}) {
     EXPECT_EQ(Run(words), kExitUsage) << words.back();
     EXPECT_EQ(out.str(), "");
   }
+}
+
+TEST_F(BuildableCommandsTest, SnappedNetworkWritten) {
+  ASSERT_EQ(Run({"snap", PathOf("net.SSF"), "--stages", "1", "--series", "C=E3", "-o", PathOf("snapped.SSF")}),
+            kExitOk);
+  EXPECT_NE(out.str().find("Stage 1: series capacitor, 100 pF"), std::string::npos) << out.str();
+  SaveNetwork(SeriesCapacitor, 120e-12, 1000);
+  ASSERT_EQ(Run({"snap", PathOf("net.SSF"), "--stages", "1", "--series", "c=e3", "-o", PathOf("snapped.SSF")}),
+            kExitOk);
+  ASSERT_EQ(Run({"bom", PathOf("snapped.SSF")}), kExitOk);
+  EXPECT_NE(out.str().find("1,series capacitor,220 pF,E3,5 %"), std::string::npos) << out.str();
 }
 
 TEST_F(BuildableCommandsTest, PartsListToAFile) {

@@ -1,0 +1,113 @@
+#include "matching/snap.h"
+
+#include <algorithm>
+#include <thread>
+
+namespace kalvex {
+namespace {
+
+struct Trial {
+  std::vector<double> values;  // one per snapped part
+  OptimiseResult tuned;
+};
+
+}  // namespace
+
+ESeries& SeriesChoice::Of(PartKind kind) {
+  switch (kind) {
+    case PartKind::Inductor: return inductor;
+    case PartKind::Resistor: return resistor;
+    default: return capacitor;
+  }
+}
+
+ESeries SeriesChoice::Of(PartKind kind) const { return const_cast<SeriesChoice*>(this)->Of(kind); }
+
+SnapResult SnapToStandardValues(const Session& session, const SnapRequest& request,
+                                const std::atomic<bool>* cancel) {
+  SnapResult result;
+  std::vector<std::vector<double>> choices;
+  OptimiseRequest tune;
+  tune.overBand = true;
+  for (const NetworkPart& part : PartsOf(session)) {
+    const bool chosen = std::find(request.stages.begin(), request.stages.end(), part.stage) != request.stages.end();
+    if (!chosen || part.kind == PartKind::Line) {
+      if (tune.freeStages.empty() || tune.freeStages.back() != part.stage) tune.freeStages.push_back(part.stage);
+      continue;
+    }
+    const double ideal = session.Value[part.stage][part.slot];
+    const ESeries series = request.series.Of(part.kind);
+    result.parts.push_back({part, ideal, StandardValueNear(ideal, series), series});
+    const StandardNeighbours n = NeighboursOf(ideal, series);
+    // The nearest first: trial 0 is plain rounding.
+    const double other = result.parts.back().value == n.below ? n.above : n.below;
+    choices.push_back({result.parts.back().value});
+    if (other != choices.back().front()) choices.back().push_back(other);
+  }
+
+  std::vector<Trial> trials(1);
+  for (const auto& values : choices) {
+    std::vector<Trial> longer;
+    for (const Trial& trial : trials) {
+      for (const double v : values) {
+        longer.push_back(trial);
+        longer.back().values.push_back(v);
+      }
+    }
+    trials = std::move(longer);
+  }
+  result.combinations = static_cast<int>(trials.size());
+
+  const OptimiseProgress progress = [cancel](int, double) { return !(cancel && cancel->load()); };
+  std::atomic<std::size_t> next{0};
+  auto work = [&] {
+    for (std::size_t k; (k = next++) < trials.size();) {
+      Session trial = session;
+      for (std::size_t p = 0; p < result.parts.size(); ++p) {
+        trial.Value[result.parts[p].part.stage][result.parts[p].part.slot] = trials[k].values[p];
+      }
+      trials[k].tuned = Optimise(trial, tune, progress);
+      // With nothing to tune the optimiser's figure of the result is not the
+      // network's: the combination stands as it is.
+      if (tune.freeStages.empty()) trials[k].tuned.after = trials[k].tuned.before;
+    }
+  };
+  const int threads = static_cast<int>(std::min<std::size_t>(std::max(1u, std::thread::hardware_concurrency()), trials.size()));
+  {
+    std::vector<std::jthread> pool;
+    for (int t = 1; t < threads; ++t) pool.emplace_back(work);
+    work();
+  }
+
+  result.before = Optimise(session, {{}, false, true}).before;
+  result.rounded = trials.front().tuned.before;
+  std::size_t best = 0;
+  for (std::size_t k = 0; k < trials.size(); ++k) {
+    result.cancelled = result.cancelled || trials[k].tuned.cancelled;
+    if (trials[k].tuned.after < trials[best].tuned.after) best = k;
+  }
+  result.after = trials[best].tuned.after;
+  for (std::size_t p = 0; p < result.parts.size(); ++p) result.parts[p].value = trials[best].values[p];
+
+  // The snapped stages as they stand with their new values, then the re-tuned.
+  for (const SnappedPart& snapped : result.parts) {
+    if (!result.stages.empty() && result.stages.back().stage == snapped.part.stage) {
+      result.stages.back().values[snapped.part.slot] = snapped.value;
+      continue;
+    }
+    OptimisedStage stage{snapped.part.stage, session.ElementType[snapped.part.stage]};
+    for (int j = 1; j <= kValueSlots; ++j) stage.values[j] = session.Value[snapped.part.stage][j];
+    stage.values[snapped.part.slot] = snapped.value;
+    result.stages.push_back(stage);
+  }
+  for (const OptimisedStage& tuned : trials[best].tuned.stages) result.stages.push_back(tuned);
+  return result;
+}
+
+void ApplySnapped(Session& session, const SnapResult& result) {
+  OptimiseResult values;
+  values.stages = result.stages;
+  ApplyOptimised(session, values);
+}
+
+}  // namespace kalvex
