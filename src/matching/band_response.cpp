@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "model/batch_calculate.h"
 #include "model/calculate.h"
 #include "model/reflection.h"
 
@@ -11,7 +12,9 @@ namespace kalvex {
 BandResponse::BandResponse(const Session& session) {
   Session reader = session;
   auto add = [&](int16_t point) {
-    loads_.push_back(NetworkLoad(reader, point));
+    const Impedance load = NetworkLoad(reader, point);
+    loadR_.push_back(load.R);
+    loadX_.push_back(load.X);
     frequencies_.push_back(reader.Frequency);
   };
   if (reader.LoadSource == 2) {
@@ -30,18 +33,19 @@ BandResponse::BandResponse(const Session& session) {
   }
 }
 
-double BandResponse::VSWRAt(Session& trial, std::size_t k) const {
-  trial.Frequency = frequencies_[k];
-  const Impedance z = ThroughStages(trial, loads_[k], 1, kLastStage);
-  const double rho = PlotImpedance(z.R, z.X, trial.SystemZ).rho;
+void BandResponse::VSWRs(const Session& network, std::span<double> vswr) const {
+  std::vector<double> r = loadR_;
+  std::vector<double> x = loadX_;
+  NetworkBatch(network).Calculate(frequencies_, r, x);
+  PlottedRho(r, x, network.SystemZ, vswr);
   // A point the calculation cannot carry (an overflowing value) is no match.
-  return std::isfinite(rho) ? VSWROf(std::min(rho, 1.0)) : VSWROf(1.0);
+  for (double& v : vswr) v = VSWROf(std::isfinite(v) ? std::min(v, 1.0) : 1.0);
 }
 
-double BandResponse::WorstVSWR(Session& trial) const {
-  double worst = 1;
-  for (std::size_t k = 0; k < Size(); ++k) worst = std::max(worst, VSWRAt(trial, k));
-  return worst;
+double BandResponse::WorstVSWR(const Session& network) const {
+  std::vector<double> vswr(Size());
+  VSWRs(network, vswr);
+  return *std::max_element(vswr.begin(), vswr.end());
 }
 
 }  // namespace kalvex

@@ -1,8 +1,8 @@
 #pragma once
 
+#include <span>
 #include <vector>
 
-#include "model/elements.h"
 #include "model/session.h"
 
 namespace kalvex {
@@ -18,16 +18,17 @@ class BandResponse {
   std::size_t Size() const { return frequencies_.size(); }
   double Frequency(std::size_t k) const { return frequencies_[k]; }
 
-  // The VSWR at point k of the network in `trial` (a copy of the session whose
-  // values may differ); `trial`'s Frequency is left at that point's.
-  double VSWRAt(Session& trial, std::size_t k) const;
+  // The VSWR at each point (Size() of them) of the network of `network` (a
+  // copy of the session whose values may differ), in one batch.
+  void VSWRs(const Session& network, std::span<double> vswr) const;
 
   // The worst VSWR over the band.
-  double WorstVSWR(Session& trial) const;
+  double WorstVSWR(const Session& network) const;
 
  private:
   std::vector<double> frequencies_;
-  std::vector<Impedance> loads_;
+  std::vector<double> loadR_;
+  std::vector<double> loadX_;
 };
 
 }  // namespace kalvex

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <thread>
 
+#include "model/vector_state.h"
+
 namespace kalvex {
 namespace {
 
@@ -61,6 +63,7 @@ SnapResult SnapToStandardValues(const Session& session, const SnapRequest& reque
   const OptimiseProgress progress = [cancel](int, double) { return !(cancel && cancel->load()); };
   std::atomic<std::size_t> next{0};
   auto work = [&] {
+    ClearUpperVectorState();
     for (std::size_t k; (k = next++) < trials.size();) {
       Session trial = session;
       for (std::size_t p = 0; p < result.parts.size(); ++p) {

@@ -5,6 +5,7 @@
 #include <thread>
 
 #include "matching/band_response.h"
+#include "model/vector_state.h"
 
 namespace kalvex {
 namespace {
@@ -73,21 +74,23 @@ YieldResult ComputeYield(const Session& session, const YieldRequest& request, co
   YieldResult result;
   Session nominal = session;
   std::vector<double> deviations(parts.size(), 0.0);
+  std::vector<double> vswr(points);
+  band.VSWRs(nominal, vswr);
   result.envelope.resize(points);
   for (std::size_t k = 0; k < points; ++k) {
     result.envelope[k].frequency = band.Frequency(k);
-    result.envelope[k].nominal = band.VSWRAt(nominal, k);
-    result.nominalWorst = std::max(result.nominalWorst, result.envelope[k].nominal);
+    result.envelope[k].nominal = vswr[k];
+    result.nominalWorst = std::max(result.nominalWorst, vswr[k]);
   }
 
   // Every part at one end or the other: 2^n networks, n at most ten.
   for (std::uint32_t corner = 0; corner < (1u << parts.size()); ++corner) {
     for (std::size_t p = 0; p < parts.size(); ++p) deviations[p] = (corner >> p) & 1 ? 1 : -1;
     SetParts(nominal, parts, deviations);
+    band.VSWRs(nominal, vswr);
     for (std::size_t k = 0; k < points; ++k) {
-      const double vswr = band.VSWRAt(nominal, k);
-      result.envelope[k].worst = std::max(result.envelope[k].worst, vswr);
-      result.cornersWorst = std::max(result.cornersWorst, vswr);
+      result.envelope[k].worst = std::max(result.envelope[k].worst, vswr[k]);
+      result.cornersWorst = std::max(result.cornersWorst, vswr[k]);
     }
   }
 
@@ -115,8 +118,10 @@ YieldResult ComputeYield(const Session& session, const YieldRequest& request, co
   std::atomic<int> nextBlock{0};
   std::atomic<bool> stopped{false};
   auto work = [&] {
+    ClearUpperVectorState();
     Session trial = session;
     std::vector<double> draw(parts.size());
+    std::vector<double> sampleVSWR(points);
     for (;;) {
       const int first = kBlock * nextBlock++;
       if (first >= samples) return;
@@ -128,11 +133,11 @@ YieldResult ComputeYield(const Session& session, const YieldRequest& request, co
         SampleDraws draws(request.seed, static_cast<std::uint64_t>(s));
         for (double& d : draw) d = draws.Deviation(request.spread);
         SetParts(trial, parts, draw);
+        band.VSWRs(trial, sampleVSWR);
         double worst = 1;
         for (std::size_t k = 0; k < points; ++k) {
-          const double vswr = band.VSWRAt(trial, k);
-          pointVSWR[k][static_cast<std::size_t>(s)] = vswr;
-          worst = std::max(worst, vswr);
+          pointVSWR[k][static_cast<std::size_t>(s)] = sampleVSWR[k];
+          worst = std::max(worst, sampleVSWR[k]);
         }
         result.sampleWorst[static_cast<std::size_t>(s)] = worst;
       }
