@@ -7,7 +7,6 @@
 #include "commands.h"
 #include "console_dialogs.h"
 #include "design/schematic.h"
-#include "files/network_file.h"
 #include "matching/parts_list.h"
 #include "matching/snap.h"
 #include "model/number_text.h"
@@ -119,11 +118,7 @@ int RunSnapCommand(const Command& command, const std::vector<std::string>& words
   const SnapResult result = SnapToStandardValues(session, *request);
   if (const auto output = arguments->Option("-o")) {
     ApplySnapped(session, result);
-    std::string failure;
-    if (!WriteNetworkFile(session, dialogs, *output, &failure)) {
-      err << "kalvex-cli snap: " << (failure.empty() ? "no file name" : failure) << "\n";
-      return kExitFailed;
-    }
+    if (!WriteCommandNetwork(session, dialogs, *output, command, err)) return kExitFailed;
   }
   return WriteOutput(command.name, arguments->Option("--json") ? Json(result) : Report(result), std::nullopt,
                      out, err);

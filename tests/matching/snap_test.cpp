@@ -5,19 +5,16 @@
 #include "matching/band_response.h"
 #include "matching/match.h"
 #include "matching/snap.h"
+#include "support/five_stage_network.h"
 
 namespace kalvex {
 namespace {
 
-// 36 - j20 ohms at 14.2 MHz matched by a low-pass Pi of loaded Q 3, judged
+// The five-stage network's load, 36 - j20 ohms at 14.2 MHz, matched instead by a low-pass Pi of loaded Q 3, judged
 // over 13.5..15 MHz in 31 points.
 Session MatchedPi() {
-  Session session;
-  InitialiseSession(session);
-  session.LoadSource = 1;
-  session.Frequency = 14.2e6;
-  session.Value[0][1] = 36;
-  session.Value[0][2] = -20;
+  Session session = testing::FiveStageNetwork();
+  session.ElementType = {};
   MatchRequest request;
   request.kinds = {MatchKind::Pi};
   request.loadedQ = 3;
