@@ -1,5 +1,6 @@
 #include "cli.h"
 #include "cli_options.h"
+#include "command_line.h"
 #include "commands.h"
 #include "console_dialogs.h"
 #include "matching/parts_list.h"
@@ -9,14 +10,16 @@ namespace kalvex {
 
 int RunBomCommand(const Command& command, const std::vector<std::string>& words, std::ostream& out,
                   std::ostream& err) {
-  std::string problem;
-  const auto arguments = SplitArguments(words, {"-o"}, {}, problem);
-  if (!arguments) return UsageError(command, problem, err);
-  if (arguments->positional.size() != 1) return UsageError(command, "one FILE is needed", err);
+  std::string file;
+  std::optional<std::string> output;
+  CommandLine line(command);
+  line.File(file).Text("-o", "OUT.csv", output);
+  if (const auto stop = line.Parse(words, out, err)) return *stop;
+  if (const auto stop = RefuseOverwritingInputs(output, file, std::nullopt, line, err)) return *stop;
   Session session;
   ConsoleDialogs dialogs(err);
-  if (!ReadCommandNetwork(*arguments, session, dialogs)) return kExitFailed;
-  return WriteOutput(command.name, PartsListCsv(session), arguments->Option("-o"), out, err);
+  if (!ReadCommandNetwork(file, session, dialogs)) return kExitFailed;
+  return WriteOutput(command.name, PartsListCsv(session), output, out, err);
 }
 
 }  // namespace kalvex

@@ -85,4 +85,43 @@ std::string OptimiseJson(const OptimiseResult& result) {
                {"evaluations", result.evaluations}});
 }
 
+std::string YieldJson(const YieldResult& result) {
+  Json envelope = Json::array();
+  for (const YieldEnvelopePoint& p : result.envelope) {
+    envelope.push_back({{"frequency", p.frequency}, {"nominal", p.nominal}, {"vswr_5", p.low},
+                        {"vswr_50", p.median}, {"vswr_95", p.high}, {"worst", p.worst}});
+  }
+  Json parts = Json::array();
+  for (const PartSpread& s : result.parts) {
+    parts.push_back({{"stage", s.part.stage}, {"part", PartLetter(s.part.kind)}, {"tolerance", s.tolerance},
+                     {"low_vswr", s.lowVSWR}, {"high_vswr", s.highVSWR}});
+  }
+  return Line({{"yield", result.yield},
+               {"yield_percent", 100 * result.yield},
+               {"samples", result.samples},
+               {"nominal_worst_vswr", result.nominalWorst},
+               {"corners_worst_vswr", result.cornersWorst},
+               {"envelope", envelope},
+               {"parts", parts}});
+}
+
+std::string SnapJson(const SnapResult& result) {
+  Json parts = Json::array();
+  for (const SnappedPart& p : result.parts) {
+    parts.push_back({{"stage", p.part.stage}, {"part", PartLetter(p.part.kind)}, {"ideal", p.ideal},
+                     {"value", p.value}, {"series", SeriesName(p.series)}});
+  }
+  Json stages = Json::array();
+  for (const OptimisedStage& stage : result.stages) {
+    stages.push_back({{"stage", stage.stage}, {"type", stage.type}, {"snapped", IsSnapped(result, stage.stage)},
+                      {"values", StageValuesJson(stage.values, 4)}});
+  }
+  return Line({{"before", result.before},
+               {"rounded", result.rounded},
+               {"after", result.after},
+               {"combinations", result.combinations},
+               {"parts", parts},
+               {"stages", stages}});
+}
+
 }  // namespace kalvex

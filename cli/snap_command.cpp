@@ -1,13 +1,14 @@
-#include <cmath>
-#include <cstdio>
-#include <sstream>
+#include <algorithm>
+#include <array>
 
 #include "cli.h"
 #include "cli_options.h"
+#include "command_json.h"
+#include "command_line.h"
 #include "commands.h"
 #include "console_dialogs.h"
 #include "design/schematic.h"
-#include "matching/parts_list.h"
+#include "files/network_file.h"
 #include "matching/snap.h"
 #include "model/number_text.h"
 #include "part_options.h"
@@ -16,112 +17,89 @@
 namespace kalvex {
 namespace {
 
-bool Snapped(const SnapResult& result, int stage) {
-  return std::any_of(result.parts.begin(), result.parts.end(),
-                     [stage](const SnappedPart& p) { return p.part.stage == stage; });
-}
-
-std::string Json(const SnapResult& result) {
-  std::string json = "{\"before\": " + JsonNumber(result.before) + ", \"rounded\": " + JsonNumber(result.rounded) +
-                     ", \"after\": " + JsonNumber(result.after) +
-                     ", \"combinations\": " + std::to_string(result.combinations) + ", \"parts\": [";
-  for (std::size_t k = 0; k < result.parts.size(); ++k) {
-    const SnappedPart& p = result.parts[k];
-    json += std::string(k == 0 ? "" : ", ") + "{\"stage\": " + std::to_string(p.part.stage) + ", \"part\": \"" +
-            PartLetter(p.part.kind) + "\", \"ideal\": " + JsonNumber(p.ideal) + ", \"value\": " +
-            JsonNumber(p.value) + ", \"series\": \"" + SeriesName(p.series) + "\"}";
-  }
-  json += "], \"stages\": [";
-  for (std::size_t k = 0; k < result.stages.size(); ++k) {
-    const OptimisedStage& s = result.stages[k];
-    json += std::string(k == 0 ? "" : ", ") + "{\"stage\": " + std::to_string(s.stage) + ", \"type\": " +
-            std::to_string(s.type) + ", \"snapped\": " + (Snapped(result, s.stage) ? "true" : "false") +
-            ", \"values\": [" + JsonNumber(s.values[1]) + ", " + JsonNumber(s.values[2]) + ", " +
-            JsonNumber(s.values[3]) + ", " + JsonNumber(s.values[4]) + "]}";
-  }
-  return json + "]}\n";
-}
+constexpr Range kStages = {1, kLastStage, "stage numbers 1 to 5", false, true};
 
 std::string Report(const SnapResult& result) {
-  char line[160];
-  std::snprintf(line, sizeof line, "Worst VSWR %.6g before, %.6g rounded, %.6g snapped (%d combinations)\n",
-                result.before, result.rounded, result.after, result.combinations);
-  std::string text = line;
+  std::string text = "Worst VSWR " + FormattedNumber("%.6g", result.before) + " before, " +
+                     FormattedNumber("%.6g", result.rounded) + " rounded, " +
+                     FormattedNumber("%.6g", result.after) + " snapped (" + std::to_string(result.combinations) +
+                     " combinations)\n";
   for (const OptimisedStage& s : result.stages) {
     std::array<double, kSlotCount> values{};
     std::copy(s.values.begin(), s.values.end(), values.begin());
     text += "Stage " + std::to_string(s.stage) + ": " + PartName(s.type);
     for (const std::string& part : PartValueLines(s.type, values)) text += ", " + part;
-    text += Snapped(result, s.stage) ? " (standard)\n" : " (re-tuned)\n";
+    text += IsSnapped(result, s.stage) ? " (standard)\n" : " (re-tuned)\n";
   }
   return text;
 }
 
-std::optional<SnapRequest> SnapRequestOf(const CliArguments& arguments, const Session& session,
-                                         std::string& problem) {
-  SnapRequest request;
-  std::istringstream list(arguments.Option("--stages").value_or(""));
-  for (std::string word; std::getline(list, word, ',');) {
-    const auto stage = CliNumber(word);
-    if (!stage || *stage < 1 || *stage > kLastStage || *stage != std::floor(*stage)) {
-      problem = "--stages takes stage numbers 1..5, such as 1,3";
-      return std::nullopt;
-    }
-    const int s = static_cast<int>(*stage);
-    const auto parts = PartsOf(session);
-    const bool buyable = std::any_of(parts.begin(), parts.end(), [s](const NetworkPart& p) {
-      return p.stage == s && p.kind != PartKind::Line;
-    });
-    if (!buyable) {
-      problem = "stage " + word + " holds no capacitor, inductor or resistor";
-      return std::nullopt;
-    }
-    request.stages.push_back(s);
+// The series of a --series list; nothing for a list the command does not take.
+std::optional<SeriesChoice> SeriesOf(const std::string& text) {
+  const auto entries = PartKindList(text);
+  if (!entries) return std::nullopt;
+  SeriesChoice choice;
+  for (const auto& [kind, name] : *entries) {
+    const auto series = SeriesNamed(name);
+    if (!series || kind == PartKind::Line) return std::nullopt;
+    choice.Of(kind) = *series;
   }
-  if (request.stages.empty()) {
-    problem = "--stages names the stages to put on standard values";
-    return std::nullopt;
-  }
-  if (const auto choice = arguments.Option("--series")) {
-    const auto entries = PartKindList(*choice);
-    for (const auto& [kind, name] : entries.value_or(std::vector<std::pair<PartKind, std::string>>{})) {
-      const auto series = SeriesNamed(name);
-      if (!series || kind == PartKind::Line) {
-        problem = "--series takes a series by kind, such as C=E24,L=E12,R=E96";
-        return std::nullopt;
-      }
-      request.series.Of(kind) = *series;
-    }
-    if (!entries) {
-      problem = "--series takes a series by kind, such as C=E24,L=E12,R=E96";
-      return std::nullopt;
-    }
-  }
-  return request;
+  return choice;
+}
+
+std::string SeriesProblem(const std::string& text) {
+  return SeriesOf(text) ? "" : "a series E3 to E192 by kind, such as C=E24,L=E12,R=E96";
 }
 
 }  // namespace
 
 int RunSnapCommand(const Command& command, const std::vector<std::string>& words, std::ostream& out,
                    std::ostream& err) {
-  std::string problem;
-  const auto arguments = SplitArguments(
-      words, {"--stages", "--series", "--start", "--stop", "--points", "--load", "-o"}, {"--json"}, problem);
-  if (!arguments) return UsageError(command, problem, err);
-  if (arguments->positional.size() != 1) return UsageError(command, "one FILE is needed", err);
+  std::string file;
+  std::vector<double> stages;
+  std::optional<std::string> series;
+  SweepOptions sweep;
+  bool json = false;
+  std::optional<std::string> output;
+  CommandLine line(command);
+  line.File(file)
+      .NumberList("--stages", "1,3", stages, kStages)
+      .Text("--series", "C=E24,L=E12,R=E96", series, SeriesProblem)
+      .Flag("--json", json)
+      .Text("-o", "OUT", output);
+  sweep.AddTo(line);
+  if (const auto stop = line.Parse(words, out, err)) return *stop;
+  if (stages.empty()) return line.Refuse("--stages names the stages to put on standard values", err);
+  if (const auto stop = RefuseOverwritingInputs(output, file, sweep.load, line, err)) return *stop;
+
   Session session;
   ConsoleDialogs dialogs(err);
-  if (!ReadCommandNetwork(*arguments, session, dialogs)) return kExitFailed;
-  const auto request = SnapRequestOf(*arguments, session, problem);
-  if (!request) return UsageError(command, problem, err);
-  if (const auto stop = ApplySweepOptions(session, dialogs, *arguments, command, err, true)) return *stop;
-  const SnapResult result = SnapToStandardValues(session, *request);
-  if (const auto output = arguments->Option("-o")) {
-    ApplySnapped(session, result);
-    if (!WriteCommandNetwork(session, dialogs, *output, command, err)) return kExitFailed;
+  if (!ReadCommandNetwork(file, session, dialogs)) return kExitFailed;
+  SnapRequest request;
+  if (series) request.series = *SeriesOf(*series);
+  const std::vector<NetworkPart> parts = PartsOf(session);
+  for (const double number : stages) {
+    const int stage = static_cast<int>(number);
+    if (std::none_of(parts.begin(), parts.end(),
+                     [stage](const NetworkPart& p) { return p.stage == stage && p.kind != PartKind::Line; })) {
+      return line.Refuse("--stages " + std::to_string(stage) + ": stage " + std::to_string(stage) +
+                             " holds no capacitor, inductor or resistor",
+                         err);
+    }
+    request.stages.push_back(stage);
   }
-  return WriteOutput(command.name, arguments->Option("--json") ? Json(result) : Report(result), std::nullopt,
-                     out, err);
+  if (const auto stop = ApplySweepOptions(session, dialogs, sweep, line, err, true)) return *stop;
+  const SnapResult result = SnapToStandardValues(session, request);
+  if (output) {
+    ApplySnapped(session, result);
+    std::string failure;
+    if (!WriteNetworkFile(session, dialogs, *output, &failure)) {
+      err << line.Prefix() << (failure.empty() ? "no file name" : failure) << "\n";
+      return kExitFailed;
+    }
+  }
+  out << (json ? SnapJson(result) : Report(result));
+  return kExitOk;
 }
 
 }  // namespace kalvex

@@ -107,6 +107,11 @@ SnapResult SnapToStandardValues(const Session& session, const SnapRequest& reque
   return result;
 }
 
+bool IsSnapped(const SnapResult& result, int stage) {
+  return std::any_of(result.parts.begin(), result.parts.end(),
+                     [stage](const SnappedPart& p) { return p.part.stage == stage; });
+}
+
 void ApplySnapped(Session& session, const SnapResult& result) {
   OptimiseResult values;
   values.stages = result.stages;

@@ -53,6 +53,9 @@ struct SnapResult {
 SnapResult SnapToStandardValues(const Session& session, const SnapRequest& request,
                                 const std::atomic<bool>* cancel = nullptr);
 
+// Whether the result put `stage` on standard values (else it was re-tuned).
+bool IsSnapped(const SnapResult& result, int stage);
+
 // Writes the result's stages into the session.
 void ApplySnapped(Session& session, const SnapResult& result);
 

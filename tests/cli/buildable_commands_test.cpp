@@ -16,9 +16,9 @@ class BuildableCommandsTest : public testing::CliTest {
 TEST_F(BuildableCommandsTest, YieldAsJsonAndUsageErrors) {
   const std::string net = PathOf("net.SSF");
   ASSERT_EQ(Run({"yield", net, "--samples", "200", "--vswr", "3", "--tolerance", "c=10", "--json"}), kExitOk);
-  for (const char* key : {"\"yield\": ", "\"samples\": 200", "\"nominal_worst_vswr\": ", "\"corners_worst_vswr\": ",
-                          "\"envelope\": [{\"frequency\": ", "\"vswr_95\": ",
-                          "\"parts\": [{\"stage\": 1, \"part\": \"C\", \"tolerance\": 10, \"low_vswr\": "}) {
+  for (const char* key : {"{\"yield\":", "\"samples\":200", "\"nominal_worst_vswr\":", "\"corners_worst_vswr\":",
+                          "\"envelope\":[{\"frequency\":", "\"vswr_95\":",
+                          "\"parts\":[{\"stage\":1,\"part\":\"C\",\"tolerance\":10.0,\"low_vswr\":"}) {
     EXPECT_NE(out.str().find(key), std::string::npos) << out.str();
   }
   for (const std::vector<std::string>& words : std::vector<std::vector<std::string>>{
