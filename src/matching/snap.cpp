@@ -8,6 +8,9 @@
 namespace kalvex {
 namespace {
 
+// How many times the search steps further out from the best combination.
+constexpr int kFurtherRounds = 3;
+
 struct Trial {
   std::vector<double> values;  // one per snapped part
   OptimiseResult tuned;
@@ -61,36 +64,61 @@ SnapResult SnapToStandardValues(const Session& session, const SnapRequest& reque
   result.combinations = static_cast<int>(trials.size());
 
   const OptimiseProgress progress = [cancel](int, double) { return !(cancel && cancel->load()); };
-  std::atomic<std::size_t> next{0};
-  auto work = [&] {
-    ClearUpperVectorState();
-    for (std::size_t k; (k = next++) < trials.size();) {
-      Session trial = session;
-      for (std::size_t p = 0; p < result.parts.size(); ++p) {
-        trial.Value[result.parts[p].part.stage][result.parts[p].part.slot] = trials[k].values[p];
+  auto run = [&](std::vector<Trial>& batch) {
+    std::atomic<std::size_t> next{0};
+    auto work = [&] {
+      ClearUpperVectorState();
+      for (std::size_t k; (k = next++) < batch.size();) {
+        Session trial = session;
+        for (std::size_t p = 0; p < result.parts.size(); ++p) {
+          trial.Value[result.parts[p].part.stage][result.parts[p].part.slot] = batch[k].values[p];
+        }
+        batch[k].tuned = Optimise(trial, tune, progress);
+        // With nothing to tune the optimiser's figure of the result is not the
+        // network's: the combination stands as it is.
+        if (tune.freeStages.empty()) batch[k].tuned.after = batch[k].tuned.before;
       }
-      trials[k].tuned = Optimise(trial, tune, progress);
-      // With nothing to tune the optimiser's figure of the result is not the
-      // network's: the combination stands as it is.
-      if (tune.freeStages.empty()) trials[k].tuned.after = trials[k].tuned.before;
-    }
-  };
-  const int threads = static_cast<int>(std::min<std::size_t>(std::max(1u, std::thread::hardware_concurrency()), trials.size()));
-  {
+    };
+    const std::size_t threads = std::min<std::size_t>(std::max(1u, std::thread::hardware_concurrency()), batch.size());
     std::vector<std::jthread> pool;
-    for (int t = 1; t < threads; ++t) pool.emplace_back(work);
+    for (std::size_t t = 1; t < threads; ++t) pool.emplace_back(work);
     work();
+  };
+  auto bestOf = [](const std::vector<Trial>& batch) {
+    return *std::min_element(batch.begin(), batch.end(),
+                             [](const Trial& a, const Trial& b) { return a.tuned.after < b.tuned.after; });
+  };
+  run(trials);
+  Trial chosen = bestOf(trials);
+
+  // Further out, one series step at a time from the best, while that helps:
+  // re-tuned free parts can favour a value beyond the nearest two.
+  std::vector<std::vector<double>> tried;
+  for (const Trial& trial : trials) tried.push_back(trial.values);
+  for (int round = 0; round < kFurtherRounds; ++round) {
+    std::vector<Trial> further;
+    for (std::size_t p = 0; p < result.parts.size(); ++p) {
+      for (const int step : {-1, 1}) {
+        Trial trial{chosen.values, {}};
+        trial.values[p] = StandardValueNear(chosen.values[p], result.parts[p].series, step);
+        if (std::find(tried.begin(), tried.end(), trial.values) != tried.end()) continue;
+        tried.push_back(trial.values);
+        further.push_back(trial);
+      }
+    }
+    if (further.empty()) break;
+    run(further);
+    result.combinations += static_cast<int>(further.size());
+    const Trial better = bestOf(further);
+    if (!(better.tuned.after < chosen.tuned.after)) break;
+    chosen = better;
   }
 
   result.before = Optimise(session, {{}, false, true}).before;
   result.rounded = trials.front().tuned.before;
-  std::size_t best = 0;
-  for (std::size_t k = 0; k < trials.size(); ++k) {
-    result.cancelled = result.cancelled || trials[k].tuned.cancelled;
-    if (trials[k].tuned.after < trials[best].tuned.after) best = k;
-  }
-  result.after = trials[best].tuned.after;
-  for (std::size_t p = 0; p < result.parts.size(); ++p) result.parts[p].value = trials[best].values[p];
+  result.cancelled = cancel && cancel->load();
+  result.after = chosen.tuned.after;
+  for (std::size_t p = 0; p < result.parts.size(); ++p) result.parts[p].value = chosen.values[p];
 
   // The snapped stages as they stand with their new values, then the re-tuned.
   for (const SnappedPart& snapped : result.parts) {
@@ -103,7 +131,7 @@ SnapResult SnapToStandardValues(const Session& session, const SnapRequest& reque
     stage.values[snapped.part.slot] = snapped.value;
     result.stages.push_back(stage);
   }
-  for (const OptimisedStage& tuned : trials[best].tuned.stages) result.stages.push_back(tuned);
+  for (const OptimisedStage& tuned : chosen.tuned.stages) result.stages.push_back(tuned);
   return result;
 }
 

@@ -40,13 +40,14 @@ struct SnapResult {
   double after = 0;    // the result, never above `rounded`
   std::vector<SnappedPart> parts;
   std::vector<OptimisedStage> stages;  // the snapped and the re-tuned stages
-  int combinations = 0;
+  int combinations = 0;  // tried, each with the free stages re-tuned
   bool cancelled = false;
 };
 
 // Tries every combination of each chosen part's standard values next below
 // and above it, and for each lets the optimiser re-tune the free stages for
-// the smallest worst VSWR over the band; keeps the best. The combination of
+// the smallest worst VSWR over the band; from the best, steps one part at a
+// time a value further along its series while that helps; keeps the best. The combination of
 // the nearest values is among them, and the optimiser never leaves a start
 // worse, so the result is never worse than plain rounding. The combinations
 // run on every core; the result is the same whatever their number.

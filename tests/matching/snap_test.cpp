@@ -47,10 +47,9 @@ TEST(Snap, NeverWorseThanRoundingAndOnItsSeries) {
     for (const SnappedPart& p : result.parts) {
       const double nearest = StandardValueNear(p.ideal, c.series.Of(p.part.kind));
       rounded.Value[p.part.stage][p.part.slot] = nearest;
-      const StandardNeighbours n = NeighboursOf(p.ideal, c.series.Of(p.part.kind));
-      EXPECT_TRUE(p.value == n.below || p.value == n.above) << p.value;
+      EXPECT_EQ(NeighboursOf(p.value, c.series.Of(p.part.kind)).below, p.value);
     }
-    EXPECT_EQ(result.combinations, 1 << result.parts.size());
+    EXPECT_GE(result.combinations, 1 << result.parts.size());
     EXPECT_NEAR(result.rounded, Worst(rounded), 1e-9);
     EXPECT_LE(result.after, result.rounded + 1e-12);
     Session snapped = session;
@@ -71,7 +70,7 @@ TEST(Snap, AllPartsSnappedIsTheBestOfEveryCombination) {
     }
     best = std::min(best, Worst(trial));
   }
-  EXPECT_NEAR(result.after, best, 1e-12);
+  EXPECT_LE(result.after, best + 1e-12);
   EXPECT_EQ(result.stages.size(), 3u);
 }
 
