@@ -16,15 +16,16 @@
 
 namespace {
 
-constexpr const char* kCommands[] = {"impedance", "sweep", "spice", "match",
-                                     "band",      "optimize", "render", "print"};
+constexpr const char* kCommands[] = {"impedance", "sweep", "spice", "match", "band", "optimize",
+                                     "yield",     "snap",  "bom",   "render", "print"};
 
 constexpr const char* kOptions[] = {
     "--freq",   "--start",      "--stop",   "--points", "--load",       "--table",
     "--touchstone", "-o",       "--kinds",  "--q",      "--sections",   "--ripple",
     "--json",   "--apply",      "--thresholds", "--free", "--free-z0",  "--page",
     "--plot",   "--grid",       "--zoom",   "--aspect", "--q-arcs",     "--vswr-circle",
-    "--sweep",  "--size",       "--screen", "--help",   "--bogus",      "--"};
+    "--sweep",  "--size",       "--screen", "--help",   "--bogus",      "--",
+    "--tolerance", "--distribution", "--samples", "--seed", "--vswr", "--stages", "--series"};
 
 // NET, LOAD and OUT stand for the prepared files and an output in the folder.
 constexpr const char* kValues[] = {
@@ -32,7 +33,8 @@ constexpr const char* kValues[] = {
     "inf", "-inf", "14M", "-14M", "14.2M", "100p", "1e309", "abc", "L,PI", "MULTI", "l,xx", "1,2",
     "1,1", "1.5,2,3", "2,nan", "welcome", "design", "analysis", "band", "vswr", "rl", "gamma",
     "16x16", "320x200", "0x0", "NET", "NET", "LOAD", "OUT", "OUT.png", "-", "99999999999999999999",
-    "0.001", "1000", "2000", "4"};
+    "0.001", "1000", "2000", "4", "C=5,L=5", "line=2", "C=E24,L=E12", "R=E192", "c=x", "normal",
+    "uniform"};
 
 std::string Folder() {
   static const std::string folder = [] {

@@ -61,9 +61,11 @@ class ArgumentsTest : public testing::CliTest {
 // What every command refuses alike: missing, empty and twice-given values, an
 // option name where a value is due, unknown options and extra words.
 TEST_F(ArgumentsTest, EveryCommandRefusesMalformedArgumentsByName) {
-  for (const std::string command : {"impedance", "sweep", "spice", "match", "band", "optimize"}) {
+  for (const std::string command :
+       {"impedance", "sweep", "spice", "match", "band", "optimize", "yield", "snap", "bom"}) {
     const std::vector<std::string> free = command == "optimize" ? std::vector<std::string>{"--free", "1"}
-                                                               : std::vector<std::string>{};
+                                          : command == "snap"   ? std::vector<std::string>{"--stages", "1"}
+                                                                : std::vector<std::string>{};
     auto with = [&free](std::vector<std::string> words) {
       words.insert(words.end(), free.begin(), free.end());
       return words;
