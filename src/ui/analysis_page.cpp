@@ -171,8 +171,9 @@ AnalysisPage::AnalysisPage(Session& session, Dialogs& dialogs)
     SwitchTo(new AnalysisPage(session_, dialogs_));
   };
   commands.optimise = [this] {
-    if (OptimiseDialog(session_, this).exec() != QDialog::Accepted) return;
-    RecordStep("Optimise applied");
+    OptimiseDialog dialog(session_, this);
+    if (dialog.exec() != QDialog::Accepted) return;
+    RecordStep(dialog.AppliedStep());
     SwitchTo(new AnalysisPage(session_, dialogs_));
   };
   std::vector<Key> keys = {

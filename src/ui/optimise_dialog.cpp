@@ -4,6 +4,7 @@
 #include <QHBoxLayout>
 #include <QPointer>
 #include <QVBoxLayout>
+#include <tuple>
 
 #include "ui/controls.h"
 
@@ -19,6 +20,10 @@ OptimiseDialog::OptimiseDialog(Session& session, QWidget* parent)
       lblWorst(new QLabel(this)),
       cmdCancel(new QPushButton("Cancel", this)),
       cmdApply(new QPushButton("Apply", this)),
+      cboCapacitorSeries(new QComboBox(this)),
+      cboInductorSeries(new QComboBox(this)),
+      cboResistorSeries(new QComboBox(this)),
+      cmdSnap(new QPushButton("Snap to standard values", this)),
       session_(session) {
   setWindowTitle("Optimise");
   setModal(true);
@@ -37,6 +42,18 @@ OptimiseDialog::OptimiseDialog(Session& session, QWidget* parent)
   layout->addWidget(optBand);
   layout->addWidget(optWorking);
   optBand->setChecked(true);
+  auto* series = new QHBoxLayout;
+  const SeriesChoice defaults;
+  for (auto [box, label, kind] : {std::tuple(cboCapacitorSeries, "C", PartKind::Capacitor),
+                                  std::tuple(cboInductorSeries, "L", PartKind::Inductor),
+                                  std::tuple(cboResistorSeries, "R", PartKind::Resistor)}) {
+    for (const ESeries e : kAllSeries) box->addItem(SeriesName(e));
+    box->setCurrentText(SeriesName(defaults.Of(kind)));
+    series->addWidget(new QLabel(label, this));
+    series->addWidget(box);
+  }
+  series->addWidget(cmdSnap);
+  layout->addLayout(series);
   barProgress->setRange(0, 0);
   barProgress->hide();
   layout->addWidget(barProgress);
@@ -48,6 +65,7 @@ OptimiseDialog::OptimiseDialog(Session& session, QWidget* parent)
   cmdApply->setEnabled(false);
 
   connect(cmdStart, &QPushButton::clicked, this, &OptimiseDialog::Start);
+  connect(cmdSnap, &QPushButton::clicked, this, &OptimiseDialog::Snap);
   connect(cmdApply, &QPushButton::clicked, this, [this] {
     ApplyOptimised(session_, result_);
     accept();
@@ -73,6 +91,20 @@ void OptimiseDialog::WaitForSearch() {
   QCoreApplication::sendPostedEvents(this);
 }
 
+QString OptimiseDialog::AppliedStep() const {
+  return snapped_ ? "Snapped to standard values" : "Optimise applied";
+}
+
+void OptimiseDialog::RunSearch(std::function<void()> search) {
+  cancel_ = false;
+  cmdStart->setEnabled(false);
+  cmdSnap->setEnabled(false);
+  cmdApply->setEnabled(false);
+  barProgress->show();
+  lblWorst->setText("Searching...");
+  search_ = std::thread(std::move(search));
+}
+
 void OptimiseDialog::Start() {
   if (search_.joinable()) return;
   OptimiseRequest request;
@@ -81,13 +113,8 @@ void OptimiseDialog::Start() {
   }
   request.freeImpedances = chkImpedances->isChecked();
   request.overBand = optBand->isChecked();
-  cancel_ = false;
-  cmdStart->setEnabled(false);
-  cmdApply->setEnabled(false);
-  barProgress->show();
-  lblWorst->setText("Searching...");
   QPointer<OptimiseDialog> self(this);
-  search_ = std::thread([this, self, request, session = session_] {
+  RunSearch([this, self, request, session = session_] {
     const OptimiseResult result = Optimise(session, request, [this, self](int evaluations, double worst) {
       if (evaluations % 64 == 0) {
         QMetaObject::invokeMethod(self, [self, evaluations, worst] {
@@ -102,9 +129,49 @@ void OptimiseDialog::Start() {
   });
 }
 
+void OptimiseDialog::Snap() {
+  if (search_.joinable()) return;
+  SnapRequest request;
+  for (int s = 1; s <= kLastStage; ++s) {
+    if (chkStage[s - 1]->isEnabled() && !chkStage[s - 1]->isChecked()) request.stages.push_back(s);
+  }
+  request.series.capacitor = *SeriesNamed(cboCapacitorSeries->currentText().toStdString());
+  request.series.inductor = *SeriesNamed(cboInductorSeries->currentText().toStdString());
+  request.series.resistor = *SeriesNamed(cboResistorSeries->currentText().toStdString());
+  QPointer<OptimiseDialog> self(this);
+  RunSearch([this, self, request, session = session_] {
+    const SnapResult result = SnapToStandardValues(session, request, &cancel_);
+    QMetaObject::invokeMethod(self, [self, result] {
+      if (self) self->Snapped(result);
+    }, Qt::QueuedConnection);
+  });
+}
+
+void OptimiseDialog::Snapped(const SnapResult& result) {
+  if (search_.joinable()) search_.join();
+  result_ = OptimiseResult{};
+  result_.before = result.before;
+  result_.after = result.after;
+  result_.stages = result.stages;
+  snapped_ = true;
+  barProgress->hide();
+  lblWorst->setText(result.parts.empty()
+                        ? QString("Snap puts the stages that are not free on standard values: none of them holds a C, L or R")
+                        : QString("Worst VSWR %1 before, %2 rounded, %3 snapped%4 (%5 combinations)")
+                              .arg(result.before, 0, 'g', 6)
+                              .arg(result.rounded, 0, 'g', 6)
+                              .arg(result.after, 0, 'g', 6)
+                              .arg(result.cancelled ? ", stopped" : "")
+                              .arg(result.combinations));
+  cmdStart->setEnabled(true);
+  cmdSnap->setEnabled(true);
+  cmdApply->setEnabled(!result.parts.empty() && !result.cancelled);
+}
+
 void OptimiseDialog::Finished(const OptimiseResult& result) {
   if (search_.joinable()) search_.join();
   result_ = result;
+  snapped_ = false;
   barProgress->hide();
   lblWorst->setText(QString("Worst VSWR %1 before, %2 after%3 (%4 evaluations)")
                         .arg(result.before, 0, 'g', 6)
@@ -112,6 +179,7 @@ void OptimiseDialog::Finished(const OptimiseResult& result) {
                         .arg(result.cancelled ? ", stopped" : "")
                         .arg(result.evaluations));
   cmdStart->setEnabled(true);
+  cmdSnap->setEnabled(true);
   cmdApply->setEnabled(result.after < result.before);
 }
 

@@ -409,6 +409,27 @@ TEST_F(AnalysisPageTest, OptimiseDialogTunesTheFreeStages) {
   EXPECT_NE(session.Value[1][1], before);
 }
 
+// Snap puts the stages that are not free on the chosen series and re-tunes
+// the free ones; Apply writes both, named as one undo step.
+TEST_F(AnalysisPageTest, OptimiseDialogSnapsTheLockedStagesToStandardValues) {
+  session.ElementType[2] = ShuntInductor;
+  session.Value[2] = {0, 1e-6, 100};
+  session.Value[1][1] = 123e-12;
+  OptimiseDialog dialog(session);
+  dialog.chkStage[0]->setChecked(false);
+  dialog.cboCapacitorSeries->setCurrentText("E12");
+  dialog.cmdSnap->click();
+  dialog.WaitForSearch();
+  EXPECT_TRUE(dialog.lblWorst->text().contains("snapped")) << dialog.lblWorst->text().toStdString();
+  ASSERT_TRUE(dialog.cmdApply->isEnabled());
+  const double inductor = session.Value[2][1];
+  dialog.cmdApply->click();
+  EXPECT_EQ(dialog.result(), QDialog::Accepted);
+  EXPECT_EQ(dialog.AppliedStep(), "Snapped to standard values");
+  EXPECT_EQ(NeighboursOf(session.Value[1][1], ESeries::E12).below, session.Value[1][1]);
+  EXPECT_NE(session.Value[2][1], inductor);
+}
+
 // The menus reach what the buttons and keys do; the status line reads the
 // match at the working frequency.
 TEST_F(DesignPageTest, MenusReachTheCommandsAndTheStatusLineReadsTheMatch) {
