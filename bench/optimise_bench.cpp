@@ -1,6 +1,8 @@
 #include <benchmark/benchmark.h>
 
 #include <algorithm>
+#include <cmath>
+#include <cstdio>
 #include <vector>
 
 #include "matching/optimise.h"
@@ -8,6 +10,7 @@
 #include "model/reflection.h"
 #include "model/worst_reflection.h"
 #include "support/five_stage_network.h"
+#include "support/hard_matches.h"
 
 namespace {
 
@@ -28,6 +31,42 @@ void BM_OptimiseFivePartsOver2000Points(benchmark::State& state) {
   state.counters["vswr_after"] = result.after;
 }
 BENCHMARK(BM_OptimiseFivePartsOver2000Points)->Unit(benchmark::kMillisecond)->Iterations(3);
+
+double ReturnLoss(double vswr) { return -20 * std::log10((vswr - 1) / (vswr + 1)); }
+
+// Each hard case over 2,000 points with the default effort: time and the
+// worst return loss reached (compare with BM_HardMatchReference).
+void BM_HardMatch(benchmark::State& state) {
+  const kalvex::testing::HardMatch hard = kalvex::testing::HardMatches(2000)[state.range(0)];
+  kalvex::OptimiseResult result;
+  for (auto _ : state) {
+    result = kalvex::Optimise(hard.session, {hard.free, hard.freeImpedances, true});
+    benchmark::DoNotOptimize(result.after);
+  }
+  state.SetLabel(hard.name);
+  state.counters["return_loss_db"] = ReturnLoss(result.after);
+  state.counters["vswr_after"] = result.after;
+}
+BENCHMARK(BM_HardMatch)->DenseRange(0, 5)->Unit(benchmark::kMillisecond)->Iterations(1);
+
+// The long reference run on 201 points: fifty times the samples, ten times
+// the local searches, every minimum polished.
+void BM_HardMatchReference(benchmark::State& state) {
+  const kalvex::testing::HardMatch hard = kalvex::testing::HardMatches(201)[state.range(0)];
+  kalvex::OptimiseResult reference;
+  kalvex::OptimiseResult fast;
+  for (auto _ : state) {
+    reference = kalvex::Optimise(hard.session, {hard.free, hard.freeImpedances, true}, nullptr, {20000, 240, 240});
+    fast = kalvex::Optimise(hard.session, {hard.free, hard.freeImpedances, true});
+  }
+  state.SetLabel(hard.name);
+  state.counters["reference_db"] = ReturnLoss(reference.after);
+  state.counters["default_db"] = ReturnLoss(fast.after);
+  std::printf("%s: reference VSWR %.9g (%.4f dB), default %.9g (%.4f dB)\n", hard.name.c_str(), reference.after,
+              ReturnLoss(reference.after), fast.after, ReturnLoss(fast.after));
+}
+BENCHMARK(BM_HardMatchReference)->DenseRange(0, 5)->Unit(benchmark::kMillisecond)->Iterations(1);
+
 
 }  // namespace
 

@@ -21,10 +21,12 @@ int RunBandCommand(const Command& command, const std::vector<std::string>& words
   SweepOptions sweep;
   std::vector<double> thresholds;
   bool json = false;
+  std::optional<std::string> loadModel;
   std::optional<std::string> output;
   CommandLine line(command);
   line.File(file)
       .NumberList("--thresholds", "1.5,2,3", thresholds, kThresholds)
+      .Choice("--load-model", loadModel, {"fixed", "fitted"})
       .Flag("--json", json)
       .Text("-o", "OUT", output);
   sweep.AddTo(line);
@@ -36,7 +38,7 @@ int RunBandCommand(const Command& command, const std::vector<std::string>& words
   ConsoleDialogs dialogs(err);
   if (!ReadCommandNetwork(file, session, dialogs)) return kExitFailed;
   if (const auto stop = ApplySweepOptions(session, dialogs, sweep, line, err, true)) return *stop;
-  const BandFigures figures = ComputeBandFigures(session, thresholds);
+  const BandFigures figures = ComputeBandFigures(session, thresholds, LoadModelOf(loadModel));
   if (figures.points.empty()) {
     err << line.Prefix() << "the sweep gives no point with a finite input impedance\n";
     return kExitFailed;

@@ -21,12 +21,13 @@ constexpr std::array kCommands = {
             RunImpedanceCommand},
     Command{"sweep",
             "sweep FILE [--start HZ] [--stop HZ] [--points N] [--load LOADFILE] [--table]\n"
-            "            [--touchstone] [-o OUT]",
+            "            [--touchstone] [--load-model fixed|fitted] [-o OUT]",
             "frequency sweep of a network file as the Tabulate page computes it: the sweep-data\n"
             "      file layout, or with --table the Tabulate page's heading and rows; over the\n"
             "      points of a load-data file (.RJX, or a one-port Touchstone .s1p) with --load;\n"
             "      with --touchstone the input reflection as a one-port Touchstone file; to OUT\n"
-            "      or standard output",
+            "      or standard output; --load-model fitted takes the load as R with the C or L of\n"
+            "      its X at the working frequency (default fixed: R + jX at every frequency)",
             RunSweepCommand},
     Command{"spice", "spice FILE [-o OUT]",
             "the network of FILE as a SPICE deck for ngspice or LTspice: V(in) is the input\n"
@@ -35,28 +36,33 @@ constexpr std::array kCommands = {
             RunSpiceCommand},
     Command{"match",
             "match FILE [--kinds L,PI,T,STUB,QW,MULTI] [--q Q] [--sections N] [--ripple DB]\n"
-            "            [--json] [--apply N -o OUT]",
+            "            [--load-model fixed|fitted] [--json] [--apply N -o OUT]",
             "every matching network for FILE's load at its frequency to the system impedance:\n"
             "      L, Pi and T networks (loaded Q --q), single stubs, quarter-wave and binomial\n"
-            "      and Chebyshev transformers (--sections 2..4, --ripple in dB), lowest loaded Q\n"
-            "      first, as a table or with --json as one object; --apply N writes FILE's\n"
-            "      network with solution N to the network file OUT",
+            "      and Chebyshev transformers (--sections 2..7, --ripple in dB of mismatch loss),\n"
+            "      lowest loaded Q first, each with its worst VSWR over the sweep (or 10 % either\n"
+            "      side of the working frequency when the sweep does not hold it), as a table or\n"
+            "      with --json as one object; --apply N writes FILE's network with solution N to\n"
+            "      the network file OUT",
             RunMatchCommand},
     Command{"band",
             "band FILE [--start HZ] [--stop HZ] [--points N] [--load LOADFILE]\n"
-            "           [--thresholds 1.5,2,3] [--json] [-o OUT]",
+            "           [--thresholds 1.5,2,3] [--load-model fixed|fitted] [--json] [-o OUT]",
             "the match over the sweep band: worst and best VSWR and return loss, the band\n"
             "      edges at each VSWR threshold with the bandwidth, and the Bode-Fano bound of\n"
             "      the load with how much of it the network reaches; with --json one object",
             RunBandCommand},
     Command{"optimize",
             "optimize FILE --free 1,2[,...] [--free-z0] [--start HZ] [--stop HZ] [--points N]\n"
-            "            [--load LOADFILE] [--json] [-o OUT]",
+            "            [--load LOADFILE] [--bounds practical|wide] [--load-model fixed|fitted]\n"
+            "            [--json] [-o OUT]",
             "tunes the parts of the stages --free names (and with --free-z0 their line and\n"
             "      stub impedances) for the smallest worst VSWR over the band that --start,\n"
             "      --stop, --points or --load give, or at the working frequency without one;\n"
             "      prints the worst VSWR before and after and the new values, with --json as\n"
-            "      one object; -o writes the optimised network file",
+            "      one object; -o writes the optimised network file; values stay where parts can\n"
+            "      be built (reactance 0.01..100 x the system impedance, lines 20..150 ohms)\n"
+            "      unless --bounds wide",
             RunOptimizeCommand},
     Command{"snap",
             "snap FILE --stages 1,3 [--series C=E24,L=E12,R=E96] [--start HZ] [--stop HZ]\n"

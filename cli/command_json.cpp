@@ -22,7 +22,7 @@ Json PointJson(const BandPoint& point) {
 }
 
 Json FitJson(const BodeFanoFit& fit) {
-  return {{"model", fit.capacitive ? "RC" : "RL"}, {"r", fit.r},
+  return {{"model", fit.capacitive ? "RC" : "RL"}, {"lossless", fit.lossless}, {"r", fit.r},
           {"reactive", fit.reactive},             {"gamma", fit.gamma},
           {"vswr", fit.vswr},                     {"return_loss", Optional(fit.returnLoss)}};
 }
@@ -55,6 +55,9 @@ std::string MatchJson(const Session& session, const MatchResult& result) {
   return Line({{"frequency", load.frequency},
                {"load", Json::array({load.z.R, load.z.X})},
                {"system_impedance", session.SystemZ},
+               {"load_model", LoadModelName(result.loadModel)},
+               {"band", {{"start", result.band.start}, {"stop", result.band.stop}, {"from_sweep", result.band.fromSweep}}},
+               {"already_matched", result.alreadyMatched},
                {"solutions", solutions}});
 }
 
@@ -67,7 +70,8 @@ std::string BandJson(const BandFigures& figures) {
                           {"hertz", Optional(edges.hertz)},
                           {"percent", Optional(edges.percent)}});
   }
-  return Line({{"worst", PointJson(figures.worst)},
+  return Line({{"load_model", LoadModelName(figures.loadModel)},
+               {"worst", PointJson(figures.worst)},
                {"best", PointJson(figures.best)},
                {"bandwidths", bandwidths},
                {"bode_fano", {{"series", FitJson(figures.series)}, {"parallel", FitJson(figures.parallel)}}},
@@ -77,12 +81,18 @@ std::string BandJson(const BandFigures& figures) {
 std::string OptimiseJson(const OptimiseResult& result) {
   Json stages = Json::array();
   for (const OptimisedStage& stage : result.stages) {
-    stages.push_back({{"stage", stage.stage}, {"type", stage.type}, {"values", StageValuesJson(stage.values, 4)}});
+    stages.push_back({{"stage", stage.stage},
+                      {"type", stage.type},
+                      {"values", StageValuesJson(stage.values, 4)},
+                      {"on_bound", stage.onBound},
+                      {"negligible", stage.negligible}});
   }
   return Line({{"before", result.before},
                {"after", result.after},
                {"stages", stages},
-               {"evaluations", result.evaluations}});
+               {"evaluations", result.evaluations},
+               {"bounds", result.wideBounds ? "wide" : "practical"},
+               {"load_model", LoadModelName(result.loadModel)}});
 }
 
 std::string YieldJson(const YieldResult& result) {

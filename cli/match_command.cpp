@@ -16,7 +16,7 @@ namespace {
 
 // Beyond these the closed forms give parts no one can build, then no number.
 constexpr Range kLoadedQs = {0, 1000, "a loaded Q above 0, up to 1000", true};
-constexpr Range kSections = {2, 4, "2, 3 or 4 sections", false, true};
+constexpr Range kSections = {2, kMostSections, "2 to 7 sections", false, true};
 constexpr Range kRipples = {0.001, 10, "a passband ripple from 0.001 to 10 dB"};
 constexpr Range kSolutionNumbers = {1, 1000, "a solution's number from the list", false, true};
 
@@ -47,6 +47,7 @@ int RunMatchCommand(const Command& command, const std::vector<std::string>& word
   std::vector<std::string> kinds;
   std::optional<double> q, sections, ripple, apply;
   bool json = false;
+  std::optional<std::string> loadModel;
   std::optional<std::string> output;
   CommandLine line(command);
   line.File(file)
@@ -54,6 +55,7 @@ int RunMatchCommand(const Command& command, const std::vector<std::string>& word
       .Number("--q", "Q", q, kLoadedQs)
       .Number("--sections", "N", sections, kSections)
       .Number("--ripple", "DB", ripple, kRipples)
+      .Choice("--load-model", loadModel, {"fixed", "fitted"})
       .Flag("--json", json)
       .Number("--apply", "N", apply, kSolutionNumbers)
       .Text("-o", "OUT", output);
@@ -66,16 +68,15 @@ int RunMatchCommand(const Command& command, const std::vector<std::string>& word
   request.loadedQ = q.value_or(request.loadedQ);
   request.sections = static_cast<int>(sections.value_or(request.sections));
   request.rippleDb = ripple.value_or(request.rippleDb);
+  request.loadModel = LoadModelOf(loadModel);
 
   Session session;
   ConsoleDialogs dialogs(err);
   if (!ReadCommandNetwork(file, session, dialogs)) return kExitFailed;
   const MatchResult result = FindMatches(session, request);
   for (const std::string& note : result.notes) err << line.Prefix() << note << "\n";
-  if (!result.refusal.empty()) {
-    err << line.Prefix() << result.refusal << "\n";
-    return kExitFailed;
-  }
+  for (const std::string& refusal : result.refusals) err << line.Prefix() << refusal << "\n";
+  if (!result.refusals.empty() && result.solutions.empty()) return kExitFailed;
   if (apply) {
     const auto chosen = static_cast<std::size_t>(*apply);
     if (chosen > result.solutions.size()) {

@@ -21,7 +21,9 @@ constexpr Range kStages = {1, kLastStage, "stage numbers 1 to 5", false, true};
 std::string Report(const OptimiseResult& result) {
   std::string text = "Worst VSWR " + FormattedNumber("%.6g", result.before) + " before, " +
                      FormattedNumber("%.6g", result.after) + " after (" +
-                     std::to_string(result.evaluations) + " evaluations)\n";
+                     std::to_string(result.evaluations) + " evaluations; " +
+                     (result.wideBounds ? "wide" : "practical") + " bounds, load " + LoadModelName(result.loadModel) +
+                     ")\n";
   for (const OptimisedStage& s : result.stages) {
     std::array<double, kSlotCount> values{};
     std::copy(s.values.begin(), s.values.end(), values.begin());
@@ -29,7 +31,7 @@ std::string Report(const OptimiseResult& result) {
     for (const std::string& part : PartValueLines(s.type, values)) text += ", " + part;
     text += "\n";
   }
-  return text;
+  return text + OptimisedPartsNote(result);
 }
 
 // The stages named, each once, in the order first named.
@@ -51,11 +53,15 @@ int RunOptimizeCommand(const Command& command, const std::vector<std::string>& w
   bool freeImpedances = false;
   SweepOptions sweep;
   bool json = false;
+  std::optional<std::string> bounds;
+  std::optional<std::string> loadModel;
   std::optional<std::string> output;
   CommandLine line(command);
   line.File(file)
       .NumberList("--free", "1,2[,...]", free, kStages)
       .Flag("--free-z0", freeImpedances)
+      .Choice("--bounds", bounds, {"practical", "wide"})
+      .Choice("--load-model", loadModel, {"fixed", "fitted"})
       .Flag("--json", json)
       .Text("-o", "OUT", output);
   sweep.AddTo(line);
@@ -66,6 +72,8 @@ int RunOptimizeCommand(const Command& command, const std::vector<std::string>& w
   request.freeStages = StagesOf(free);
   request.freeImpedances = freeImpedances;
   request.overBand = sweep.Given();
+  request.wideBounds = bounds == "wide";
+  request.loadModel = LoadModelOf(loadModel);
 
   Session session;
   ConsoleDialogs dialogs(err);

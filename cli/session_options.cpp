@@ -133,4 +133,8 @@ std::optional<int> RefuseOverwritingInputs(const std::optional<std::string>& out
   return std::nullopt;
 }
 
+LoadModel LoadModelOf(const std::optional<std::string>& word) {
+  return word == "fitted" ? LoadModel::Fitted : LoadModel::Fixed;
+}
+
 }  // namespace kalvex

@@ -64,4 +64,7 @@ std::optional<int> RefuseOverwritingInputs(const std::optional<std::string>& out
                                            const std::optional<std::string>& load,
                                            const CommandLine& line, std::ostream& err);
 
+// The --load-model word (fixed when not given) as the load model.
+LoadModel LoadModelOf(const std::optional<std::string>& word);
+
 }  // namespace kalvex

@@ -28,9 +28,12 @@ int RunSweepCommand(const Command& command, const std::vector<std::string>& word
   SweepOptions sweep;
   bool table = false;
   bool touchstone = false;
+  std::optional<std::string> loadModel;
   std::optional<std::string> output;
   CommandLine line(command);
-  line.File(file).Flag("--table", table).Flag("--touchstone", touchstone).Text("-o", "OUT", output);
+  line.File(file).Flag("--table", table).Flag("--touchstone", touchstone)
+      .Choice("--load-model", loadModel, {"fixed", "fitted"})
+      .Text("-o", "OUT", output);
   sweep.AddTo(line);
   if (const auto stop = line.Parse(words, out, err)) return *stop;
   if (const auto stop = RefuseOverwritingInputs(output, file, sweep.load, line, err)) return *stop;
@@ -38,6 +41,7 @@ int RunSweepCommand(const Command& command, const std::vector<std::string>& word
   Session session;
   ConsoleDialogs dialogs(err);
   if (!ReadCommandNetwork(file, session, dialogs)) return kExitFailed;
+  session.SweepLoadModel = LoadModelOf(loadModel);
   if (const auto stop = ApplySweepOptions(session, dialogs, sweep, line, err, false)) return *stop;
 
   std::string text;

@@ -20,11 +20,23 @@ BodeFanoFit Limited(BodeFanoFit fit, double exponent) {
   return fit;
 }
 
+// A lossless load reflects everything at every frequency but where a network
+// resonates it: no network holds a match over a band.
+BodeFanoFit Lossless(BodeFanoFit fit) {
+  fit.lossless = true;
+  return Limited(fit, 0);
+}
+
 // The VSWR of the network at any frequency of the band: with load data, the
-// load between two points is taken on the straight line between them.
+// load between two points is taken on the straight line between them; the
+// network's own load as the load model has it.
 class BandCalculation {
  public:
-  explicit BandCalculation(const Session& session) : trial_(session), network_(session) {}
+  explicit BandCalculation(const Session& session)
+      : trial_(session),
+        network_(session),
+        working_{session.Value[0][1], session.Value[0][2]},
+        workingFrequency_(session.Frequency) {}
 
   double VSWRAt(double f, const Session& session) {
     if (session.LoadSource == 2) {
@@ -37,6 +49,10 @@ class BandCalculation {
       const int k2 = std::min(k + 1, count);
       trial_.Value[0][1] = session.LoadR[k] + t * (session.LoadR[k2] - session.LoadR[k]);
       trial_.Value[0][2] = session.LoadX[k] + t * (session.LoadX[k2] - session.LoadX[k]);
+    } else {
+      const Impedance load = LoadAtFrequency(working_, workingFrequency_, f, session.SweepLoadModel);
+      trial_.Value[0][1] = load.R;
+      trial_.Value[0][2] = load.X;
     }
     double r = trial_.Value[0][1];
     double x = trial_.Value[0][2];
@@ -47,6 +63,8 @@ class BandCalculation {
  private:
   Session trial_;
   NetworkBatch network_;
+  Impedance working_;
+  double workingFrequency_;
 };
 
 // The frequency between fa and fb (VSWR on either side of `level`) where the
@@ -65,7 +83,8 @@ double Crossing(BandCalculation& calculation, const Session& session, double fa,
 
 BodeFanoFit SeriesFit(double r, double x, double omega0, double omega1, double omega2) {
   BodeFanoFit fit{x < 0, r};
-  if (x == 0 || r <= 0) return fit;
+  if (r <= 0) return Lossless(fit);
+  if (x == 0) return fit;
   if (x < 0) {
     fit.reactive = -1 / (omega0 * x);  // ln(1/Γ)(1/ω1 − 1/ω2) ≤ π R C
     return Limited(fit, kPi * r * fit.reactive / (1 / omega1 - 1 / omega2));
@@ -79,7 +98,8 @@ BodeFanoFit ParallelFit(double r, double x, double omega0, double omega1, double
   const double g = r / m;
   const double b = -x / m;
   BodeFanoFit fit{b > 0, g > 0 ? 1 / g : 0};
-  if (b == 0 || g <= 0) return fit;
+  if (g <= 0) return Lossless(fit);
+  if (b == 0) return fit;
   if (b > 0) {
     fit.reactive = b / omega0;  // ln(1/Γ)(ω2 − ω1) ≤ π / (R C)
     return Limited(fit, kPi / (fit.r * fit.reactive) / (omega2 - omega1));
@@ -88,9 +108,12 @@ BodeFanoFit ParallelFit(double r, double x, double omega0, double omega1, double
   return Limited(fit, kPi * fit.reactive / fit.r / (1 / omega1 - 1 / omega2));
 }
 
-BandFigures ComputeBandFigures(const Session& session, const std::vector<double>& thresholds) {
+BandFigures ComputeBandFigures(const Session& session, const std::vector<double>& thresholds,
+                               LoadModel loadModel) {
   BandFigures figures;
+  figures.loadModel = loadModel;
   Session swept = session;
+  swept.SweepLoadModel = loadModel;
   if (swept.LoadSource != 2) swept.LoadSource = 1;
   const SweepIndexes indexes = RunSweepPoints(swept, SweepUse::Table);
   for (int k = indexes.first; k <= indexes.last; ++k) {

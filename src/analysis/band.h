@@ -39,9 +39,11 @@ struct BodeFanoFit {
   double gamma = 0;
   double vswr = 1;
   std::optional<double> returnLoss;  // dB; none for a gamma of 0
+  bool lossless = false;             // R = 0: |Γ| = 1, no match over any band
 };
 
 struct BandFigures {
+  LoadModel loadModel = LoadModel::Fixed;
   double workingFrequency = 0;
   double low = 0;   // the band's ends, Hz
   double high = 0;
@@ -58,11 +60,13 @@ struct BandFigures {
 
 inline const std::vector<double> kDefaultThresholds = {1.5, 2, 3};
 
-// The figures of the session's network over its sweep. Each band edge is
-// solved with the calculation between the two sweep points around it, to 1e-9
-// relative (with load data, the load taken linearly between its points).
+// The figures of the session's network over its sweep, its own load taken as
+// `loadModel` says. Each band edge is solved with the calculation between the
+// two sweep points around it, to 1e-9 relative (with load data, the load
+// taken linearly between its points).
 BandFigures ComputeBandFigures(const Session& session,
-                               const std::vector<double>& thresholds = kDefaultThresholds);
+                               const std::vector<double>& thresholds = kDefaultThresholds,
+                               LoadModel loadModel = LoadModel::Fixed);
 
 // The smallest flat reflection over ω1..ω2 of a load R with a reactive part
 // (the Bode–Fano limits of the four RC and RL forms).

@@ -101,7 +101,8 @@ void DrawBandPlot(const BandFigures& figures, BandQuantity quantity, Canvas& can
   canvas.SetFont(12, true);
   canvas.SetTextColour(kBlack);
   canvas.Text({kLeft, 300}, std::string(BandQuantityName(quantity)) + " against frequency, " +
-                                Hertz(figures.low) + " to " + Hertz(figures.high));
+                                Hertz(figures.low) + " to " + Hertz(figures.high) + ", load " +
+                                LoadModelName(figures.loadModel));
   canvas.SetFont(9, false);
   if (figures.points.empty() || !(figures.high > figures.low)) {
     canvas.Text({kLeft, 2000}, "No sweep: set a sweep or read load data to see the band.");

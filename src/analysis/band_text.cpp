@@ -14,6 +14,9 @@ std::string Frequency(const std::optional<double>& f) {
 }
 
 std::string FitLine(const char* form, const BodeFanoFit& fit) {
+  if (fit.lossless) {
+    return std::string(form) + ": the load is lossless (R = 0), |Gamma| = 1: no match is possible over a band\n";
+  }
   if (fit.reactive == 0) return std::string(form) + ": the load is a plain resistance, no limit\n";
   if (!std::isfinite(fit.gamma)) return std::string(form) + ": no bound for a load without resistance\n";
   const std::string part = fit.capacitive ? std::string(Trim(FormatCapacitance(fit.reactive), " "))
@@ -28,7 +31,8 @@ std::string FitLine(const char* form, const BodeFanoFit& fit) {
 
 std::string BandReport(const BandFigures& figures) {
   std::string text = "Band " + Frequency(figures.low) + " to " + Frequency(figures.high) +
-                     ", working frequency " + Frequency(figures.workingFrequency) + "\n";
+                     ", working frequency " + Frequency(figures.workingFrequency) + ", load model " +
+                     LoadModelName(figures.loadModel) + "\n";
   text += "Worst: VSWR " + FormattedNumber("%.4g", figures.worst.vswr) + ", return loss " +
           FormattedNumber("%.3f dB", figures.worst.returnLoss) + " at " + Frequency(figures.worst.frequency) + "\n";
   text += "Best:  VSWR " + FormattedNumber("%.4g", figures.best.vswr) + ", return loss " +

@@ -13,7 +13,8 @@ namespace {
 constexpr double kVSWRCap = 1'000'000;
 
 // Frequency and input impedance of points first..first+count-1, as a loop of
-// CalculateNetwork leaves them: with the network's own load, a point without
+// CalculateNetwork leaves them: with the network's own load (taken at each
+// point as the session's load model says), a point without
 // a frequency above 0 keeps what the point before it left; with load data,
 // its load. The session's input impedance ends as the last point's.
 void CalculateSweepPoints(Session& session, int first, int count) {
@@ -29,8 +30,9 @@ void CalculateSweepPoints(Session& session, int first, int count) {
       // With one point there is no spacing: it runs at the start frequency.
       f[j] = count > 1 ? session.SweepStart + k * (session.SweepStop - session.SweepStart) / (count - 1)
                        : session.SweepStart;
-      r[j] = load.R;
-      x[j] = load.X;
+      const Impedance at = LoadAtFrequency(load, session.Frequency, f[j], session.SweepLoadModel);
+      r[j] = at.R;
+      x[j] = at.X;
     } else {
       f[j] = session.LoadFreq[k];
       r[j] = session.LoadR[k];

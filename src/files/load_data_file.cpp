@@ -2,8 +2,10 @@
 
 #include <optional>
 #include <string_view>
+#include <vector>
 
 #include "files/line_reader.h"
+#include "files/load_points.h"
 #include "files/text_file.h"
 #include "files/touchstone.h"
 #include "model/format.h"
@@ -18,9 +20,11 @@ bool IsDataLine(std::string_view line) {
   return !line.empty() && std::string_view("!*'/\\").find(line.front()) == std::string_view::npos;
 }
 
-// The next data line, trimmed; nothing when the file ends first.
-std::optional<std::string_view> NextDataLine(LineReader& lines) {
+// The next data line, trimmed; nothing when the file ends first. `lineNumber`
+// counts the lines read.
+std::optional<std::string_view> NextDataLine(LineReader& lines, long& lineNumber) {
   while (const auto line = lines.Next()) {
+    ++lineNumber;
     const std::string_view trimmed = Trim(*line, " \t");
     if (IsDataLine(trimmed)) return trimmed;
   }
@@ -59,8 +63,10 @@ void ParseLoadFile(Session& session, Dialogs& dialogs, const std::string& name) 
     // A line with fewer than three fields reads the missing ones from the
     // last field taken, which may belong to the line before.
     std::string field;
+    long lineNumber = 0;
+    std::vector<long> leftOut;
     while (true) {
-      const std::optional<std::string_view> dataLine = NextDataLine(lines);
+      const std::optional<std::string_view> dataLine = NextDataLine(lines, lineNumber);
       if (!dataLine || session.SweepPoints == kMaxLoadPoints) {
         failed = true;
         break;
@@ -73,8 +79,13 @@ void ParseLoadFile(Session& session, Dialogs& dialogs, const std::string& name) 
       session.LoadR[n] = ParseValue(field);
       NextField(rest, field);
       session.LoadX[n] = ParseValue(field);
+      if (!IsUsableLoad(session.LoadFreq[n], session.LoadR[n], session.LoadX[n])) {
+        --session.SweepPoints;
+        leftOut.push_back(lineNumber);
+      }
       if (lines.AtEnd()) break;
     }
+    if (!leftOut.empty()) dialogs.Message(LeftOutLoadMessage(name, leftOut));
   }
   if (failed) {
     dialogs.Message("Parser error");

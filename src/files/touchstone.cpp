@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "files/line_reader.h"
+#include "files/load_points.h"
 #include "files/text_file.h"
 #include "model/number_text.h"
 #include "model/sweep_indexes.h"
@@ -138,7 +139,7 @@ struct Reading {
   std::vector<DataPoint> points;
   Outcome outcome = Outcome::Complete;
   std::string refusal;
-  std::vector<long> leftOutLines;  // points whose load is not a finite R + jX
+  std::vector<long> leftOutLines;  // points whose load Kalvex cannot take (IsUsableLoad)
 };
 
 // A line of the file in a message: one line, and not the whole of a huge one.
@@ -203,8 +204,7 @@ Reading ReadPoints(const std::string& name, const std::string& contents) {
       break;
     }
     const DataPoint point{*frequency * options.hertzPerUnit, ImpedanceOf(options, *a, *b)};
-    if (std::isfinite(point.frequency) && std::isfinite(point.impedance.real()) &&
-        std::isfinite(point.impedance.imag())) {
+    if (IsUsableLoad(point.frequency, point.impedance.real(), point.impedance.imag())) {
       reading.points.push_back(point);
     } else {
       reading.leftOutLines.push_back(lineNumber);
@@ -213,23 +213,9 @@ Reading ReadPoints(const std::string& name, const std::string& contents) {
   if (reading.points.empty() && reading.outcome == Outcome::Complete) {
     return refuse(reading.leftOutLines.empty()
                       ? name + " holds no data points."
-                      : name + " holds no point whose load is a finite impedance.");
+                      : name + " holds no point whose load is a finite impedance with a resistance of 0 or more.");
   }
   return reading;
-}
-
-// "NAME: the points of lines 7, 9 give no finite load impedance and are left
-// out.", naming the first twenty lines.
-std::string LeftOutMessage(const std::string& name, const std::vector<long>& lines) {
-  constexpr std::size_t kNamed = 20;
-  std::string list;
-  for (std::size_t k = 0; k < std::min(lines.size(), kNamed); ++k) {
-    list += (k == 0 ? "" : ", ") + std::to_string(lines[k]);
-  }
-  if (lines.size() > kNamed) list += " and " + std::to_string(lines.size() - kNamed) + " more";
-  return name + ": the point" + (lines.size() == 1 ? " of line " : "s of lines ") + list +
-         (lines.size() == 1 ? " gives" : " give") +
-         " no finite load impedance and" + (lines.size() == 1 ? " is" : " are") + " left out.";
 }
 
 }  // namespace
@@ -258,7 +244,7 @@ void ReadTouchstone(Session& session, Dialogs& dialogs, const std::string& name)
     dialogs.Message(reading.refusal);
     return;
   }
-  if (!reading.leftOutLines.empty()) dialogs.Message(LeftOutMessage(name, reading.leftOutLines));
+  if (!reading.leftOutLines.empty()) dialogs.Message(LeftOutLoadMessage(name, reading.leftOutLines));
   std::stable_sort(reading.points.begin(), reading.points.end(),
                    [](const DataPoint& a, const DataPoint& b) { return a.frequency < b.frequency; });
   for (const DataPoint& point : reading.points) {

@@ -2,6 +2,7 @@
 #include <cmath>
 #include <complex>
 #include <functional>
+#include <limits>
 #include <numbers>
 
 #include "matching/synthesis.h"
@@ -51,6 +52,7 @@ std::vector<MatchStages> SectionedMatches(Impedance load, double z0, double freq
     MatchStages stages;
     AddLine(stages, SeriesLine, point.degrees, frequency, z0);
     const std::vector<double> impedances = sections(point.resistance);
+    if (impedances.empty()) continue;
     // The sections run from the generator's side: the load's stage comes first.
     for (auto z = impedances.rbegin(); z != impedances.rend(); ++z) {
       AddLine(stages, SeriesLine, 90, frequency, *z);
@@ -60,9 +62,29 @@ std::vector<MatchStages> SectionedMatches(Impedance load, double z0, double freq
   return networks;
 }
 
-// The coefficients Γ0..ΓN of a symmetric multi-section transformer scaled so
-// that 2 ΣΓn = ln(zl / zs); `shape` gives them up to that scale.
-std::vector<double> StepsOf(double zs, double zl, std::vector<double> shape) {
+// The reflection of a symmetric transformer of N sections is
+// e^{-jNθ} A P(s cos θ), with θ the sections' electrical length, for a
+// polynomial P of degree N: x^N for the binomial one, the Chebyshev T_N for
+// the equal-ripple one. Γn, the step between sections n and n+1, is A times
+// the coefficient of e^{j(N-2n)θ} once cos θ is written (e^{jθ} + e^{-jθ}) / 2.
+std::vector<double> StepShape(const std::vector<double>& polynomial, double s) {
+  const int sections = static_cast<int>(polynomial.size()) - 1;
+  std::vector<double> shape(polynomial.size(), 0.0);
+  for (int k = 0; k <= sections; ++k) {
+    if (polynomial[k] == 0) continue;
+    const double weight = polynomial[k] * std::pow(s / 2, k);
+    for (int n = 0; n <= sections; ++n) {
+      const int twiceJ = k - sections + 2 * n;  // the power of e^{-jθ} taken j times
+      if (twiceJ < 0 || twiceJ % 2 != 0 || twiceJ / 2 > k) continue;
+      shape[n] += weight * std::tgamma(k + 1.0) / (std::tgamma(twiceJ / 2 + 1.0) * std::tgamma(k - twiceJ / 2 + 1.0));
+    }
+  }
+  return shape;
+}
+
+// The impedances after each step, generator side first, with A chosen so that
+// the steps (ln Z[n+1] / Z[n] = 2 Γn) add up to ln(zl / zs).
+std::vector<double> SectionsOfShape(double zs, double zl, const std::vector<double>& shape) {
   double sum = 0;
   for (const double g : shape) sum += 2 * g;
   const double scale = std::log(zl / zs) / sum;
@@ -75,24 +97,42 @@ std::vector<double> StepsOf(double zs, double zl, std::vector<double> shape) {
   return sections;
 }
 
+// T_N(x) as its coefficients of x^0..x^N.
+std::vector<double> ChebyshevPolynomial(int n) {
+  std::vector<double> previous = {1};
+  std::vector<double> current = {0, 1};
+  if (n == 0) return previous;
+  for (int k = 1; k < n; ++k) {
+    std::vector<double> next(current.size() + 1, 0.0);
+    for (std::size_t j = 0; j < current.size(); ++j) next[j + 1] += 2 * current[j];
+    for (std::size_t j = 0; j < previous.size(); ++j) next[j] -= previous[j];
+    previous = std::move(current);
+    current = std::move(next);
+  }
+  return current;
+}
+
 }  // namespace
 
 std::vector<MatchStages> StubMatches(Impedance load, double z0, double frequency) {
   const double r = load.R;
   const double x = load.X;
   // tan βd for the two points where the admittance is 1/z0 + jB (a classic closed form).
+  // A load of R = z0 has its second point a quarter wave on (tan βd infinite):
+  // there the admittance is the load's impedance over z0², 1/z0 + jX/z0².
   std::vector<double> tangents;
   if (std::fabs(r - z0) < 1e-12 * z0) {
-    tangents = {-x / (2 * z0)};
+    tangents = {-x / (2 * z0), std::numeric_limits<double>::infinity()};
   } else {
     const double root = std::sqrt(r * ((z0 - r) * (z0 - r) + x * x) / z0);
     tangents = {(x + root) / (r - z0), (x - root) / (r - z0)};
   }
   std::vector<MatchStages> networks;
   for (const double t : tangents) {
-    const double lineDegrees = Wrapped(std::atan(t) * 180 / kPi, 180);
-    const double b = (r * r * t - (z0 - x * t) * (x + z0 * t)) /
-                     (z0 * (r * r + (x + z0 * t) * (x + z0 * t)));
+    const double lineDegrees = std::isinf(t) ? 90 : Wrapped(std::atan(t) * 180 / kPi, 180);
+    const double b = std::isinf(t) ? x / (z0 * z0)
+                                   : (r * r * t - (z0 - x * t) * (x + z0 * t)) /
+                                         (z0 * (r * r + (x + z0 * t) * (x + z0 * t)));
     // The stub cancels B: an open stub of jY0 tan βl, a shorted one of −jY0 cot βl.
     const double open = Wrapped(std::atan(-b * z0) * 180 / kPi, 180);
     const double shorted = Wrapped(std::atan(1 / (b * z0)) * 180 / kPi, 180);
@@ -112,39 +152,18 @@ std::vector<MatchStages> QuarterWaveMatches(Impedance load, double z0, double fr
 }
 
 std::vector<double> BinomialSections(double zs, double zl, int sections) {
-  std::vector<double> shape;
-  double c = 1;  // C(N, n)
-  for (int n = 0; n <= sections; ++n) {
-    shape.push_back(c);
-    c = c * (sections - n) / (n + 1);
-  }
-  return StepsOf(zs, zl, shape);
+  std::vector<double> power(static_cast<std::size_t>(sections) + 1, 0.0);
+  power.back() = 1;
+  return SectionsOfShape(zs, zl, StepShape(power, 1));
 }
 
-std::vector<double> ChebyshevSections(double zs, double zl, int sections, double rippleDb) {
-  // The passband's largest reflection from the ripple of the insertion loss.
-  const double gammaMax = std::sqrt(1 - std::pow(10.0, -rippleDb / 10));
+std::vector<double> ChebyshevSections(double zs, double zl, int sections, double gammaMax) {
+  // At the centre (θ = 0) the reflection is A T_N(sec θm) = ln(zl / zs) / 2 and
+  // in the passband it ripples between 0 and |A| = gammaMax.
   const double ratio = std::fabs(std::log(zl / zs)) / (2 * gammaMax);
-  const double s = std::cosh(std::acosh(std::max(1.0, ratio)) / sections);  // sec θm
-  // Four sections step down in the middle for sec² θm below 4/3: kept at least there.
-  const double s2 = sections == 4 ? std::max(s * s, 4.0 / 3) : s * s;
-  // T_N(s cos θ) written as cosines of Nθ, (N−2)θ, ...: 2 Σ Γn cos((N−2n)θ).
-  // An even N has a ripple's peak at the centre, T_N(0) = ±1: it is taken
-  // off the constant term, so the working frequency is matched exactly and
-  // the passband ripples between 0 and twice the design's peak.
-  switch (sections) {
-    case 2: return StepsOf(zs, zl, {s2 / 2, s2, s2 / 2});
-    case 3: {
-      const double g0 = s2 * s / 2;
-      const double g1 = 3 * (s2 * s - s) / 2;
-      return StepsOf(zs, zl, {g0, g1, g1, g0});
-    }
-    default: {
-      const double g0 = s2 * s2 / 2;
-      const double g1 = 2 * (s2 * s2 - s2);
-      return StepsOf(zs, zl, {g0, g1, 3 * s2 * s2 - 4 * s2, g1, g0});
-    }
-  }
+  if (!(ratio > 1)) return {};
+  const double secThetaM = std::cosh(std::acosh(ratio) / sections);
+  return SectionsOfShape(zs, zl, StepShape(ChebyshevPolynomial(sections), secThetaM));
 }
 
 std::vector<MatchStages> BinomialMatches(Impedance load, double z0, double frequency, int sections) {
@@ -153,9 +172,9 @@ std::vector<MatchStages> BinomialMatches(Impedance load, double z0, double frequ
 }
 
 std::vector<MatchStages> ChebyshevMatches(Impedance load, double z0, double frequency, int sections,
-                                          double rippleDb) {
-  return SectionedMatches(load, z0, frequency, [z0, sections, rippleDb](double r) {
-    return ChebyshevSections(z0, r, sections, rippleDb);
+                                          double gammaMax) {
+  return SectionedMatches(load, z0, frequency, [z0, sections, gammaMax](double r) {
+    return ChebyshevSections(z0, r, sections, gammaMax);
   });
 }
 

@@ -29,12 +29,21 @@ class Builder {
     return *this;
   }
   MatchStages Stages() const { return stages_; }
+  // A Pi or T network with a part too small to count is an L network.
+  bool HasParts(std::size_t count) const { return stages_.size() == count; }
 
  private:
   double z0_;
   double omega_;
   MatchStages stages_;
 };
+
+// sqrt(x - 1) for the Q of a step to a virtual resistance x times the end's:
+// a rounding above 1 at the smallest Q is a step of none, not a tiny part.
+double StepQ(double ratio) {
+  constexpr double kRounding = 1e-12;
+  return ratio - 1 < kRounding ? 0 : std::sqrt(ratio - 1);
+}
 
 Impedance Admittance(Impedance z) {
   const double m = z.R * z.R + z.X * z.X;
@@ -83,16 +92,14 @@ std::vector<MatchStages> PiNetworks(Impedance load, double z0, double frequency,
   const Impedance y = Admittance(load);
   const double r = 1 / y.R;  // the load's parallel resistance
   const double virtualR = std::max(r, z0) / (q * q + 1);
-  const double q1 = std::sqrt(std::max(0.0, r / virtualR - 1));
-  const double q2 = std::sqrt(std::max(0.0, z0 / virtualR - 1));
+  const double q1 = StepQ(r / virtualR);
+  const double q2 = StepQ(z0 / virtualR);
   std::vector<MatchStages> networks;
   for (const double s : {1.0, -1.0}) {
     for (const double t : {1.0, -1.0}) {
-      networks.push_back(Builder(z0, frequency)
-                             .Shunt(s * q1 / r - y.X)
-                             .Series((s * q1 + t * q2) * virtualR)
-                             .Shunt(t * q2 / z0)
-                             .Stages());
+      Builder pi(z0, frequency);
+      pi.Shunt(s * q1 / r - y.X).Series((s * q1 + t * q2) * virtualR).Shunt(t * q2 / z0);
+      if (pi.HasParts(3)) networks.push_back(pi.Stages());
     }
   }
   return networks;
@@ -100,16 +107,14 @@ std::vector<MatchStages> PiNetworks(Impedance load, double z0, double frequency,
 
 std::vector<MatchStages> TNetworks(Impedance load, double z0, double frequency, double q) {
   const double virtualR = std::min(load.R, z0) * (q * q + 1);
-  const double q1 = std::sqrt(std::max(0.0, virtualR / load.R - 1));
-  const double q2 = std::sqrt(std::max(0.0, virtualR / z0 - 1));
+  const double q1 = StepQ(virtualR / load.R);
+  const double q2 = StepQ(virtualR / z0);
   std::vector<MatchStages> networks;
   for (const double s : {1.0, -1.0}) {
     for (const double t : {1.0, -1.0}) {
-      networks.push_back(Builder(z0, frequency)
-                             .Series(s * q1 * load.R - load.X)
-                             .Shunt((s * q1 + t * q2) / virtualR)
-                             .Series(t * q2 * z0)
-                             .Stages());
+      Builder tee(z0, frequency);
+      tee.Series(s * q1 * load.R - load.X).Shunt((s * q1 + t * q2) / virtualR).Series(t * q2 * z0);
+      if (tee.HasParts(3)) networks.push_back(tee.Stages());
     }
   }
   return networks;

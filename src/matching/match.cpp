@@ -112,6 +112,24 @@ bool OutOfRange(const Session& session, const MatchStage& stage) {
   return false;
 }
 
+// Puts into `session` the sweep the worst VSWR is taken over (see MatchBand)
+// and says which it is.
+constexpr int kBandAroundPoints = 201;
+constexpr double kBandAroundFraction = 0.1;
+MatchBand BandAround(Session& session, double frequency) {
+  if (session.LoadSource == 2) {
+    return {session.LoadFreq[1], session.LoadFreq[std::max<int>(session.SweepPoints, 1)], true};
+  }
+  if (session.SweepPoints >= 2 && session.SweepStart <= frequency && frequency <= session.SweepStop &&
+      session.SweepStart < session.SweepStop) {
+    return {session.SweepStart, session.SweepStop, true};
+  }
+  session.SweepStart = frequency * (1 - kBandAroundFraction);
+  session.SweepStop = frequency * (1 + kBandAroundFraction);
+  session.SweepPoints = kBandAroundPoints;
+  return {session.SweepStart, session.SweepStop, false};
+}
+
 MatchSolution Evaluate(const Session& session, MatchKind kind, const MatchStages& stages) {
   MatchSolution solution{kind, stages};
   solution.loadedQ = LoadedQ(session, kind, stages);
@@ -178,22 +196,36 @@ MatchLoad LoadToMatch(const Session& session) {
   return {{session.Value[0][1], session.Value[0][2]}, session.Frequency};
 }
 
+double RippleReflection(double rippleDb) { return std::sqrt(1 - std::pow(10.0, -rippleDb / 10)); }
+
+double DefaultLoadedQ(Impedance load, double z0) {
+  return std::max(1.0, 2 * std::max(SmallestPiQ(load, z0), SmallestTQ(load, z0)));
+}
+
 MatchResult FindMatches(const Session& session, const MatchRequest& request) {
   MatchResult result;
+  result.loadModel = request.loadModel;
   const auto [load, f] = LoadToMatch(session);
   const double z0 = session.SystemZ;
   if (!(load.R > 0) || !(f > 0) || !(z0 > 0) || !std::isfinite(load.X)) {
     result.notes.push_back("No matching network exists for a load without resistance.");
     return result;
   }
+  const double loadReflection = PlotImpedance(load.R, load.X, z0).rho;
+  if (loadReflection < 1e-9) {
+    result.alreadyMatched = true;
+    return result;
+  }
   Session base = session;
   if (base.LoadSource != 2) base.LoadSource = 1;
   base.DataIndex = base.LoadSource == 2 ? static_cast<int16_t>(base.SweepPoints / 2 + 1) : 1;
+  base.SweepLoadModel = request.loadModel;
+  result.band = BandAround(base, f);
 
-  const double smallestQ = std::max(SmallestPiQ(load, z0), SmallestTQ(load, z0));
-  const double q = request.loadedQ > 0 ? request.loadedQ : std::max(1.0, 2 * smallestQ);
+  const double q = request.loadedQ > 0 ? request.loadedQ : DefaultLoadedQ(load, z0);
   std::vector<int> sectionCounts = {2, 3, 4};
-  if (request.sections >= 2 && request.sections <= 4) sectionCounts = {request.sections};
+  if (request.sections >= 2 && request.sections <= kMostSections) sectionCounts = {request.sections};
+  const double gammaMax = RippleReflection(request.rippleDb);
 
   for (const MatchKind kind : request.kinds) {
     std::vector<MatchStages> found;
@@ -202,8 +234,8 @@ MatchResult FindMatches(const Session& session, const MatchRequest& request) {
       case MatchKind::Pi: case MatchKind::T: {
         const double smallest = kind == MatchKind::Pi ? SmallestPiQ(load, z0) : SmallestTQ(load, z0);
         if (q < smallest) {
-          result.refusal = "A loaded Q of " + QText(q) + " is too small for a " + MatchKindName(kind) +
-                           " network on this load: the smallest possible is " + QText(smallest) + ".";
+          result.refusals.push_back("A loaded Q of " + QText(q) + " is too small for a " + MatchKindName(kind) +
+                                    " network on this load: the smallest possible is " + QText(smallest) + ".");
           continue;
         }
         found = kind == MatchKind::Pi ? PiNetworks(load, z0, f, q) : TNetworks(load, z0, f, q);
@@ -211,21 +243,36 @@ MatchResult FindMatches(const Session& session, const MatchRequest& request) {
       }
       case MatchKind::Stub: found = StubMatches(load, z0, f); break;
       case MatchKind::QuarterWave: found = QuarterWaveMatches(load, z0, f); break;
-      case MatchKind::Binomial: case MatchKind::Chebyshev:
+      case MatchKind::Chebyshev:
+        if (gammaMax >= loadReflection) {
+          result.notes.push_back("No Chebyshev transformer: its ripple (|Gamma| " + QText(gammaMax) +
+                                 ") is at least the load's own mismatch (|Gamma| " + QText(loadReflection) +
+                                 "); one quarter-wave section does better.");
+          continue;
+        }
+        [[fallthrough]];
+      case MatchKind::Binomial:
         for (const int n : sectionCounts) {
           const auto more = kind == MatchKind::Binomial ? BinomialMatches(load, z0, f, n)
-                                                        : ChebyshevMatches(load, z0, f, n, request.rippleDb);
+                                                        : ChebyshevMatches(load, z0, f, n, gammaMax);
           found.insert(found.end(), more.begin(), more.end());
         }
         break;
     }
     std::vector<MatchStages> distinct;
+    bool tooLong = false;
     for (const MatchStages& stages : found) {
       const bool repeated = std::any_of(distinct.begin(), distinct.end(),
                                         [&stages](const MatchStages& d) { return SameStages(d, stages); });
+      tooLong = tooLong || stages.size() > kLastStage;
       if (!repeated && !stages.empty() && stages.size() <= kLastStage) distinct.push_back(stages);
     }
-    if (distinct.empty()) {
+    if (tooLong) {
+      result.notes.push_back(std::string("A ") + MatchKindName(kind) +
+                             " transformer with its line to the load's real point needs more than the network's " +
+                             std::to_string(kLastStage) + " stages: left out.");
+    }
+    if (distinct.empty() && !tooLong) {
       result.notes.push_back(std::string("No ") + MatchKindName(kind) + " match exists for this load.");
     }
     for (const MatchStages& stages : distinct) result.solutions.push_back(Evaluate(base, kind, stages));

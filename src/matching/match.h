@@ -32,13 +32,15 @@ struct MatchSolution {
   MatchResponse response = MatchResponse::BandPass;
   bool passesDC = false;           // a DC path from the generator to the load
   Impedance input;                 // at the working frequency, the parts with the default Q
-  double worstVSWR = 0;            // over the sweep (the settings or the load-data points)
+  double worstVSWR = 0;            // over the result's band
   bool outOfRange = false;         // a value the Design page would not accept as it is
 };
 
-// What to compute: the kinds, the loaded Q of the Pi and T networks (0: twice
-// the smallest possible), the sections of the multi-section transformers (0:
-// 2, 3 and 4) and the Chebyshev passband ripple in dB of insertion loss.
+// What to compute: the kinds, the loaded Q of the Pi and T networks (0: the
+// default, DefaultLoadedQ), the sections of the multi-section transformers
+// (0: 2, 3 and 4; up to 7), the Chebyshev passband ripple as the largest
+// mismatch loss in dB over the passband (RippleReflection gives its |Γ|), and
+// how the worst VSWR takes the load over the band.
 struct MatchRequest {
   std::vector<MatchKind> kinds = {MatchKind::L,          MatchKind::Pi,       MatchKind::T,
                                   MatchKind::Stub,       MatchKind::QuarterWave,
@@ -46,12 +48,32 @@ struct MatchRequest {
   double loadedQ = 0;
   int sections = 0;
   double rippleDb = 0.1;
+  LoadModel loadModel = LoadModel::Fixed;
+};
+
+inline constexpr int kMostSections = 7;
+
+// |Γ| = sqrt(1 - 10^(-dB/10)): 0.1 dB is |Γ| 0.1526.
+double RippleReflection(double rippleDb);
+
+// Twice the larger of the smallest Pi and smallest T loaded Q, and at least 1.
+double DefaultLoadedQ(Impedance load, double z0);
+
+// The band the worst VSWR is taken over: the load-data points, or the sweep
+// settings when they hold the working frequency, else 10 % either side of it.
+struct MatchBand {
+  double start = 0;
+  double stop = 0;
+  bool fromSweep = true;
 };
 
 struct MatchResult {
   std::vector<MatchSolution> solutions;  // lowest loaded Q first
-  std::vector<std::string> notes;        // a kind that has no solution for this load
-  std::string refusal;                   // a loaded Q below the smallest possible
+  std::vector<std::string> notes;        // a kind that has no solution for this load, and why
+  std::vector<std::string> refusals;     // a kind refused: a loaded Q below its smallest possible
+  bool alreadyMatched = false;           // |Γ| of the load below 1e-9: nothing to list
+  MatchBand band;
+  LoadModel loadModel = LoadModel::Fixed;
 };
 
 // The load the network is matched for: at the working frequency, the
@@ -63,7 +85,8 @@ struct MatchLoad {
 MatchLoad LoadToMatch(const Session& session);
 
 // Every matching network of the requested kinds from the load to the system
-// impedance, in closed form, with its figures.
+// impedance, in closed form, with its figures. A kind that cannot be made is
+// a note or a refusal; the other kinds go on.
 MatchResult FindMatches(const Session& session, const MatchRequest& request);
 
 // Puts `solution` into stages 1..n through the Design page's Accept rules

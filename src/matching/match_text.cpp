@@ -47,12 +47,20 @@ std::string MatchPartsText(const MatchSolution& solution) {
   return OneBlank(text) + (solution.outOfRange ? " (a value outside what the Design page accepts)" : "");
 }
 
+std::string MatchBandText(const MatchResult& result) {
+  return OneBlank("worst VSWR over " + FormatSI(result.band.start) + "Hz to " + FormatSI(result.band.stop) + "Hz (" +
+                  (result.band.fromSweep ? "the sweep" : "10 % either side of the working frequency") + "), load " +
+                  LoadModelName(result.loadModel));
+}
+
 std::string MatchTable(const Session& session, const MatchResult& result) {
   const MatchLoad load = LoadToMatch(session);
   std::string text = OneBlank("Load " + LoadValueText(load.z.R, load.z.X) + " ohms at " +
                               FormatSI(load.frequency) + "Hz to " + FormatGeneral(session.SystemZ) +
-                              " ohms") + "\n" +
-                     " #  kind          loaded Q  response   DC      worst VSWR  input (ohms)          parts from the load\n";
+                              " ohms") + "\n";
+  if (result.alreadyMatched) return text + "The load is already matched.\n";
+  text += MatchBandText(result) + "\n" +
+          " #  kind          loaded Q  response   DC      worst VSWR  input (ohms)          parts from the load\n";
   for (std::size_t n = 0; n < result.solutions.size(); ++n) {
     const MatchSolution& s = result.solutions[n];
     char row[160];

@@ -4,103 +4,31 @@
 
 #include <algorithm>
 #include <cmath>
-#include <limits>
+#include <stdexcept>
 
+#include "matching/band_objective.h"
+#include "matching/search_space.h"
 #include "model/reflection.h"
-#include "model/sweep_indexes.h"
 #include "model/vector_state.h"
-#include "model/worst_reflection.h"
 
 namespace kalvex {
 namespace {
 
-// One value the search moves: stage, slot, bounds, and whether on a log scale.
-struct Variable {
-  int stage;
-  int slot;
-  double low;
-  double high;
-  bool logarithmic;
-};
+using Vector = std::vector<double>;
+using Indexes = std::vector<std::size_t>;
 
-void AddVariables(std::vector<Variable>& variables, int s, int16_t type, bool freeImpedances) {
-  auto add = [&](int slot, double low, double high, bool logarithmic) {
-    variables.push_back({s, slot, low, high, logarithmic});
-  };
-  switch (type) {
-    case SeriesCapacitor: case ShuntCapacitor: add(1, 1e-12, 1e-3, true); break;
-    case SeriesInductor: case ShuntInductor: add(1, 1e-12, 1, true); break;
-    case SeriesLine: case SeriesShortedStub: case SeriesOpenStub: case ShuntShortedStub: case ShuntOpenStub:
-      add(1, 0.01, 360, false);
-      if (freeImpedances) add(3, 1, 1000, true);
-      break;
-    case ShuntSeriesLC: case SeriesParallelLC:
-      add(1, 1e-9, 1, true);
-      add(3, 1e-12, 1e-3, true);
-      break;
-    case SeriesResistor: case ShuntResistor: add(1, 1, 1e6, true); break;
-    default: break;
-  }
-}
+// The global stage runs on this many points of the band, spread evenly with
+// both ends; the polish adds the points that need it.
+constexpr std::size_t kCoarsePoints = 48;
+constexpr int kLocalIterations = 300;
+constexpr int kExchangeRounds = 8;
 
-// The worst |Γ| of the network with the variables at x (search units).
-class WorstReflection {
- public:
-  WorstReflection(const Session& session, std::vector<Variable> variables, bool overBand)
-      : trial_(session), variables_(std::move(variables)) {
-    if (trial_.LoadSource != 2) trial_.LoadSource = 1;
-    const double working = trial_.Frequency;
-    if (overBand && trial_.LoadSource == 2) {
-      for (int k = 1; k <= std::min<int>(trial_.SweepPoints, kLoadPointCount - 1); ++k) points_.push_back(k);
-    } else if (overBand && trial_.SweepPoints > 0) {
-      const int count = std::min<int>(trial_.SweepPoints, kSweepPointCount - 1);
-      for (int k = 0; k < count; ++k) {
-        frequencies_.push_back(count > 1 ? trial_.SweepStart + k * (trial_.SweepStop - trial_.SweepStart) / (count - 1)
-                                         : trial_.SweepStart);
-      }
-    } else if (trial_.LoadSource == 2) {
-      points_.push_back(trial_.SweepPoints / 2 + 1);
-    } else {
-      frequencies_.push_back(working);
-    }
-  }
-
-  double ToSearch(std::size_t k, double value) const {
-    const Variable& v = variables_[k];
-    const double clamped = std::clamp(std::isfinite(value) && value > 0 ? value : std::sqrt(v.low * v.high), v.low, v.high);
-    return v.logarithmic ? std::log10(clamped) : clamped;
-  }
-  double FromSearch(std::size_t k, double x) const {
-    return variables_[k].logarithmic ? std::pow(10.0, x) : x;
-  }
-  double Low(std::size_t k) const { return ToSearch(k, variables_[k].low); }
-  double High(std::size_t k) const { return ToSearch(k, variables_[k].high); }
-  std::size_t Size() const { return variables_.size(); }
-
-  double operator()(const std::vector<double>& x) {
-    ++evaluations_;
-    for (std::size_t k = 0; k < variables_.size(); ++k) {
-      trial_.Value[variables_[k].stage][variables_[k].slot] = FromSearch(k, x[k]);
-    }
-    const double worst = WorstPlottedRho(trial_, points_, frequencies_);
-    return std::isfinite(worst) ? worst : 1;
-  }
-
-  int Evaluations() const { return evaluations_; }
-  std::size_t Points() const { return points_.size() + frequencies_.size(); }
-
- private:
-  Session trial_;
-  std::vector<Variable> variables_;
-  std::vector<int> points_;
-  std::vector<double> frequencies_;
-  int evaluations_ = 0;
-};
+double VSWROfSquared(double squared) { return VSWROf(std::min(std::sqrt(squared), 1.0)); }
 
 // The n-th point of the Halton sequence in the unit cube of `dimensions`.
-std::vector<double> Halton(int n, std::size_t dimensions) {
+Vector Halton(int n, std::size_t dimensions) {
   static const int kPrimes[] = {2, 3, 5, 7, 11, 13, 17, 19, 23, 29, 31, 37, 41, 43, 47};
-  std::vector<double> point;
+  Vector point;
   for (std::size_t d = 0; d < dimensions; ++d) {
     const int base = kPrimes[d % std::size(kPrimes)];
     double f = 1;
@@ -114,111 +42,308 @@ std::vector<double> Halton(int n, std::size_t dimensions) {
   return point;
 }
 
-double VSWROfReflection(double rho) { return VSWROf(std::min(rho, 1.0)); }
+// Every `step`-th point and the last: the coarse set.
+Indexes Spread(std::size_t points, std::size_t wanted) {
+  Indexes indexes;
+  if (points <= wanted) {
+    for (std::size_t k = 0; k < points; ++k) indexes.push_back(k);
+    return indexes;
+  }
+  for (std::size_t k = 0; k < wanted; ++k) indexes.push_back(k * (points - 1) / (wanted - 1));
+  return indexes;
+}
+
+// The search over the free values in search units: keeps the best network
+// found over every point, reports progress and stops when asked.
+class Search {
+ public:
+  Search(BandObjective& objective, std::vector<SearchVariable> variables, const OptimiseProgress& progress)
+      : objective_(objective), variables_(std::move(variables)), progress_(progress) {
+    for (const SearchVariable& v : variables_) {
+      low_.push_back(v.SearchLow());
+      high_.push_back(v.SearchHigh());
+    }
+  }
+
+  std::size_t Size() const { return variables_.size(); }
+  const Vector& Low() const { return low_; }
+  const Vector& High() const { return high_; }
+  int Evaluations() const { return evaluations_; }
+  double Best() const { return best_; }
+  const Vector& BestValues() const { return bestX_; }
+
+  // A best to beat (the start as it stands); no values: the start itself.
+  void Offer(double worst) { best_ = worst; }
+
+  // Over some points; the best of these is remembered, so that a stop in the
+  // middle of the global stage can still give it (Settle).
+  double Worst(const Vector& x, const Indexes& points) {
+    Set(x);
+    const double worst = objective_.Worst(points);
+    if (worst < bestPartial_) {
+      bestPartial_ = worst;
+      bestPartialX_ = x;
+    }
+    return Counted(worst);
+  }
+
+  // After a stop: the best network on some points, taken over every point.
+  void Settle() {
+    if (bestPartialX_.empty()) return;
+    Set(bestPartialX_);
+    const double worst = objective_.WorstOfAll();
+    if (worst < best_) {
+      best_ = worst;
+      bestX_ = bestPartialX_;
+    }
+  }
+
+  void Reflections(const Vector& x, const Indexes& points, Vector& squared) {
+    Set(x);
+    objective_.Reflections(points, squared);
+    Counted(0);
+  }
+
+  // Over every point; the best so far is kept.
+  double WorstOfAll(const Vector& x) {
+    Set(x);
+    const double worst = objective_.WorstOfAll();
+    if (worst < best_) {
+      best_ = worst;
+      bestX_ = x;
+    }
+    Counted(0);
+    return worst;
+  }
+
+ private:
+  void Set(const Vector& x) {
+    for (std::size_t k = 0; k < variables_.size(); ++k) {
+      objective_.SetValue(variables_[k].stage, variables_[k].slot, variables_[k].FromSearch(x[k]));
+    }
+  }
+  double Counted(double value) {
+    ++evaluations_;
+    if (progress_ && !progress_(evaluations_, VSWROfSquared(best_))) throw nlopt::forced_stop();
+    return value;
+  }
+
+  BandObjective& objective_;
+  std::vector<SearchVariable> variables_;
+  const OptimiseProgress& progress_;
+  Vector low_;
+  Vector high_;
+  int evaluations_ = 0;
+  double best_ = 2;  // above any |Γ|²
+  Vector bestX_;
+  double bestPartial_ = 2;
+  Vector bestPartialX_;
+};
+
+// The local minimax over `points` from x: minimise t subject to |Γk(x)|² <= t,
+// smooth in (x, t), with SLSQP and central differences. x becomes the result;
+// returns its worst |Γ|² over `points`.
+double LocalMinimax(Search& search, Vector& x, const Indexes& points) {
+  const std::size_t n = search.Size();
+  struct Context {
+    Search& search;
+    const Indexes& points;
+    Vector squared;
+    Vector ahead;
+    Vector behind;
+  } context{search, points, {}, {}, {}};
+
+  nlopt::opt local(nlopt::LD_SLSQP, static_cast<unsigned>(n + 1));
+  Vector low = search.Low();
+  Vector high = search.High();
+  low.push_back(0);
+  high.push_back(1);
+  local.set_lower_bounds(low);
+  local.set_upper_bounds(high);
+  local.set_min_objective(
+      [](const Vector& y, Vector& gradient, void*) {
+        if (!gradient.empty()) {
+          std::fill(gradient.begin(), gradient.end(), 0.0);
+          gradient.back() = 1;
+        }
+        return y.back();
+      },
+      nullptr);
+  const Vector tolerances(points.size(), 1e-14);
+  local.add_inequality_mconstraint(
+      [](unsigned m, double* result, unsigned dimensions, const double* y, double* gradient, void* data) {
+        auto& c = *static_cast<Context*>(data);
+        const std::size_t n = dimensions - 1;
+        Vector x(y, y + n);
+        c.search.Reflections(x, c.points, c.squared);
+        for (unsigned k = 0; k < m; ++k) result[k] = c.squared[k] - y[n];
+        if (!gradient) return;
+        for (std::size_t d = 0; d < n; ++d) {
+          const double h = 1e-7 * (c.search.High()[d] - c.search.Low()[d]);
+          const double up = std::min(x[d] + h, c.search.High()[d]);
+          const double down = std::max(x[d] - h, c.search.Low()[d]);
+          const double centre = x[d];
+          x[d] = up;
+          c.search.Reflections(x, c.points, c.ahead);
+          x[d] = down;
+          c.search.Reflections(x, c.points, c.behind);
+          x[d] = centre;
+          for (unsigned k = 0; k < m; ++k) gradient[k * dimensions + d] = (c.ahead[k] - c.behind[k]) / (up - down);
+        }
+        for (unsigned k = 0; k < m; ++k) gradient[k * dimensions + n] = -1;
+      },
+      &context, tolerances);
+  // No tolerance on t: SLSQP's steps may leave the constraints with t still
+  // while it works its way back, and a test on t alone would end it there.
+  local.set_xtol_rel(1e-10);
+  local.set_maxeval(kLocalIterations);
+
+  const double before = search.Worst(x, points);
+  Vector y = x;
+  y.push_back(std::min(before, 1.0));
+  double t = y.back();
+  try {
+    local.optimize(y, t);
+  } catch (const nlopt::roundoff_limited&) {
+  } catch (const std::invalid_argument&) {
+  } catch (const std::runtime_error&) {
+  }
+  // SLSQP may end a little outside its constraints or, failing, anywhere:
+  // the points' own worst decides.
+  y.pop_back();
+  const double after = search.Worst(y, points);
+  if (after < before) {
+    x = y;
+    return after;
+  }
+  return before;
+}
+
+// The local minimum over every point: the minimax on `points` from x, then
+// the points whose |Γ| rises above that worst added (the local peaks of the
+// whole band), until none does.
+double Polish(Search& search, Vector& x, Indexes points, std::size_t allPoints) {
+  Indexes all(allPoints);
+  for (std::size_t k = 0; k < allPoints; ++k) all[k] = k;
+  Vector squared;
+  double worst = search.WorstOfAll(x);
+  for (int round = 0; round < kExchangeRounds; ++round) {
+    const double onPoints = LocalMinimax(search, x, points);
+    search.Reflections(x, all, squared);
+    worst = search.WorstOfAll(x);
+    bool added = false;
+    for (std::size_t k = 0; k < allPoints; ++k) {
+      const bool peak = (k == 0 || squared[k] >= squared[k - 1]) && (k + 1 == allPoints || squared[k] >= squared[k + 1]);
+      if (peak && squared[k] > onPoints * (1 + 1e-9) + 1e-15 &&
+          std::find(points.begin(), points.end(), k) == points.end()) {
+        points.push_back(k);
+        added = true;
+      }
+    }
+    if (!added) break;
+  }
+  return worst;
+}
+
+// The Halton set's best points, no two within a tenth of the range in every
+// value of each other, so that the local searches start in different basins.
+std::vector<Vector> DistinctBest(std::vector<std::pair<double, Vector>> samples, const Search& search,
+                                 std::size_t wanted) {
+  std::stable_sort(samples.begin(), samples.end(), [](const auto& a, const auto& b) { return a.first < b.first; });
+  std::vector<Vector> chosen;
+  for (const auto& [value, x] : samples) {
+    if (chosen.size() == wanted) break;
+    const bool near = std::any_of(chosen.begin(), chosen.end(), [&](const Vector& c) {
+      for (std::size_t d = 0; d < x.size(); ++d) {
+        if (std::fabs(c[d] - x[d]) > 0.1 * (search.High()[d] - search.Low()[d])) return false;
+      }
+      return true;
+    });
+    if (!near) chosen.push_back(x);
+  }
+  return chosen;
+}
 
 }  // namespace
 
 OptimiseResult Optimise(const Session& session, const OptimiseRequest& request,
-                        const OptimiseProgress& progress) {
+                        const OptimiseProgress& progress, const OptimiseEffort& effort) {
   ClearUpperVectorState();  // the search's own arithmetic, often in a worker thread
-  std::vector<Variable> variables;
-  for (const int s : request.freeStages) {
-    if (s >= 1 && s <= kLastStage) AddVariables(variables, s, session.ElementType[s], request.freeImpedances);
-  }
-  WorstReflection worst(session, variables, request.overBand);
-  const std::size_t n = worst.Size();
-  std::vector<double> start(n);
-  for (std::size_t k = 0; k < n; ++k) start[k] = worst.ToSearch(k, session.Value[variables[k].stage][variables[k].slot]);
-
   OptimiseResult result;
-  std::vector<double> best = start;
-  double bestValue = n > 0 ? worst(start) : 0;
-  const double startValue = bestValue;
+  result.loadModel = request.loadModel;
+  result.wideBounds = request.wideBounds;
+  const std::vector<SearchVariable> variables =
+      SearchVariables(session, request.freeStages, request.freeImpedances, request.wideBounds);
+  BandObjective objective(session, request.overBand, request.loadModel);
+  Search search(objective, variables, progress);
+  const std::size_t n = variables.size();
+
   // The start as it stands (its values may lie outside the bounds): the result
   // is never worse than this.
-  {
-    WorstReflection asIs(session, {}, request.overBand);
-    const double asIsValue = asIs({});
-    result.before = VSWROfReflection(asIsValue);
-    if (asIsValue <= bestValue) {
-      bestValue = asIsValue;
-      best.clear();
+  const double asIs = objective.WorstOfAll();
+  result.before = VSWROfSquared(asIs);
+  search.Offer(asIs);
+
+  if (n > 0 && objective.Points() > 0) {
+    Vector start(n);
+    for (std::size_t k = 0; k < n; ++k) {
+      start[k] = variables[k].ToSearch(session.Value[variables[k].stage][variables[k].slot]);
     }
-  }
-
-  if (n > 0) {
-    // Roughly a second's work whatever the number of points.
-    const int budget = static_cast<int>(std::clamp<std::size_t>(4'000'000 / std::max<std::size_t>(worst.Points(), 1), 2000, 40000));
-    auto objective = [](const std::vector<double>& x, std::vector<double>&, void* data) {
-      auto* context = static_cast<std::pair<WorstReflection*, const OptimiseProgress*>*>(data);
-      const double value = (*context->first)(x);
-      if (*context->second && !(*context->second)(context->first->Evaluations(), VSWROfReflection(value))) {
-        throw nlopt::forced_stop();
-      }
-      return value;
-    };
-    std::pair<WorstReflection*, const OptimiseProgress*> context{&worst, &progress};
-
-    // Starting points: the present values and the best of a Halton set.
-    std::vector<std::pair<double, std::vector<double>>> candidates;
-    const int samples = static_cast<int>(std::min<std::size_t>(32 * n, 256));
+    const Indexes coarse = Spread(objective.Points(), kCoarsePoints);
     try {
-      for (int k = 1; k <= samples; ++k) {
-        std::vector<double> x = Halton(k, n);
-        for (std::size_t d = 0; d < n; ++d) x[d] = worst.Low(d) + x[d] * (worst.High(d) - worst.Low(d));
-        std::vector<double> unused;
-        candidates.push_back({objective(x, unused, &context), x});
+      search.WorstOfAll(start);
+      std::vector<std::pair<double, Vector>> samples;
+      const int count = effort.samplesPerValue * static_cast<int>(n);
+      for (int k = 1; k <= count; ++k) {
+        Vector x = Halton(k, n);
+        for (std::size_t d = 0; d < n; ++d) x[d] = search.Low()[d] + x[d] * (search.High()[d] - search.Low()[d]);
+        samples.push_back({search.Worst(x, coarse), x});
       }
-      std::stable_sort(candidates.begin(), candidates.end(),
-                       [](const auto& a, const auto& b) { return a.first < b.first; });
-      candidates.resize(std::min<std::size_t>(candidates.size(), 3));
-      candidates.insert(candidates.begin(), {startValue, start});
+      std::vector<Vector> starts = DistinctBest(std::move(samples), search, effort.localStarts);
+      starts.insert(starts.begin(), start);
 
-      std::vector<double> low(n), high(n);
-      for (std::size_t d = 0; d < n; ++d) {
-        low[d] = worst.Low(d);
-        high[d] = worst.High(d);
+      std::vector<std::pair<double, Vector>> minima;
+      for (Vector& x : starts) {
+        const double worst = LocalMinimax(search, x, coarse);
+        minima.push_back({worst, x});
       }
-      // Nelder-Mead on the worst case: measured against Subplex, COBYLA and
-      // BOBYQA on five parts over 2,000 points it reached the lowest worst
-      // VSWR in the same time; BOBYQA, which models a smooth function, misses
-      // the corners of the worst case.
-      for (auto& [value, x] : candidates) {
-        nlopt::opt local(nlopt::LN_NELDERMEAD, static_cast<unsigned>(n));
-        local.set_lower_bounds(low);
-        local.set_upper_bounds(high);
-        local.set_min_objective(objective, &context);
-        local.set_xtol_rel(1e-12);
-        local.set_ftol_abs(1e-14);
-        local.set_maxeval(budget / static_cast<int>(candidates.size()));
-        double found = value;
-        try {
-          local.optimize(x, found);
-        } catch (const nlopt::roundoff_limited&) {
-        } catch (const std::invalid_argument&) {
-        }
-        if (found < bestValue) {
-          bestValue = found;
-          best = x;
-        }
+      for (const Vector& x : DistinctBest(std::move(minima), search, effort.polished)) {
+        Vector polished = x;
+        Polish(search, polished, coarse, objective.Points());
       }
     } catch (const nlopt::forced_stop&) {
       result.cancelled = true;
+      search.Settle();
     }
   }
 
-  result.evaluations = worst.Evaluations();
-  result.after = VSWROfReflection(bestValue);
+  result.evaluations = search.Evaluations();
+  result.after = VSWROfSquared(search.Best());
+  const Vector& best = search.BestValues();
   for (const int s : request.freeStages) {
     if (s < 1 || s > kLastStage) continue;
     OptimisedStage stage{s, session.ElementType[s]};
     for (int j = 1; j <= kValueSlots; ++j) stage.values[j] = session.Value[s][j];
     for (std::size_t k = 0; k < best.size(); ++k) {
-      if (variables[k].stage == s) stage.values[variables[k].slot] = worst.FromSearch(k, best[k]);
+      if (variables[k].stage != s) continue;
+      const double value = variables[k].FromSearch(best[k]);
+      stage.values[variables[k].slot] = value;
+      stage.onBound = stage.onBound || OnBound(variables[k], value);
+      stage.negligible = stage.negligible || NegligiblePart(session, stage.type, variables[k].slot, value);
     }
     result.stages.push_back(stage);
   }
   return result;
+}
+
+std::string OptimisedPartsNote(const OptimiseResult& result) {
+  std::string note;
+  for (const OptimisedStage& stage : result.stages) {
+    const std::string name = "Stage " + std::to_string(stage.stage) + " (" + PartName(stage.type) + ")";
+    if (stage.onBound) note += name + " ended on a bound of its range.\n";
+    if (stage.negligible) note += name + " has a negligible reactance: it could be left out.\n";
+  }
+  return note;
 }
 
 void ApplyOptimised(Session& session, const OptimiseResult& result) {

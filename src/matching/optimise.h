@@ -1,49 +1,74 @@
 #pragma once
 
 #include <functional>
+#include <string>
 #include <vector>
 
 #include "design/network_editor.h"
+#include "model/load_model.h"
 #include "model/session.h"
 
 namespace kalvex {
 
 // What to tune: the stages whose parts are free (the others stay locked),
-// whether the line and stub impedances are free too, and whether the goal is
-// the worst point of the sweep (its settings, or the load-data points) or the
-// working frequency alone.
+// whether the line and stub impedances are free too, whether the goal is the
+// worst point of the sweep (its settings, or the load-data points) or the
+// working frequency alone, whether values range as widely as the Design page
+// takes them or only where parts can be built (see SearchVariables), and how
+// the network's own load is taken over the band.
 struct OptimiseRequest {
   std::vector<int> freeStages;
   bool freeImpedances = false;
   bool overBand = true;
+  bool wideBounds = false;
+  LoadModel loadModel = LoadModel::Fixed;
 };
 
 struct OptimisedStage {
   int stage = 0;
   int16_t type = Empty;
   StageValues values{};
+  bool onBound = false;     // a value ended on an end of its search range
+  bool negligible = false;  // its part hardly changes the network: it could be left out
 };
 
 struct OptimiseResult {
   double before = 0;  // worst VSWR at the start
   double after = 0;   // and at the result, never above `before`
   std::vector<OptimisedStage> stages;  // each free stage with its new values
-  int evaluations = 0;
+  int evaluations = 0;                 // networks calculated over every point
   bool cancelled = false;
+  LoadModel loadModel = LoadModel::Fixed;
+  bool wideBounds = false;
 };
 
 // Told the evaluations so far and the best worst VSWR yet; returns false to
 // stop (the best found so far is then the result).
 using OptimiseProgress = std::function<bool(int evaluations, double worstVSWR)>;
 
-// Tunes the free stages' values for the smallest worst-case reflection, with
-// NLopt: deterministic starting points (the present values and a Halton set
-// over the bounds), each refined by a derivative-free local search on the
-// worst case. Values that span decades are searched on a log scale, within
-// what the Design page accepts for their type. The same input gives the same
-// result; where nothing better is found the result is the start.
+// Tunes the free stages' values for the smallest worst-case reflection over
+// the goal's points, with NLopt: a global stage (a Halton set over the bounds
+// on a subset of the points, its best distinct points and the present values
+// each taken to their local minimax with SLSQP on t >= |Γ|² at every point),
+// then the best few polished over every point, adding the points that rise
+// above the subset's worst until none does. The same input gives the same
+// result; where nothing better is found the result is the start; a stop asked
+// by `progress` gives the best found so far.
+// How hard the global stage looks. The defaults reach the best network of
+// every hard case in bench/ within 0.05 dB; a long reference run raises them.
+struct OptimiseEffort {
+  int samplesPerValue = 400;      // Halton points per free value, on the coarse points
+  std::size_t localStarts = 24;   // the best distinct ones taken to a local minimum
+  std::size_t polished = 4;       // the best distinct minima polished over every point
+};
+
 OptimiseResult Optimise(const Session& session, const OptimiseRequest& request,
-                        const OptimiseProgress& progress = nullptr);
+                        const OptimiseProgress& progress = nullptr, const OptimiseEffort& effort = {});
+
+// The free parts to look at again, one line each: "Stage 3 (series capacitor)
+// ended on a bound of its range." and "... has a negligible reactance: it
+// could be left out."; "" when there are none.
+std::string OptimisedPartsNote(const OptimiseResult& result);
 
 // Writes the result's values into the session's stages.
 void ApplyOptimised(Session& session, const OptimiseResult& result);

@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <string>
 
+#include "model/load_model.h"
 #include "platform/colour.h"
 
 namespace kalvex {
@@ -68,6 +69,9 @@ struct Session {
   double Frequency = 0;
   double SystemZ = 0;
   int16_t LoadSource = 0;  // 1 = the network's own load, 2 = the load-data table
+  // How a sweep takes the network's own load away from Frequency; the
+  // commands and windows that offer the choice set it on their own copy.
+  LoadModel SweepLoadModel = LoadModel::Fixed;
   int16_t PointIndex = 0;
   int16_t DataIndex = 0;
 

@@ -37,6 +37,8 @@ BandWindow::BandWindow(const Session& session, Dialogs& dialogs)
             {QKeySequence(Qt::Key_R), "Return loss against frequency",
              [this] { Show(BandQuantity::ReturnLoss); }},
             {QKeySequence(Qt::Key_G), "|Gamma| against frequency", [this] { Show(BandQuantity::Gamma); }},
+            {QKeySequence(Qt::Key_L), "The load fixed (R + jX at every frequency) or fitted (R with the C or L of X)",
+             [this] { Show(loadModel_ == LoadModel::Fixed ? LoadModel::Fitted : LoadModel::Fixed); }},
             {QKeySequence(Qt::CTRL | Qt::Key_E), "Export the plot as PNG, SVG or PDF",
              [this] { ExportImage(dialogs_, "Export band plot", kBandPage); }},
             {QKeySequence(Qt::CTRL | Qt::Key_P), "Print the plot", [this] { Print(); }}});
@@ -47,9 +49,14 @@ void BandWindow::Show(BandQuantity quantity) {
   Refresh();
 }
 
+void BandWindow::Show(LoadModel loadModel) {
+  loadModel_ = loadModel;
+  Refresh();
+}
+
 void BandWindow::Refresh() {
   Drawing().Clear(kWhite);
-  DrawBandPlot(ComputeBandFigures(session_), quantity_, Drawing());
+  DrawBandPlot(ComputeBandFigures(session_, kDefaultThresholds, loadModel_), quantity_, Drawing());
   update();
 }
 
@@ -57,7 +64,7 @@ void BandWindow::Print() {
   std::string error;
   const std::unique_ptr<PrintJob> job = dialogs_.StartPrint(kBandPage, error);
   if (!job) return;  // a cancelled print dialog says nothing
-  DrawBandPlot(ComputeBandFigures(session_), quantity_, job->Page());
+  DrawBandPlot(ComputeBandFigures(session_, kDefaultThresholds, loadModel_), quantity_, job->Page());
   if (const std::string failure = job->Finish(); !failure.empty()) dialogs_.Message(failure);
 }
 

@@ -24,6 +24,8 @@ class BandWindow : public Page {
 
   void Show(BandQuantity quantity);
   BandQuantity Quantity() const { return quantity_; }
+  void Show(LoadModel loadModel);
+  LoadModel LoadModelShown() const { return loadModel_; }
 
  private:
   BandWindow(const Session& session, Dialogs& dialogs);
@@ -33,6 +35,7 @@ class BandWindow : public Page {
   const Session& session_;
   Dialogs& dialogs_;
   BandQuantity quantity_ = BandQuantity::VSWR;
+  LoadModel loadModel_ = LoadModel::Fixed;
 };
 
 }  // namespace kalvex

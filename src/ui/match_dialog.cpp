@@ -37,8 +37,8 @@ MatchDialog::MatchDialog(Session& session, QWidget* parent)
   setModal(true);
   DialogFrame(this);
   cboKind->addItems({"All kinds", "L", "Pi", "T", "Stub", "Quarter-wave", "Multi-section"});
-  cboSections->addItems({"2 to 4", "2", "3", "4"});
-  txtQ->setPlaceholderText("twice the smallest");
+  cboSections->addItems({"2 to 4", "2", "3", "4", "5", "6", "7"});
+  txtQ->setPlaceholderText("twice the smallest, at least 1");
   lstSolutions->setColumnCount(6);
   lstSolutions->setHorizontalHeaderLabels({"Kind", "Parts from the load", "Loaded Q", "Response", "DC", "Worst VSWR"});
   lstSolutions->setSelectionBehavior(QAbstractItemView::SelectRows);
@@ -96,8 +96,9 @@ void MatchDialog::Compute() {
   lstSolutions->resizeColumnToContents(0);
   if (lstSolutions->rowCount() > 0) lstSolutions->selectRow(0);
   QStringList notes;
+  notes << Q(result_.alreadyMatched ? "The load is already matched." : MatchBandText(result_));
   for (const std::string& note : result_.notes) notes << Q(note);
-  if (!result_.refusal.empty()) notes << Q(result_.refusal);
+  for (const std::string& refusal : result_.refusals) notes << Q(refusal);
   lblNotes->setText(notes.join("\n"));
   cmdApply->setEnabled(lstSolutions->rowCount() > 0);
 }

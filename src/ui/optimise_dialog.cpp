@@ -13,6 +13,8 @@ namespace kalvex {
 OptimiseDialog::OptimiseDialog(Session& session, QWidget* parent)
     : QDialog(parent),
       chkImpedances(new QCheckBox("Line and stub impedances free too", this)),
+      chkWideBounds(new QCheckBox("Wide bounds: every value the Design page takes", this)),
+      cboLoadModel(new QComboBox(this)),
       optBand(new QRadioButton("Worst point over the sweep band", this)),
       optWorking(new QRadioButton("At the working frequency", this)),
       cmdStart(new QPushButton("Start", this)),
@@ -39,6 +41,11 @@ OptimiseDialog::OptimiseDialog(Session& session, QWidget* parent)
     layout->addWidget(box);
   }
   layout->addWidget(chkImpedances);
+  chkWideBounds->setToolTip("Otherwise capacitors and inductors stay between 0.01 and 100 times the system "
+                            "impedance in reactance, lines and stubs between 20 and 150 ohms");
+  layout->addWidget(chkWideBounds);
+  cboLoadModel->addItems({"Load fixed: R + jX at every frequency", "Load fitted: R with the C or L of X"});
+  layout->addWidget(cboLoadModel);
   layout->addWidget(optBand);
   layout->addWidget(optWorking);
   optBand->setChecked(true);
@@ -113,6 +120,8 @@ void OptimiseDialog::Start() {
   }
   request.freeImpedances = chkImpedances->isChecked();
   request.overBand = optBand->isChecked();
+  request.wideBounds = chkWideBounds->isChecked();
+  request.loadModel = cboLoadModel->currentIndex() == 1 ? LoadModel::Fitted : LoadModel::Fixed;
   QPointer<OptimiseDialog> self(this);
   RunSearch([this, self, request, session = session_] {
     const OptimiseResult result = Optimise(session, request, [this, self](int evaluations, double worst) {
@@ -173,11 +182,12 @@ void OptimiseDialog::Finished(const OptimiseResult& result) {
   result_ = result;
   snapped_ = false;
   barProgress->hide();
-  lblWorst->setText(QString("Worst VSWR %1 before, %2 after%3 (%4 evaluations)")
+  lblWorst->setText(QString("Worst VSWR %1 before, %2 after%3 (%4 evaluations)\n%5")
                         .arg(result.before, 0, 'g', 6)
                         .arg(result.after, 0, 'g', 6)
-                        .arg(result.cancelled ? ", stopped" : "")
-                        .arg(result.evaluations));
+                        .arg(result.cancelled ? ", stopped: the best found so far" : "")
+                        .arg(result.evaluations)
+                        .arg(Q(OptimisedPartsNote(result)).trimmed()));
   cmdStart->setEnabled(true);
   cmdSnap->setEnabled(true);
   cmdApply->setEnabled(result.after < result.before);

@@ -31,6 +31,8 @@ class OptimiseDialog : public QDialog {
 
   QCheckBox* chkStage[kLastStage];
   QCheckBox* chkImpedances;
+  QCheckBox* chkWideBounds;
+  QComboBox* cboLoadModel;
   QRadioButton* optBand;
   QRadioButton* optWorking;
   QPushButton* cmdStart;

@@ -1,10 +1,12 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <complex>
 #include <numbers>
 
 #include "analysis/band.h"
 #include "analysis/band_plot.h"
+#include "analysis/band_text.h"
 #include "platform/display_list.h"
 #include "support/drawing_queries.h"
 
@@ -77,6 +79,44 @@ TEST(BandFigures, BodeFanoBoundOfASeriesRC) {
   const double cp = 0.008 / (kTwoPi * 14e6);
   EXPECT_NEAR(figures.parallel.r, 250, 1e-9);
   EXPECT_NEAR(figures.parallel.gamma, std::exp(-std::numbers::pi / (250 * cp) / (kTwoPi * 8e6)), 1e-12);
+}
+
+// A lossless load (R = 0) cannot be matched over any band: the bound is
+// |Γ| = 1 in both forms and the report says so.
+TEST(BandFigures, ALosslessLoadHasNoMatchOverABand) {
+  Session session = SeriesResonance();
+  session.Value[0][1] = 0;
+  session.Value[0][2] = -100;
+  const BandFigures figures = ComputeBandFigures(session);
+  for (const BodeFanoFit& fit : {figures.series, figures.parallel}) {
+    EXPECT_TRUE(fit.lossless);
+    EXPECT_EQ(fit.gamma, 1);
+  }
+  EXPECT_FALSE(figures.boundUsed);
+  EXPECT_NE(BandReport(figures).find("no match is possible over a band"), std::string::npos);
+}
+
+// Fixed, the load is R + jX at every frequency; fitted, R with the capacitor or
+// inductor of X at the working frequency, whose reactance scales with 1/f or f.
+TEST(BandFigures, LoadModelSetsTheLoadAcrossTheBand) {
+  struct Case {
+    double x, f, fixedX, fittedX;
+  };
+  for (const Case& c : {Case{-100, 7e6, -100, -200}, Case{-100, 28e6, -100, -50}, Case{60, 28e6, 60, 120},
+                        Case{60, 7e6, 60, 30}, Case{0, 28e6, 0, 0}}) {
+    EXPECT_EQ(LoadAtFrequency({20, c.x}, 14e6, c.f, LoadModel::Fixed).X, c.fixedX);
+    EXPECT_NEAR(LoadAtFrequency({20, c.x}, 14e6, c.f, LoadModel::Fitted).X, c.fittedX, 1e-12);
+    EXPECT_EQ(LoadAtFrequency({20, c.x}, 14e6, c.f, LoadModel::Fitted).R, 20);
+  }
+  // 50 - j100 alone: at 10 MHz, fitted, the load is 50 - j140.
+  Session session = SeriesResonance();
+  session.ElementType[1] = session.ElementType[2] = Empty;
+  session.Value[0][2] = -100;
+  const BandFigures fitted = ComputeBandFigures(session, {2}, LoadModel::Fitted);
+  EXPECT_EQ(fitted.worst.frequency, 10e6);
+  const double rho = std::abs(std::complex<double>(0, -140) / std::complex<double>(100, -140));
+  EXPECT_NEAR(fitted.worst.vswr, (1 + rho) / (1 - rho), 1e-9);
+  EXPECT_NE(BandJson(fitted).find("\"load_model\": \"fitted\""), std::string::npos);
 }
 
 // The plot: each threshold's line and label, the edges marked, the bound dashed.

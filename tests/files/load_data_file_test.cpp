@@ -114,5 +114,19 @@ TEST_F(LoadDataFileTest, ParserErrorKeepsThePointsReadBefore) {
   EXPECT_EQ(Settings(), Restored());
 }
 
+// A negative resistance is no load: such points are left out, one message
+// naming their lines; R = 0, a lossless load, stays.
+TEST_F(LoadDataFileTest, NegativeResistanceIsLeftOut) {
+  ASSERT_TRUE(Apply({"! r", "14.0M, 50, 1", "14.1M, -3, 1", "14.2M, 0, 5", "14.3M, -0.1, 0", "14.4M, 20, 0"}));
+  EXPECT_EQ(session.SweepPoints, 3);
+  EXPECT_EQ(session.LoadR[2], 0);
+  EXPECT_EQ(session.LoadFreq[3], 14.4e6);
+  ASSERT_EQ(dialogs.messages.size(), 1u);
+  EXPECT_NE(dialogs.messages[0].text.find("lines 3, 5 give no finite load impedance with a resistance of 0"),
+            std::string::npos);
+  EXPECT_FALSE(Apply({"14.1M, -3, 1"}));
+  EXPECT_EQ(session.SweepPoints, 3);  // the table before it
+}
+
 }  // namespace
 }  // namespace kalvex

@@ -1,14 +1,22 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <numbers>
 
+#include "analysis/band.h"
 #include "matching/match.h"
 #include "matching/optimise.h"
 #include "model/calculate.h"
 #include "model/reflection.h"
+#include "support/hard_matches.h"
 
 namespace kalvex {
 namespace {
+
+// The worst return loss of hard case 0 over 201 points that a long reference
+// run found (fifty times the samples, ten times the local searches; see
+// bench/optimise_bench.cpp).
+constexpr double kHardCaseReferenceDb = 0;
 
 // 25 + j80 ohms at 14 MHz with an L network (shunt C, series L) from the
 // closed form, each value then made ten times wrong.
@@ -97,6 +105,96 @@ TEST(Optimise, IsDeterministicAndNeverWorse) {
   const OptimiseResult kept = Optimise(resistor, {{1}, false, false});
   EXPECT_EQ(kept.stages[0].values[1], 1);
   EXPECT_EQ(kept.after, kept.before);
+}
+
+// The worst VSWR of `session`'s network over its sweep, its load as `model` takes it.
+double BandWorst(const Session& session, LoadModel model) {
+  return ComputeBandFigures(session, {2}, model).worst.vswr;
+}
+
+// A hard band match (five free parts, a load far from 50 ohms, a 29 % band)
+// ends within 0.05 dB of the best a long reference run found, and its worst
+// VSWR is the one the band figures give for the applied network.
+TEST(Optimise, ReachesTheLongRunsBestOnAHardCase) {
+  const testing::HardMatch hard = testing::HardMatches(201)[0];
+  const OptimiseResult result = Optimise(hard.session, {hard.free, false, true});
+  EXPECT_GT(ReturnLossDb((result.after - 1) / (result.after + 1)), kHardCaseReferenceDb - 0.05);
+  Session applied = hard.session;
+  ApplyOptimised(applied, result);
+  EXPECT_NEAR(BandWorst(applied, LoadModel::Fixed), result.after, 1e-9 * result.after);
+}
+
+// By default every value stays where parts can be built (a reactance of 0.01
+// to 100 times the system impedance); a part the match does not need ends on
+// a bound with a negligible reactance, and both are reported. Wide bounds
+// let it go further.
+TEST(Optimise, PracticalBoundsAndUselessParts) {
+  Session session = MistunedL();
+  session.Value[1][2] = session.Value[2][2] = 0;
+  session.ElementType[3] = SeriesCapacitor;
+  session.Value[3][1] = 100e-12;
+  const double omega = 2 * std::numbers::pi * 14e6;
+  const OptimiseResult practical = Optimise(session, {{1, 2, 3}, false, false});
+  ASSERT_EQ(practical.stages.size(), 3u);
+  for (const OptimisedStage& stage : practical.stages) {
+    const double reactance = stage.type == SeriesCapacitor || stage.type == ShuntCapacitor
+                                 ? 1 / (omega * stage.values[1])
+                                 : omega * stage.values[1];
+    EXPECT_GE(reactance, 0.5 * (1 - 1e-9));
+    EXPECT_LE(reactance, 5000 * (1 + 1e-9));
+  }
+  EXPECT_LT(practical.after, 1.001);
+  EXPECT_EQ(OptimisedPartsNote(practical), "");
+  // With the L network exact, the series capacitor can only spoil it: it
+  // ends as large as the bounds let it, named as negligible and on a bound.
+  session.Value[1][1] /= 10;
+  session.Value[2][1] *= 10;
+  const OptimiseResult useless = Optimise(session, {{3}, false, false});
+  EXPECT_NEAR(useless.stages[0].values[1], 1 / (omega * 0.5), 1e-6 / (omega * 0.5));
+  EXPECT_EQ(OptimisedPartsNote(useless),
+            "Stage 3 (series capacitor) ended on a bound of its range.\n"
+            "Stage 3 (series capacitor) has a negligible reactance: it could be left out.\n");
+  OptimiseRequest wide{{3}, false, false};
+  wide.wideBounds = true;
+  EXPECT_GT(Optimise(session, wide).stages[0].values[1], 100 / (omega * 0.5));
+}
+
+// A stop asked for keeps the best network found so far: never worse than the
+// start, and its figure is that network's.
+TEST(Optimise, CancelKeepsTheStoppedRunsBest) {
+  const testing::HardMatch hard = testing::HardMatches(101)[2];
+  for (const int stopAfter : {1, 50, 3000}) {
+    int calls = 0;
+    double lastReported = 0;
+    const OptimiseResult result = Optimise(hard.session, {hard.free, false, true}, [&](int, double worst) {
+      lastReported = worst;
+      return ++calls < stopAfter;
+    });
+    EXPECT_TRUE(result.cancelled) << stopAfter;
+    EXPECT_LE(result.after, result.before) << stopAfter;
+    EXPECT_LE(result.after, lastReported) << stopAfter;
+    Session applied = hard.session;
+    ApplyOptimised(applied, result);
+    EXPECT_NEAR(BandWorst(applied, LoadModel::Fixed), result.after, 1e-9 * result.after) << stopAfter;
+  }
+}
+
+// Fitted, the search takes the load's reactance as its capacitor gives it at
+// each frequency: the band figures with the same model agree with its result,
+// and it beats the network tuned for the fixed load on the fitted one.
+TEST(Optimise, FollowsTheLoadModel) {
+  Session session = MistunedL();
+  session.Value[0][2] = -80;
+  OptimiseRequest request{{1, 2}, false, true};
+  request.loadModel = LoadModel::Fitted;
+  const OptimiseResult fitted = Optimise(session, request);
+  Session applied = session;
+  ApplyOptimised(applied, fitted);
+  EXPECT_NEAR(BandWorst(applied, LoadModel::Fitted), fitted.after, 1e-9 * fitted.after);
+  // The network tuned for a fixed load is worse on the fitted one.
+  Session tunedFixed = session;
+  ApplyOptimised(tunedFixed, Optimise(session, {{1, 2}, false, true}));
+  EXPECT_GT(BandWorst(tunedFixed, LoadModel::Fitted), fitted.after + 0.01);
 }
 
 }  // namespace
