@@ -49,14 +49,14 @@ void BM_HardMatch(benchmark::State& state) {
 }
 BENCHMARK(BM_HardMatch)->DenseRange(0, 5)->Unit(benchmark::kMillisecond)->Iterations(1);
 
-// The long reference run on 201 points: fifty times the samples, ten times
-// the local searches, every minimum polished.
+// The long reference run on 201 points: ten times the samples, four times
+// the scouts, ten times the minima, every one polished.
 void BM_HardMatchReference(benchmark::State& state) {
   const kalvex::testing::HardMatch hard = kalvex::testing::HardMatches(201)[state.range(0)];
   kalvex::OptimiseResult reference;
   kalvex::OptimiseResult fast;
   for (auto _ : state) {
-    reference = kalvex::Optimise(hard.session, {hard.free, hard.freeImpedances, true}, nullptr, {20000, 240, 240});
+    reference = kalvex::Optimise(hard.session, {hard.free, hard.freeImpedances, true}, nullptr, {20000, 2000, 240, 240});
     fast = kalvex::Optimise(hard.session, {hard.free, hard.freeImpedances, true});
   }
   state.SetLabel(hard.name);

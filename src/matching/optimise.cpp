@@ -20,8 +20,17 @@ using Indexes = std::vector<std::size_t>;
 // The global stage runs on this many points of the band, spread evenly with
 // both ends; the polish adds the points that need it.
 constexpr std::size_t kCoarsePoints = 48;
-constexpr int kLocalIterations = 300;
-constexpr int kExchangeRounds = 8;
+constexpr std::size_t kScoutPoints = 24;
+
+// How far a local minimax goes: a scout's short run only tells one basin from
+// another; a full one converges.
+struct LocalDepth {
+  int iterations;
+  double xtol;
+};
+constexpr LocalDepth kScout{120, 1e-7};
+constexpr LocalDepth kFull{300, 1e-10};
+constexpr int kExchangeRounds = 12;
 
 double VSWROfSquared(double squared) { return VSWROf(std::min(std::sqrt(squared), 1.0)); }
 
@@ -143,7 +152,7 @@ class Search {
 // The local minimax over `points` from x: minimise t subject to |Γk(x)|² <= t,
 // smooth in (x, t), with SLSQP and central differences. x becomes the result;
 // returns its worst |Γ|² over `points`.
-double LocalMinimax(Search& search, Vector& x, const Indexes& points) {
+double LocalMinimax(Search& search, Vector& x, const Indexes& points, LocalDepth depth = kFull) {
   const std::size_t n = search.Size();
   struct Context {
     Search& search;
@@ -195,8 +204,8 @@ double LocalMinimax(Search& search, Vector& x, const Indexes& points) {
       &context, tolerances);
   // No tolerance on t: SLSQP's steps may leave the constraints with t still
   // while it works its way back, and a test on t alone would end it there.
-  local.set_xtol_rel(1e-10);
-  local.set_maxeval(kLocalIterations);
+  local.set_xtol_rel(depth.xtol);
+  local.set_maxeval(depth.iterations);
 
   const double before = search.Worst(x, points);
   Vector y = x;
@@ -221,7 +230,9 @@ double LocalMinimax(Search& search, Vector& x, const Indexes& points) {
 
 // The local minimum over every point: the minimax on `points` from x, then
 // the points whose |Γ| rises above that worst added (the local peaks of the
-// whole band), until none does.
+// whole band), until none does and a fresh start of SLSQP (its curvature
+// estimate forgotten, which a part with hardly any effect can spoil) gains
+// nothing more.
 double Polish(Search& search, Vector& x, Indexes points, std::size_t allPoints) {
   Indexes all(allPoints);
   for (std::size_t k = 0; k < allPoints; ++k) all[k] = k;
@@ -230,6 +241,7 @@ double Polish(Search& search, Vector& x, Indexes points, std::size_t allPoints) 
   for (int round = 0; round < kExchangeRounds; ++round) {
     const double onPoints = LocalMinimax(search, x, points);
     search.Reflections(x, all, squared);
+    const double previous = worst;
     worst = search.WorstOfAll(x);
     bool added = false;
     for (std::size_t k = 0; k < allPoints; ++k) {
@@ -240,7 +252,7 @@ double Polish(Search& search, Vector& x, Indexes points, std::size_t allPoints) 
         added = true;
       }
     }
-    if (!added) break;
+    if (!added && worst > previous * (1 - 1e-6)) break;
   }
   return worst;
 }
@@ -289,6 +301,7 @@ OptimiseResult Optimise(const Session& session, const OptimiseRequest& request,
     for (std::size_t k = 0; k < n; ++k) {
       start[k] = variables[k].ToSearch(session.Value[variables[k].stage][variables[k].slot]);
     }
+    const Indexes scout = Spread(objective.Points(), kScoutPoints);
     const Indexes coarse = Spread(objective.Points(), kCoarsePoints);
     try {
       search.WorstOfAll(start);
@@ -297,15 +310,22 @@ OptimiseResult Optimise(const Session& session, const OptimiseRequest& request,
       for (int k = 1; k <= count; ++k) {
         Vector x = Halton(k, n);
         for (std::size_t d = 0; d < n; ++d) x[d] = search.Low()[d] + x[d] * (search.High()[d] - search.Low()[d]);
-        samples.push_back({search.Worst(x, coarse), x});
+        samples.push_back({search.Worst(x, scout), x});
       }
       std::vector<Vector> starts = DistinctBest(std::move(samples), search, effort.localStarts);
       starts.insert(starts.begin(), start);
 
-      std::vector<std::pair<double, Vector>> minima;
+      std::vector<std::pair<double, Vector>> basins;
       for (Vector& x : starts) {
-        const double worst = LocalMinimax(search, x, coarse);
-        minima.push_back({worst, x});
+        const double worst = LocalMinimax(search, x, scout, kScout);
+        basins.push_back({worst, x});
+      }
+      std::vector<std::pair<double, Vector>> minima;
+      // Ranked by their worst over every point: between the 48 points a
+      // minimum may hide a peak that the polish must first climb down from.
+      for (Vector& x : DistinctBest(std::move(basins), search, effort.refined)) {
+        LocalMinimax(search, x, coarse);
+        minima.push_back({search.WorstOfAll(x), x});
       }
       for (const Vector& x : DistinctBest(std::move(minima), search, effort.polished)) {
         Vector polished = x;

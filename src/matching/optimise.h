@@ -46,22 +46,25 @@ struct OptimiseResult {
 // stop (the best found so far is then the result).
 using OptimiseProgress = std::function<bool(int evaluations, double worstVSWR)>;
 
-// Tunes the free stages' values for the smallest worst-case reflection over
-// the goal's points, with NLopt: a global stage (a Halton set over the bounds
-// on a subset of the points, its best distinct points and the present values
-// each taken to their local minimax with SLSQP on t >= |Γ|² at every point),
-// then the best few polished over every point, adding the points that rise
-// above the subset's worst until none does. The same input gives the same
-// result; where nothing better is found the result is the start; a stop asked
-// by `progress` gives the best found so far.
 // How hard the global stage looks. The defaults reach the best network of
 // every hard case in bench/ within 0.05 dB; a long reference run raises them.
 struct OptimiseEffort {
-  int samplesPerValue = 400;      // Halton points per free value, on the coarse points
-  std::size_t localStarts = 24;   // the best distinct ones taken to a local minimum
-  std::size_t polished = 4;       // the best distinct minima polished over every point
+  int samplesPerValue = 2000;     // Halton points per free value, on 24 points of the band
+  std::size_t localStarts = 480;  // the best distinct ones scouted by a short local search
+  std::size_t refined = 24;       // the best distinct basins taken to their minimum on 48 points
+  std::size_t polished = 4;       // the best distinct minima (over every point) polished
 };
 
+// Tunes the free stages' values for the smallest worst-case reflection over
+// the goal's points, with NLopt. The global stage samples a Halton set over
+// the bounds on a few points of the band; its best distinct points and the
+// present values are scouted by a short local minimax (SLSQP on t >= |Γ|² at
+// each point, an extra variable that makes the worst case smooth), the best
+// basins taken to their minimum on more points, and the best few of those,
+// ranked over every point, polished over every point: the points that rise
+// above the worst so far are added until none does. The same input gives the
+// same result; where nothing better is found the result is the start; a stop
+// asked by `progress` gives the best found so far.
 OptimiseResult Optimise(const Session& session, const OptimiseRequest& request,
                         const OptimiseProgress& progress = nullptr, const OptimiseEffort& effort = {});
 

@@ -13,10 +13,9 @@
 namespace kalvex {
 namespace {
 
-// The worst return loss of hard case 0 over 201 points that a long reference
-// run found (fifty times the samples, ten times the local searches; see
-// bench/optimise_bench.cpp).
-constexpr double kHardCaseReferenceDb = 0;
+// The worst return loss of hard case 1 (five parts, high-pass) over 201
+// points that a long reference run found (see bench/optimise_bench.cpp).
+constexpr double kHardCaseReferenceDb = 20.7467;
 
 // 25 + j80 ohms at 14 MHz with an L network (shunt C, series L) from the
 // closed form, each value then made ten times wrong.
@@ -112,11 +111,12 @@ double BandWorst(const Session& session, LoadModel model) {
   return ComputeBandFigures(session, {2}, model).worst.vswr;
 }
 
-// A hard band match (five free parts, a load far from 50 ohms, a 29 % band)
+// A hard band match (five free parts, a load far from 50 ohms, a 29 % band:
+// a search that ranks its minima on some points only ends near 11 dB)
 // ends within 0.05 dB of the best a long reference run found, and its worst
 // VSWR is the one the band figures give for the applied network.
 TEST(Optimise, ReachesTheLongRunsBestOnAHardCase) {
-  const testing::HardMatch hard = testing::HardMatches(201)[0];
+  const testing::HardMatch hard = testing::HardMatches(201)[1];
   const OptimiseResult result = Optimise(hard.session, {hard.free, false, true});
   EXPECT_GT(ReturnLossDb((result.after - 1) / (result.after + 1)), kHardCaseReferenceDb - 0.05);
   Session applied = hard.session;
