@@ -112,7 +112,7 @@ double BandWorst(const Session& session, LoadModel model) {
 }
 
 // A hard band match (five free parts, a load far from 50 ohms, a 29 % band:
-// a search that ranks its minima on some points only ends near 11 dB)
+// a global stage of 96 scouts instead of 480 ends at 15.4 dB)
 // ends within 0.05 dB of the best a long reference run found, and its worst
 // VSWR is the one the band figures give for the applied network.
 TEST(Optimise, ReachesTheLongRunsBestOnAHardCase) {
