@@ -28,6 +28,10 @@ ESeries& SeriesChoice::Of(PartKind kind) {
 
 ESeries SeriesChoice::Of(PartKind kind) const { return const_cast<SeriesChoice*>(this)->Of(kind); }
 
+// The free parts are re-tuned near values that are already good: a local
+// search from them, without the optimiser's global stage.
+const OptimiseEffort kRetune{0, 0, 1, 1};
+
 SnapResult SnapToStandardValues(const Session& session, const SnapRequest& request,
                                 const std::atomic<bool>* cancel) {
   SnapResult result;
@@ -73,7 +77,7 @@ SnapResult SnapToStandardValues(const Session& session, const SnapRequest& reque
         for (std::size_t p = 0; p < result.parts.size(); ++p) {
           trial.Value[result.parts[p].part.stage][result.parts[p].part.slot] = batch[k].values[p];
         }
-        batch[k].tuned = Optimise(trial, tune, progress);
+        batch[k].tuned = Optimise(trial, tune, progress, kRetune);
         // With nothing to tune the optimiser's figure of the result is not the
         // network's: the combination stands as it is.
         if (tune.freeStages.empty()) batch[k].tuned.after = batch[k].tuned.before;
