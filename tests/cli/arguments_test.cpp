@@ -117,7 +117,7 @@ TEST_F(ArgumentsTest, Match) {
                            {{"--q", "-2"}, kExitUsage, "--q"},
                            {{"--q", "1e300"}, kExitUsage, "--q"},
                            {{"--q", "2", "--q", "3"}, kExitUsage, "--q"},
-                           {{"--sections", "5"}, kExitUsage, "--sections"},
+                           {{"--sections", "8"}, kExitUsage, "--sections"},
                            {{"--sections", "2.5"}, kExitUsage, "--sections"},
                            {{"--ripple", "1e-300"}, kExitUsage, "--ripple"},
                            {{"--ripple", "-1"}, kExitUsage, "--ripple"},
