@@ -125,9 +125,12 @@ MatchSolution Evaluate(const Session& session, MatchKind kind, const MatchStages
   const SweepIndexes indexes = RunSweepPoints(built, SweepUse::Table);
   for (int k = indexes.first; k <= indexes.last; ++k) {
     solution.worstVSWR = std::max(solution.worstVSWR, built.SweepVSWR[k]);
+    solution.bandLow = k == indexes.first ? built.SweepFreq[k] : std::min(solution.bandLow, built.SweepFreq[k]);
+    solution.bandHigh = std::max(solution.bandHigh, built.SweepFreq[k]);
   }
   if (indexes.last < indexes.first) {
     solution.worstVSWR = VSWROf(PlotImpedance(solution.input.R, solution.input.X, session.SystemZ).rho);
+    solution.bandLow = solution.bandHigh = LoadToMatch(session).frequency;
   }
   return solution;
 }

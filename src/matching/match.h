@@ -33,6 +33,8 @@ struct MatchSolution {
   bool passesDC = false;           // a DC path from the generator to the load
   Impedance input;                 // at the working frequency, the parts with the default Q
   double worstVSWR = 0;            // over the sweep (the settings or the load-data points)
+  double bandLow = 0;              // the band worstVSWR is taken over, Hz; equal ends: the
+  double bandHigh = 0;             //   working frequency alone
   bool outOfRange = false;         // a value the Design page would not accept as it is
 };
 

@@ -1,10 +1,13 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <functional>
+#include <sstream>
 #include <numbers>
 
 #include "analysis/band.h"
 #include "analysis/band_plot.h"
+#include "analysis/band_text.h"
 #include "platform/display_list.h"
 #include "support/drawing_queries.h"
 
@@ -100,6 +103,77 @@ TEST(BandPlot, DrawsThresholdsEdgesAndBound) {
       return std::fabs(l.a.y - circle.a.y) < 1e-9 && l.a.x < circle.a.x && l.b.x > circle.a.x;
     }));
   }
+}
+
+// However far the curve runs, every label stands clear of the others and of
+// the plot's frame, whole on the page, and the curve and the thresholds stay
+// in view below the frame's top.
+TEST(BandPlot, LabelsNeitherOverlapNorLeaveThePage) {
+  const Box page{0, 0, kBandPage.width, kBandPage.height};
+  const Box frame{1300, 1000, 7700, 7600};
+  struct Case {
+    const char* name;
+    std::function<void(Session&)> change;
+  };
+  const Case cases[] = {
+      {"resonance", [](Session&) {}},
+      {"VSWR 20 to 28", [](Session& s) {
+         s.ElementType[2] = Empty;
+         s.Value[0][1] = 1000;
+       }},
+      {"narrow sweep", [](Session& s) {
+         s.SweepStart = 13.9e6;
+         s.SweepStop = 14.1e6;
+       }},
+      {"edge at the band's end", [](Session& s) { s.SweepStart = 13e6; }},
+      {"open circuit", [](Session& s) {
+         s.ElementType[1] = s.ElementType[2] = Empty;
+         s.Value[0][1] = 1e12;
+       }}};
+  for (const Case& c : cases) {
+    for (const BandQuantity quantity : {BandQuantity::VSWR, BandQuantity::ReturnLoss, BandQuantity::Gamma}) {
+      Session session = SeriesResonance();
+      c.change(session);
+      DisplayList plot;
+      DrawBandPlot(ComputeBandFigures(session), quantity, plot);
+      const std::string where = std::string(c.name) + ", " + BandQuantityName(quantity);
+      const std::vector<Box> boxes = testing::TextBoxes(plot);
+      for (std::size_t i = 0; i < boxes.size(); ++i) {
+        EXPECT_TRUE(boxes[i].Inside(page)) << where << ": label " << i;
+        EXPECT_TRUE(boxes[i].Inside(frame) || !boxes[i].Overlaps(frame)) << where << ": label " << i;
+        for (std::size_t j = 0; j < i; ++j) EXPECT_FALSE(boxes[i].Overlaps(boxes[j])) << where << ": " << j << ", " << i;
+      }
+      const auto curve = testing::LinesIn(plot, RGB(17, 17, 255));
+      ASSERT_FALSE(curve.empty()) << where;
+      const double highest = std::min_element(curve.begin(), curve.end(), [](auto& a, auto& b) {
+                               return a.b.y < b.b.y;
+                             })->b.y;
+      if (quantity == BandQuantity::VSWR) EXPECT_GT(highest, frame.top + 100) << where;
+      for (const DrawCommand& line : testing::LinesIn(plot, RGB(238, 153, 17))) {
+        EXPECT_TRUE(line.a.y > frame.top && line.a.y < frame.bottom) << where;
+      }
+    }
+  }
+}
+
+// The figures beside the plot are those kalvex-cli band prints.
+TEST(BandPlot, ShowsTheBandsFiguresBesideThePlot) {
+  const BandFigures figures = ComputeBandFigures(SeriesResonance());
+  DisplayList plot;
+  DrawBandPlot(figures, BandQuantity::VSWR, plot);
+  std::string shown;
+  for (const DrawCommand& c : testing::OfKind(plot, DrawCommand::Kind::Text)) {
+    if (c.a.x >= 8000) shown += c.text + " ";
+  }
+  std::string words;
+  std::string report = BandReport(figures);
+  std::replace(report.begin(), report.end(), '\n', ' ');
+  std::istringstream in(report);
+  for (std::string word; in >> word;) words += word + " ";
+  std::istringstream inShown(shown);
+  std::string shownWords;
+  for (std::string word; inShown >> word;) shownWords += word + " ";
+  EXPECT_EQ(shownWords, words);
 }
 
 }  // namespace

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
 #include <numbers>
 #include <string>
@@ -9,6 +10,9 @@
 #include "analysis/sweep_settings.h"
 #include "analysis/tabulate.h"
 #include "chart/chart_view.h"
+#include "files/sweep_data_file.h"
+#include "model/format.h"
+#include "print/print_table.h"
 #include "model/calculate.h"
 #include "support/drawing_queries.h"
 #include "support/fake_dialogs.h"
@@ -102,10 +106,45 @@ TEST_F(SweepTest, SettingsClampWithTheirMessages) {
            {{1e6, 2e6, 2.5}, {1e6, 2e6, 3}, {}}}) {
     session.LoadSource = 2;
     testing::FakeDialogs dialogs;
-    AcceptSweepSettings(session, dialogs, typed[0], typed[1], typed[2]);
+    // Each reset value is in its box before its message shows.
+    std::vector<std::string> writes;
+    AcceptSweepSettings(session, dialogs, typed[0], typed[1], typed[2], [&](int box, const std::string& text) {
+      writes.push_back(std::to_string(box) + text + " before message " + std::to_string(dialogs.messages.size()));
+    });
     EXPECT_EQ((std::array{session.SweepStart, session.SweepStop, double(session.SweepPoints)}), wanted);
     EXPECT_EQ(session.LoadSource, 1);
     EXPECT_EQ(dialogs.MessageTexts(), messages);
+    std::vector<std::string> wantedWrites;
+    for (std::size_t m = 0; m < messages.size(); ++m) {
+      wantedWrites.push_back(std::to_string(m) + FormatSI(wanted[m]) + " before message " + std::to_string(m));
+    }
+    EXPECT_EQ(writes, wantedWrites);
+  }
+}
+
+// One rule for the table, its printout and the data file: a point counts
+// when its numbers are finite in double precision. A 1E+36 H inductor's huge
+// but finite reactance gives every row; a 1E+308 H one overflows and gives none.
+TEST_F(SweepTest, TableFileAndPrintoutKeepTheSamePoints) {
+  Session empty = session;
+  empty.LoadSource = 0;  // no sweep: the printout's heading and footer alone
+  DisplayList bare;
+  DrawTablePages(empty, bare, "now");
+  const std::size_t frame = testing::OfKind(bare, DrawCommand::Kind::Text).size();
+  for (const auto& [henries, rows] : {std::pair{1e36, 5u}, std::pair{1e308, 0u}}) {
+    session.ElementType = {0, SeriesInductor};
+    session.Value[1] = {0, henries, 200};
+    session.SweepStart = 13e6;
+    session.SweepStop = 15e6;
+    session.SweepPoints = 5;
+    const std::vector<std::string> table = TabulateSweep(session);
+    EXPECT_EQ(table.size(), rows) << henries;
+    for (const std::string& row : table) EXPECT_EQ(row.find("inf"), std::string::npos) << row;
+    const std::string file = SweepDataText(session, "x.DAT", "now");
+    EXPECT_EQ(static_cast<std::size_t>(std::count(file.begin(), file.end(), '\n')), 7 + rows) << henries;
+    DisplayList printed;
+    DrawTablePages(session, printed, "now");
+    EXPECT_EQ(testing::OfKind(printed, DrawCommand::Kind::Text).size(), frame + 7 * rows) << henries;
   }
 }
 
