@@ -133,16 +133,20 @@ std::vector<double> VerticalTicks(const Plot& plot) {
 void DrawAxes(Canvas& canvas, Labels& labels, const Plot& plot, const BandFigures& figures) {
   canvas.SetLineWidth(1);
   canvas.SetTextColour(kBlack);
-  const double fStep = NiceStep(figures.high - figures.low);
-  for (double f = std::ceil(figures.low / fStep) * fStep; f <= figures.high * (1 + 1e-12); f += fStep) {
-    canvas.Line({plot.X(f), kTop}, {plot.X(f), kBottom}, kAxisGrey);
-    const std::string text(Trim(FormatSI(f), " "));
-    labels.Place(text, {{plot.X(f) - Labels::Width(text) / 2, kBottom + 80}}, kPage);
-  }
+  // The vertical axis's labels first: the first frequency's label moves
+  // right, off the corner, rather than take the bottom value's place.
   for (const double v : VerticalTicks(plot)) {
     canvas.Line({kLeft, plot.Y(v)}, {kRight, plot.Y(v)}, kAxisGrey);
     const std::string text = FormattedNumber("%.4g", v);
     labels.Place(text, {{kLeft - 80 - Labels::Width(text), plot.Y(v) - Labels::Height() / 2}}, kPage);
+  }
+  const double fStep = NiceStep(figures.high - figures.low);
+  for (double f = std::ceil(figures.low / fStep) * fStep; f <= figures.high * (1 + 1e-12); f += fStep) {
+    canvas.Line({plot.X(f), kTop}, {plot.X(f), kBottom}, kAxisGrey);
+    const std::string text(Trim(FormatSI(f), " "));
+    const double w = Labels::Width(text);
+    labels.Place(text, {{plot.X(f) - w / 2, kBottom + 80}, {plot.X(f), kBottom + 80}, {plot.X(f) - w, kBottom + 80}},
+                 kPage);
   }
   canvas.OutlineRect({kLeft, kTop}, {kRight, kBottom}, kBlack);
   const std::string title = "Frequency (Hz)";
@@ -206,8 +210,10 @@ void DrawMarks(Canvas& canvas, Labels& labels, const Plot& plot, const BandFigur
   labels.Place(worstText, {{worst.x + 100, worst.y + 100}, {worst.x + 100, worst.y - h - 100},
                            {worst.x - ww - 100, worst.y + 100}, {worst.x - ww - 100, worst.y - h - 100},
                            {worst.x - ww / 2, worst.y + 2 * h}, {worst.x - ww / 2, worst.y - 3 * h}}, kInside);
+  // The bound, where it lies within the axis (the figures give it always).
   const double bound = std::max(figures.series.gamma, figures.parallel.gamma);
-  if (bound > 0) {
+  const double boundValue = Value(quantity, VSWROf(bound));
+  if (bound > 0 && boundValue >= plot.Low() && boundValue <= plot.High()) {
     const double y = plot.Y(Value(quantity, VSWROf(bound)));
     for (double x = kLeft; x < kRight; x += 250) canvas.Line({x, y}, {std::min(x + 150, kRight), y}, kBoundPurple);
     canvas.SetTextColour(kBoundPurple);
