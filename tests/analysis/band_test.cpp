@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <array>
 #include <cmath>
 #include <functional>
 #include <sstream>
@@ -48,6 +49,38 @@ TEST(BandFigures, EdgesSolveTheCalculation) {
   EXPECT_NEAR(*figures.edges[0].percent, 100 * (edge(1) - edge(-1)) / 14e6, 1e-6);
   EXPECT_NEAR(figures.best.vswr, 1, 1e-6);
   EXPECT_EQ(figures.worst.frequency, 10e6);  // the capacitor's side is steeper
+}
+
+// With load data the load between two points lies on the straight line
+// between them: a load of 50 ohms with a reactance, or a resistance alone, is
+// at VSWR 2 where |X| reaches 50 (2 − 1) / √2 or R reaches 100, so each edge
+// falls where that line meets the level, not at a point nor halfway. Changing
+// the points' loads moves the edges with them.
+TEST(BandFigures, EdgesBetweenLoadDataPointsTakeTheLoadOnTheLineBetweenThem) {
+  const double xAt2 = 50 / std::sqrt(2.0);
+  struct Case {
+    std::array<double, 5> r, x;  // at 12, 13, ..., 16 MHz
+    double low, high;
+  };
+  for (const Case& c : {
+           Case{{200, 75, 50, 60, 250}, {}, 12e6 + 1e6 * 100 / 125, 15e6 + 1e6 * 40 / 190},
+           Case{{200, 90, 50, 60, 130}, {}, 12e6 + 1e6 * 100 / 110, 15e6 + 1e6 * 40 / 70},
+           Case{{50, 50, 50, 50, 50}, {-100, -20, 0, 10, 60}, 12e6 + 1e6 * (100 - xAt2) / 80,
+                15e6 + 1e6 * (xAt2 - 10) / 50}}) {
+    Session session;
+    InitialiseSession(session);
+    session.LoadSource = 2;
+    session.SweepPoints = 5;
+    for (int k = 1; k <= 5; ++k) {
+      session.LoadFreq[k] = 11e6 + k * 1e6;
+      session.LoadR[k] = c.r[k - 1];
+      session.LoadX[k] = c.x[k - 1];
+    }
+    const BandFigures figures = ComputeBandFigures(session, {2});
+    ASSERT_TRUE(figures.edges[0].low && figures.edges[0].high);
+    EXPECT_NEAR(*figures.edges[0].low / c.low, 1, 1e-8) << c.r[1];
+    EXPECT_NEAR(*figures.edges[0].high / c.high, 1, 1e-8) << c.r[4];
+  }
 }
 
 // A load no network was built for keeps its VSWR of 4: no edges at all.

@@ -1,6 +1,8 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <numbers>
+#include <tuple>
 
 #include "matching/match.h"
 #include "matching/optimise.h"
@@ -97,6 +99,48 @@ TEST(Optimise, IsDeterministicAndNeverWorse) {
   const OptimiseResult kept = Optimise(resistor, {{1}, false, false});
   EXPECT_EQ(kept.stages[0].values[1], 1);
   EXPECT_EQ(kept.after, kept.before);
+}
+
+// A start that nothing within reach betters is returned as it is, `after`
+// equal to `before`, the start's own worst VSWR: a series resistor that
+// matches exactly (nothing beats no reflection), and parts nearer to nothing
+// than anything the Design page accepts (a 1 milliohm series resistor, a 1 fF
+// shunt capacitor, worst at the top of the band), at the working frequency,
+// over the sweep and over load data.
+TEST(Optimise, AStartNothingBettersIsReturnedAsItIs) {
+  enum class Goal { Working, Sweep, LoadData };
+  const double b = 2 * std::numbers::pi * 15e6 * 1e-15 * 50;  // the capacitor's susceptance at 15 MHz, × 50
+  struct Case {
+    int16_t type;
+    double value, loadR;
+    Goal goal;
+    double reflection;  // at the start, the worst over the goal
+  };
+  for (const Case& c : {Case{SeriesResistor, 25, 25, Goal::Working, 0}, {SeriesResistor, 25, 25, Goal::Sweep, 0},
+                        {SeriesResistor, 25, 25, Goal::LoadData, 0},
+                        {SeriesResistor, 1e-3, 50, Goal::Sweep, 1e-3 / 100.001},
+                        {SeriesResistor, 1e-3, 50, Goal::LoadData, 1e-3 / 100.001},
+                        {ShuntCapacitor, 1e-15, 50, Goal::Sweep, b / std::hypot(2, b)}}) {
+    Session session;
+    InitialiseSession(session);
+    session.LoadSource = c.goal == Goal::LoadData ? 2 : 1;
+    session.Frequency = 14e6;
+    session.Value[0] = {0, c.loadR, 0};
+    session.ElementType[1] = c.type;
+    session.Value[1] = {0, c.value};
+    session.SweepStart = 13e6;
+    session.SweepStop = 15e6;
+    session.SweepPoints = c.goal == Goal::LoadData ? 3 : 5;
+    for (int k = 1; k <= 3; ++k) std::tie(session.LoadFreq[k], session.LoadR[k]) = std::pair(12e6 + k * 1e6, c.loadR);
+    OptimiseRequest request;
+    request.freeStages = {1};
+    request.overBand = c.goal != Goal::Working;
+    const OptimiseResult result = Optimise(session, request);
+    ASSERT_EQ(result.stages.size(), 1u);
+    EXPECT_EQ(result.stages[0].values[1], c.value);
+    EXPECT_NEAR(result.before, VSWROf(c.reflection), 1e-9) << c.value;
+    EXPECT_EQ(result.after, result.before) << c.value;
+  }
 }
 
 }  // namespace
