@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <vector>
 
 #include "analysis/network_listing.h"
 #include "design/schematic.h"
@@ -67,8 +66,8 @@ TEST(Symbols, EachMembersRailEndsAtTheCursor) {
       }
     }
   }
-  EXPECT_EQ(std::pair(drawn(SymbolFamily::Gallery, SeriesResistor).second, drawn(SymbolFamily::Gallery, ShuntResistor).second),
-            std::pair(880.0, 400.0));
+  EXPECT_EQ(drawn(SymbolFamily::Gallery, SeriesResistor).second, 880);
+  EXPECT_EQ(drawn(SymbolFamily::Gallery, ShuntResistor).second, 400);
 }
 
 // Each stage's list of values is written at its cell's start (on the Design
