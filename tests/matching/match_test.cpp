@@ -43,13 +43,11 @@ bool PartsVanishAt(Session session, const MatchSolution& solution, double f) {
   return std::hypot(z.R - load.R, z.X - load.X) < 1e-3 * (std::hypot(load.R, load.X) + session.SystemZ);
 }
 
-// Each solution's labels against what its parts do, found with the
-// calculation: a series L passes the lows and a shunt C leaves them alone, a
-// series C blocks them and a shunt L shorts them, and the reverse at the highs.
-// DC reaches the load when the parts vanish far below the working frequency;
-// a network of lumped parts passes the end of the spectrum where its parts
-// vanish, and a network with a line is a band-pass one (a line repeats along
-// the frequency axis). The table and the JSON write the same labels.
+// Each solution's labels against what its parts do in the calculation: DC
+// reaches the load when the parts vanish far below the working frequency; a
+// lumped network passes the end of the spectrum where its parts vanish, one
+// with a line is band-pass (a line repeats along the frequency axis). The
+// table and the JSON write the same labels.
 TEST(Match, ResponseAndDCPathFollowTheParts) {
   std::set<std::pair<std::string, bool>> seen;
   std::set<MatchKind> kinds;

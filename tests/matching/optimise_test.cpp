@@ -91,14 +91,10 @@ TEST(Optimise, IsDeterministicAndNeverWorse) {
   EXPECT_EQ(applied.Value[1], session.Value[1]);  // stage 1 was locked
 }
 
-// A start that nothing within reach betters is returned as it is, `after`
-// equal to `before`, the start's own worst VSWR: a series resistor that
-// matches exactly (nothing beats no reflection), a line of the system
-// impedance on a matched load (every length as good), 1 ohm, the smallest
-// resistor the Design page accepts, and parts nearer to nothing than anything
-// it accepts (a 1 milliohm series resistor, a 1 fF shunt capacitor, worst at
-// the top of the band), at the working frequency, over the sweep and over
-// load data.
+// A start nothing within reach betters is returned as it is, `after` equal to
+// `before`, the start's own worst VSWR: an exact match, a matched line (any
+// length as good), the Design page's smallest resistor, and parts nearer to
+// nothing than it accepts (1 milliohm; 1 fF, worst at the top of the band).
 TEST(Optimise, AStartNothingBettersIsReturnedAsItIs) {
   enum class Goal { Working, Sweep, LoadData };
   const double b = 2 * std::numbers::pi * 15e6 * 1e-15 * 50;  // the capacitor's susceptance at 15 MHz, × 50
