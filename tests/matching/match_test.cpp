@@ -5,6 +5,9 @@
 #include <set>
 #include <string>
 
+#include <nlohmann/json.hpp>
+
+#include "command_json.h"
 #include "matching/match.h"
 #include "matching/match_text.h"
 #include "matching/synthesis.h"
@@ -55,10 +58,10 @@ TEST(Match, ResponseAndDCPathFollowTheParts) {
     const Session session = WithLoad(r, x);
     const MatchResult result = FindMatches(session, MatchRequest{});
     const std::string table = MatchTable(session, result);
-    const std::string json = MatchJson(session, result);
+    const auto json = nlohmann::json::parse(MatchJson(session, result))["solutions"];
     std::size_t row = table.find(" #  kind");
-    std::size_t object = 0;  // the solution's object in the JSON
-    for (const MatchSolution& solution : result.solutions) {
+    for (std::size_t n = 0; n < result.solutions.size(); ++n) {
+      const MatchSolution& solution = result.solutions[n];
       const bool lows = PartsVanishAt(session, solution, 14e-3);
       const bool highs = PartsVanishAt(session, solution, 14e15);
       const bool lines = std::any_of(solution.stages.begin(), solution.stages.end(), [](const MatchStage& s) {
@@ -73,9 +76,8 @@ TEST(Match, ResponseAndDCPathFollowTheParts) {
       const std::string line = table.substr(row, table.find('\n', row) - row);
       EXPECT_NE(line.find(" " + response + " "), std::string::npos) << line;
       EXPECT_NE(line.find(" " + dc + " "), std::string::npos) << line;
-      const std::string labels = "\"response\": \"" + response + "\", \"dc\": \"" + dc + "\"";
-      object = json.find("\"response\"", object + 1);
-      EXPECT_EQ(json.compare(object, labels.size(), labels), 0) << where;
+      EXPECT_EQ(json[n]["response"], response) << where;
+      EXPECT_EQ(json[n]["dc"], dc) << where;
       seen.insert({response, lows});
       kinds.insert(solution.kind);
     }
