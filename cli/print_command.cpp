@@ -49,6 +49,7 @@ int RunPrintCommand(const Command& command, const std::vector<std::string>& word
   } else {
     LoadAnalysisView(session);  // the chart as the Analysis page would print it
     DrawChartPage(session, pages, dialogs.LocalDateTime());
+    paper = ChartPaperFor(pages);
   }
   const auto [width, height] = FileSizeOf(paper, request.output);
   const std::string failure =

@@ -30,29 +30,27 @@ DesignValueTexts PrepareDesignValues(Session& session) {
 }
 
 void LimitDesignValues(Session& session, Dialogs& dialogs, std::string& systemZText,
-                       std::string& frequencyText) {
+                       std::string& frequencyText, const BoxRewrite& rewrite) {
+  const auto reset = [&](double& value, double limit, std::string& text, int box, const char* message) {
+    value = limit;
+    text = box == 0 ? FormatSmallSI(value) : FormatSI(value);
+    if (rewrite) rewrite(box, text);
+    dialogs.Message(message);
+  };
   session.SystemZ = ParseValue(systemZText);
   if (!(session.SystemZ >= 1)) {
-    session.SystemZ = 1;
-    systemZText = FormatSmallSI(session.SystemZ);
-    dialogs.Message("System impedance has been reset to the minimum allowed (1 ohm).");
+    reset(session.SystemZ, 1, systemZText, 0, "System impedance has been reset to the minimum allowed (1 ohm).");
   }
   if (session.SystemZ > 10'000) {
-    session.SystemZ = 10'000;
-    systemZText = FormatSmallSI(session.SystemZ);
-    dialogs.Message("System impedance has been reset to the maximum allowed (10K).");
+    reset(session.SystemZ, 10'000, systemZText, 0, "System impedance has been reset to the maximum allowed (10K).");
   }
   // Read without the parser's own 10 GHz limit, so that "20G" is told it was reset.
   session.Frequency = std::fabs(ParseValueUnlimited(frequencyText));
   if (!(session.Frequency >= 10'000)) {
-    session.Frequency = 10'000;
-    frequencyText = FormatSI(session.Frequency);
-    dialogs.Message("Frequency has been reset to the minimum allowed (10kHz).");
+    reset(session.Frequency, 10'000, frequencyText, 1, "Frequency has been reset to the minimum allowed (10kHz).");
   }
   if (session.Frequency > 1e10) {
-    session.Frequency = 1e10;
-    frequencyText = FormatSI(session.Frequency);
-    dialogs.Message("Frequency has been reset to the maximum allowed (10gHz).");
+    reset(session.Frequency, 1e10, frequencyText, 1, "Frequency has been reset to the maximum allowed (10gHz).");
   }
 }
 

@@ -22,11 +22,11 @@ std::string EndAndQuit(const Session& session, Dialogs& dialogs,
 
 std::optional<std::string> SaveThenExit(Session& session, Dialogs& dialogs,
                                         const std::filesystem::path& lastSession) {
-  // The chooser starts empty each time, so a cancel is always an empty name;
-  // it leaves FileName as it was.
-  const std::string chosen = dialogs.ChooseSaveFile("Write Kalvex File", kNetworkFileFilter, "");
-  if (chosen.empty()) return std::nullopt;
-  session.FileName = chosen;
+  // The chooser starts empty each time, so a cancel is always an empty name,
+  // and FileName takes it as it takes any answer: a later "End / Quit" then
+  // saves a session that names no network file.
+  session.FileName = dialogs.ChooseSaveFile("Write Kalvex File", kNetworkFileFilter, "");
+  if (session.FileName.empty()) return std::nullopt;
   std::string networkFailure;
   std::string sessionFailure;
   const bool network = WriteNetworkFile(session, dialogs, session.FileName, &networkFailure);

@@ -21,8 +21,9 @@ std::string EndAndQuit(const Session& session, Dialogs& dialogs,
                        const std::filesystem::path& lastSession);
 
 // "Save then exit": asks for a network file name (FileName), saves the network
-// there and the last session. Nothing, and the dialog stays, when the user
-// cancels the chooser. The text says what was saved and what was not.
+// there and the last session. When the user cancels the chooser FileName is
+// left empty, nothing is saved and the dialog stays. The text says what was
+// saved and what was not.
 std::optional<std::string> SaveThenExit(Session& session, Dialogs& dialogs,
                                         const std::filesystem::path& lastSession);
 

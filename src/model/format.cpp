@@ -41,11 +41,13 @@ int SmallFormatDecimals(float x) {
 
 // The scaled number with its multiplier; a number so large or small that its
 // text takes an exponent is written unscaled, since the parser reads no
-// multiplier after an exponent.
+// multiplier after an exponent. One beyond single precision's range (a
+// 1E+36 H inductor's reactance) is written from its double, not as "inf".
 std::string WithMultiplier(std::string scaledText, double value, const char* suffix,
                            bool printStyle) {
-  if (scaledText.find('E') == std::string::npos) return scaledText + suffix;
-  const float unscaled = static_cast<float>(value);
+  const float single = static_cast<float>(value);
+  if (scaledText.find('E') == std::string::npos && std::isfinite(single)) return scaledText + suffix;
+  const double unscaled = std::isfinite(single) ? single : value;
   return (printStyle ? PrintNumberText(unscaled, kSingleDigits)
                      : PlainNumberText(unscaled, kSingleDigits)) +
          " ";

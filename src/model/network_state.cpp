@@ -1,6 +1,6 @@
 #include "model/network_state.h"
 
-#include <cstdio>
+#include <cmath>
 
 #include "model/calculate.h"
 #include "model/format.h"
@@ -33,19 +33,32 @@ void RestoreNetworkState(Session& s, const NetworkState& state) {
   s.LoadX = state.loadX;
 }
 
-std::string MatchStatusText(const Session& network) {
+std::string MatchStatusText(const Session& network, StatusForm form) {
   if (!(network.Frequency > 0) || !(network.SystemZ > 0)) return "";
   Session session = network;
   if (session.LoadSource != 2) session.LoadSource = 1;
   const int16_t point = session.LoadSource == 2 ? static_cast<int16_t>(session.SweepPoints / 2 + 1) : 0;
   CalculateNetwork(session, point);
   const PlottedPoint p = PlotImpedance(session.InputR, session.InputX, session.SystemZ);
-  char text[256];
-  std::snprintf(text, sizeof text,
-                "Input %.6g %sj%.6g ohms    |Gamma| %.4g at %.1f deg    VSWR %.4g    Return loss %.2f dB    at %sHz",
-                session.InputR + 0.0, session.InputX < 0 ? "-" : "+", std::fabs(session.InputX), p.rho,
-                ShownValue(p.angleDegrees, 1), VSWROf(p.rho), ShownValue(ReturnLossDb(p.rho), 2),
-                std::string(Trim(FormatSI(session.Frequency), " ")).c_str());
+  const bool brief = form == StatusForm::Brief;
+  // Below this a reflection is rounding left over from an exact match.
+  const bool matched = p.rho < kMatchedReflection;
+  const std::string figures[] = {
+      (brief ? "" : "Input ") + FormattedNumber("%.6g", session.InputR + 0.0) + (session.InputX < 0 ? " -j" : " +j") +
+          FormattedNumber("%.6g", std::fabs(session.InputX)) + " ohms",
+      matched ? std::string("|Gamma| 0, matched")
+              : "|Gamma| " + FormattedNumber("%.4g", p.rho) + " at " + FormattedNumber("%.1f", ShownValue(p.angleDegrees, 1)) + " deg",
+      "VSWR " + FormattedNumber("%.4g", matched ? 1.0 : VSWROf(p.rho)),
+      (brief ? "RL " : "Return loss ") +
+          (matched ? std::string("> 120 dB") : FormattedNumber("%.2f", ShownValue(ReturnLossDb(p.rho), 2)) + " dB"),
+      "at " + std::string(Trim(FormatSI(session.Frequency), " ")) + "Hz"};
+  // The brief form keeps each figure whole, so that a narrow line breaks
+  // only between figures.
+  std::string text;
+  for (const std::string& figure : figures) {
+    if (!text.empty()) text += brief ? "  " : "    ";
+    for (const char c : figure) text += brief && c == ' ' ? std::string("\u00A0") : std::string(1, c);
+  }
   return text;
 }
 

@@ -35,9 +35,16 @@ struct NetworkState {
 NetworkState NetworkStateOf(const Session& session);
 void RestoreNetworkState(Session& session, const NetworkState& state);
 
+// A reflection below this is an exact match: it shows as 0, "matched", with
+// a return loss above 120 dB rather than the rounding's figures.
+inline constexpr double kMatchedReflection = 1e-9;
+
 // The match at the working frequency as one line: "Input 50.1 -j113.7 ohms
-// |Gamma| 0.747 at -47.1 deg  VSWR 6.89  Return loss 2.54 dB  at 14 MHz".
-// Empty while there is no working frequency.
-std::string MatchStatusText(const Session& session);
+// |Gamma| 0.747 at -47.1 deg  VSWR 6.89  Return loss 2.54 dB  at 14 MHz";
+// the brief form for a narrow window drops "Input", says "RL" and joins each
+// figure's words with no-break spaces. Empty while there is no working
+// frequency.
+enum class StatusForm { Full, Brief };
+std::string MatchStatusText(const Session& session, StatusForm form = StatusForm::Full);
 
 }  // namespace kalvex

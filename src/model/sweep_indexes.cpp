@@ -23,8 +23,7 @@ bool IsFiniteSweepPoint(const Session& session, int index) {
   for (const double value : {session.SweepFreq[index], session.SweepR[index], session.SweepX[index],
                              session.SweepRho[index], session.SweepAngle[index],
                              session.SweepVSWR[index]}) {
-    // The table rounds its numbers in single precision: what overflows it there is not finite.
-    if (!std::isfinite(static_cast<float>(value))) return false;
+    if (!std::isfinite(value)) return false;
   }
   return true;
 }

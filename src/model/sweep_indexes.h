@@ -13,10 +13,11 @@ struct SweepIndexes {
 };
 SweepIndexes SweepIndexesOf(const Session& session);
 
-// Whether every number the sweep stored at `index` is finite, in the single
-// precision the table shows them in. A network whose values overflow the
-// calculation (a 1E+308 H inductor) gives points that are not; the table and
-// the files leave them out, as no reader takes them back.
+// Whether every number the sweep stored at `index` is finite, in the double
+// precision it was calculated in: a 1E+36 H inductor's huge reactance is a
+// point, while a network whose values overflow the calculation (a 1E+308 H
+// inductor) gives points that are not. The table, its printout and the files
+// all leave those out by this one rule, as no reader takes them back.
 bool IsFiniteSweepPoint(const Session& session, int index);
 
 // How many points of the last sweep are not finite.

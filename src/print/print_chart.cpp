@@ -1,5 +1,6 @@
 #include "print/print_chart.h"
 
+#include <algorithm>
 #include <cmath>
 #include <numbers>
 
@@ -8,6 +9,7 @@
 #include "chart/network_path.h"
 #include "chart/overlays.h"
 #include "model/calculate.h"
+#include "platform/drawing_extent.h"
 #include "model/format.h"
 #include "model/number_text.h"
 #include "model/trim.h"
@@ -196,11 +198,24 @@ void DrawChartPage(Session& session, Canvas& canvas, const std::string& dateTime
   canvas.Text({1500, 11500}, "Kalvex " + session.Version + kMakerAddress);
 }
 
+PageSize ChartPaperFor(const DisplayList& page) {
+  // A margin beyond the drawing, as the chart keeps from the page's edges.
+  constexpr double kMargin = 150;
+  const Box extent = DrawingExtent(page);
+  return {std::max(kChartPaper.width, extent.right + kMargin), std::max(kChartPaper.height, extent.bottom + kMargin)};
+}
+
 void PrintChart(Session& session, Dialogs& dialogs) {
+  const std::string dateTime = dialogs.LocalDateTime();
+  // The page is measured on a copy, so that a cancelled dialog leaves the
+  // session as it was.
+  Session measured = session;
+  DisplayList page;
+  DrawChartPage(measured, page, dateTime);
   std::string error;
-  const std::unique_ptr<PrintJob> job = dialogs.StartPrint(kChartPaper, error);
+  const std::unique_ptr<PrintJob> job = dialogs.StartPrint(ChartPaperFor(page), error);
   if (!job) return;
-  DrawChartPage(session, job->Page(), dialogs.LocalDateTime());
+  DrawChartPage(session, job->Page(), dateTime);
   job->Finish();
 }
 

@@ -5,6 +5,8 @@
 #include "model/session.h"
 #include "platform/canvas.h"
 #include "platform/dialogs.h"
+#include "platform/display_list.h"
+#include "platform/pages.h"
 
 namespace kalvex {
 
@@ -16,6 +18,11 @@ namespace kalvex {
 // session as the screen's redraw does; Value, Frequency and SweepPoints end as
 // they were.
 void DrawChartPage(Session& session, Canvas& canvas, const std::string& dateTime);
+
+// The units the chart page `page` is printed in: kChartPaper, widened and
+// lengthened where the drawing reaches past it (the strip of five long stages
+// ends beyond its right edge), so that the printable area holds it whole.
+PageSize ChartPaperFor(const DisplayList& page);
 
 // "Print": the print dialog, then the chart page on the printer. A cancelled
 // dialog or a printer error ends it without a message.

@@ -72,6 +72,7 @@ void DrawTablePages(const Session& session, Canvas& canvas, const std::string& d
 
   const SweepIndexes indexes = SweepIndexesOf(session);
   for (int k = indexes.first; k <= indexes.last; ++k) {
+    if (!IsFiniteSweepPoint(session, k)) continue;  // as the table and the files leave it out
     const std::array<std::string, 7> row = {
         FormatSI(session.SweepFreq[k]),
         FormatGeneral(session.SweepR[k]),

@@ -165,7 +165,7 @@ AnalysisPage::AnalysisPage(Session& session, Dialogs& dialogs)
   commands.band = [this] { BandWindow::Show(session_, dialogs_); };
   // A new network: the page opens again on it, as a visit would.
   commands.match = [this] {
-    MatchDialog dialog(session_, this);
+    MatchDialog dialog(session_, dialogs_, this);
     if (dialog.exec() != QDialog::Accepted) return;
     RecordStep(dialog.AppliedStep());
     SwitchTo(new AnalysisPage(session_, dialogs_));
@@ -226,7 +226,7 @@ void AnalysisPage::Redraw() {
   ShowSwitch(cmdVSWRon, OverlayOn(session_, Overlay::VSWRCircle));
   ShowSwitch(cmdSweep, session_.SweepShown == 1);
   update();
-  ShowStatus(Q(MatchStatusText(session_)));
+  ShowMatchStatus(session_);
   BandWindow::RefreshOpen();
 }
 

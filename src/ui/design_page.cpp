@@ -63,12 +63,12 @@ DesignPage::DesignPage(Session& session, Dialogs& dialogs)
   connect(txtSystemZ, &QLineEdit::textChanged, this,
           [this](const QString& t) {
             session_.SystemZ = ParseValue(t.toStdString());
-            ShowStatus(Q(MatchStatusText(session_)));
+            ShowMatchStatus(session_);
           });
   connect(txtFrequency, &QLineEdit::textChanged, this,
           [this](const QString& t) {
             session_.Frequency = ParseValue(t.toStdString());
-            ShowStatus(Q(MatchStatusText(session_)));
+            ShowMatchStatus(session_);
           });
   connect(txtCapacitorQ, &QLineEdit::textChanged, this, [this](const QString& t) {
     session_.DefaultCapacitorQ = static_cast<float>(ParseValue(t.toStdString()));
@@ -199,7 +199,7 @@ void DesignPage::ShowEditor() {
   lblSelectElementToEdit->setVisible(c.selectHintShown);
   lblClickOnALibraryPart->setVisible(c.libraryHintShown);
   cmdAnalyze->setEnabled(c.analyzeEnabled);
-  ShowStatus(Q(MatchStatusText(session_)));
+  ShowMatchStatus(session_);
   editor_.Compose(Drawing());
   update();
 }
@@ -214,11 +214,11 @@ void DesignPage::Analyze() {
   const std::string typedFrequency = txtFrequency->text().toStdString();
   std::string systemZ = typedSystemZ;
   std::string frequency = typedFrequency;
-  LimitDesignValues(session_, dialogs_, systemZ, frequency);
   // Only a value that was reset is written back: a box re-reads what is
   // written, and "-2M" read again would undo the frequency's absolute value.
-  if (systemZ != typedSystemZ) WriteBox(txtSystemZ, systemZ);
-  if (frequency != typedFrequency) WriteBox(txtFrequency, frequency);
+  LimitDesignValues(session_, dialogs_, systemZ, frequency, [this](int box, const std::string& text) {
+    WriteBox(box == 0 ? txtSystemZ : txtFrequency, text);
+  });
   // Going to the Analysis page is no step; a value typed, or reset to its
   // limit, is one.
   if (typedBox_ == nullptr) typedBox_ = frequency != typedFrequency ? txtFrequency : txtSystemZ;
@@ -292,7 +292,7 @@ void DesignPage::Reload() {
 }
 
 void DesignPage::OpenMatch() {
-  MatchDialog dialog(session_, this);
+  MatchDialog dialog(session_, dialogs_, this);
   if (dialog.exec() != QDialog::Accepted) return;
   ReopenDesignPage();
   RecordStep(dialog.AppliedStep());

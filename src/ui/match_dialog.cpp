@@ -3,9 +3,12 @@
 #include <QGridLayout>
 #include <QHeaderView>
 #include <QVBoxLayout>
+#include <cmath>
 
+#include "matching/match_limits.h"
 #include "matching/match_text.h"
 #include "model/format.h"
+#include "model/trim.h"
 #include "ui/controls.h"
 
 namespace kalvex {
@@ -21,8 +24,9 @@ QString Number(double value) { return QString::number(value, 'g', 4); }
 
 }  // namespace
 
-MatchDialog::MatchDialog(Session& session, QWidget* parent)
+MatchDialog::MatchDialog(Session& session, Dialogs& dialogs, QWidget* parent)
     : QDialog(parent),
+      lblWorksOn(new QLabel(this)),
       cboKind(new QComboBox(this)),
       txtQ(new QLineEdit(this)),
       cboSections(new QComboBox(this)),
@@ -32,7 +36,8 @@ MatchDialog::MatchDialog(Session& session, QWidget* parent)
       lblNotes(new QLabel(this)),
       cmdApply(new QPushButton("Apply", this)),
       cmdClose(new QPushButton("Close", this)),
-      session_(session) {
+      session_(session),
+      dialogs_(dialogs) {
   setWindowTitle("Match");
   setModal(true);
   DialogFrame(this);
@@ -45,7 +50,12 @@ MatchDialog::MatchDialog(Session& session, QWidget* parent)
   lstSolutions->setSelectionMode(QAbstractItemView::SingleSelection);
   lstSolutions->setEditTriggers(QAbstractItemView::NoEditTriggers);
   lstSolutions->horizontalHeader()->setSectionResizeMode(1, QHeaderView::Stretch);
+  // A long list of parts wraps in its cell rather than ending in "…", and
+  // shows whole in its tip.
+  lstSolutions->setWordWrap(true);
+  lstSolutions->setTextElideMode(Qt::ElideNone);
   lblNotes->setWordWrap(true);
+  lblWorksOn->setWordWrap(true);
 
   auto* choices = new QGridLayout;
   const std::pair<const char*, QWidget*> fields[] = {
@@ -61,6 +71,7 @@ MatchDialog::MatchDialog(Session& session, QWidget* parent)
   buttons->addWidget(cmdApply);
   buttons->addWidget(cmdClose);
   auto* layout = new QVBoxLayout(this);
+  layout->addWidget(lblWorksOn);
   layout->addLayout(choices);
   layout->addWidget(lstSolutions);
   layout->addWidget(lblNotes);
@@ -90,13 +101,17 @@ void MatchDialog::Compute() {
                              MatchResponseName(s.response), s.passesDC ? "passes" : "blocks",
                              Number(s.worstVSWR)};
     for (int column = 0; column < 6; ++column) {
-      lstSolutions->setItem(row, column, new QTableWidgetItem(cells[column]));
+      auto* item = new QTableWidgetItem(cells[column]);
+      item->setToolTip(cells[column]);
+      lstSolutions->setItem(row, column, item);
     }
   }
   lstSolutions->resizeColumnToContents(0);
+  lstSolutions->resizeRowsToContents();
+  lblWorksOn->setText(WorksOnText());
   if (lstSolutions->rowCount() > 0) lstSolutions->selectRow(0);
   QStringList notes;
-  notes << Q(result_.alreadyMatched ? "The load is already matched." : MatchBandText(result_));
+  if (result_.alreadyMatched) notes << "The load is already matched.";
   for (const std::string& note : result_.notes) notes << Q(note);
   for (const std::string& refusal : result_.refusals) notes << Q(refusal);
   lblNotes->setText(notes.join("\n"));
@@ -107,10 +122,29 @@ void MatchDialog::Apply() {
   const int row = lstSolutions->currentRow();
   if (row < 0 || row >= static_cast<int>(result_.solutions.size())) return;
   const MatchSolution& chosen = result_.solutions[static_cast<std::size_t>(row)];
+  const std::vector<std::string> changes = MatchLimitChanges(session_, chosen);
+  if (!changes.empty()) {
+    std::string text = "The Design page's limits change this network:";
+    for (const std::string& change : changes) text += "\r\n" + change;
+    text += "\r\n\r\nApply it with these values?";
+    if (dialogs_.Message(text, "Match", MessageButtons::YesNo, MessageIcon::Question) != MessageAnswer::Yes) return;
+  }
   ApplyMatch(session_, chosen);
   const std::size_t parts = chosen.stages.size();
   appliedStep_ = QString("Match applied (%1, %2 part%3)").arg(MatchKindName(chosen.kind)).arg(parts).arg(parts == 1 ? "" : "s");
   accept();
+}
+
+// What the solutions are for: the load and the frequency it is matched at,
+// the system impedance, and the band each worst VSWR is taken over.
+QString MatchDialog::WorksOnText() const {
+  const MatchLoad load = LoadToMatch(session_);
+  const auto ohms = [](double value) { return QString::number(value, 'g', 6); };
+  QString text = QString("Load %1 %2j%3 ohms at %4Hz, system impedance %5 ohms")
+                     .arg(ohms(load.z.R), QString(load.z.X < 0 ? "-" : "+"), ohms(std::fabs(load.z.X)),
+                          Q(Trimmed(FormatSI(load.frequency))), ohms(session_.SystemZ));
+  if (result_.alreadyMatched) return text;
+  return text + "; " + Q(Trimmed(MatchBandText(result_)));
 }
 
 }  // namespace kalvex

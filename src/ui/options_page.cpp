@@ -3,6 +3,7 @@
 #include "design/schematic.h"
 #include "model/options.h"
 #include "ui/design_page.h"
+#include "ui/keys.h"
 
 namespace kalvex {
 
@@ -33,7 +34,7 @@ OptionsPage::OptionsPage(Session& session, Dialogs& dialogs)
   const int tops[] = {400, 700, 1000, 1300, 1600};
   QRadioButton* units[] = {Option5, Option6, Option1, Option2, Option4};
   for (int i = 0; i < 5; ++i) {
-    Place(units[i], 200, tops[i], 2000, 300);  // within the frame
+    Place(units[i], 200, tops[i], 2000, 300);
     // Choosing a unit makes the velocity factor available; nothing else.
     connect(units[i], &QRadioButton::toggled, this, [this] {
       lblVelocityFactor->setEnabled(true);
@@ -51,6 +52,9 @@ OptionsPage::OptionsPage(Session& session, Dialogs& dialogs)
   Option5->setChecked(true);
   txtVelocityFactor->setText(QString::fromStdString(OpenOptions(session_)));
   connect(cmdExit, &QPushButton::clicked, this, &OptionsPage::Return);
+  BindKeys(this, dialogs_,
+           {{QKeySequence(Qt::Key_Escape), "Return: keep the velocity factor and go back to the Design page",
+             [this] { cmdExit->click(); }}});
   FollowLayoutWithTab();
 }
 

@@ -4,11 +4,13 @@
 #include <QStatusTipEvent>
 #include <QGuiApplication>
 #include <QScreen>
+#include <QWindow>
 #include <algorithm>
 #include <QMouseEvent>
 #include <QPainter>
 #include <cmath>
 
+#include "model/network_state.h"
 #include "model/vector_state.h"
 #include "platform/pages.h"
 #include "ui/page_frame.h"
@@ -67,12 +69,15 @@ const QRectF& Page::PlaceOf(QWidget* control) const {
 
 QRectF Page::Frame() const {
   // The area between the menu bar and the status line.
-  const int top = menuBar_ ? menuBar_->sizeHint().height() : 0;
-  const int bottom = statusLine_ ? statusLine_->sizeHint().height() : 0;
+  const int top = menuBar_ ? menuBar_->height() : 0;
+  const int bottom = statusLine_ ? statusLine_->height() : 0;
   const QSizeF area(width(), std::max(1, height() - top - bottom));
+  return PageFrame(area, Shape()).translated(0, top);
+}
+
+QSizeF Page::Shape() const {
   const QScreen* shown = screen() != nullptr ? screen() : QGuiApplication::primaryScreen();
-  const QSizeF shape = ownProportions_ || shown == nullptr ? logicalSize_ : QSizeF(shown->availableGeometry().size());
-  return PageFrame(area, shape).translated(0, top);
+  return ownProportions_ || shown == nullptr ? logicalSize_ : QSizeF(shown->availableGeometry().size());
 }
 
 void Page::SetMenuBar(QMenuBar* menus) {
@@ -83,6 +88,7 @@ void Page::SetMenuBar(QMenuBar* menus) {
 void Page::SetStatusLine(QLabel* status) {
   statusLine_ = status;
   status->setAutoFillBackground(true);
+  status->setWordWrap(true);
   // Each control's tip shows in the status line while the mouse is over it.
   for (QWidget* control : findChildren<QWidget*>()) {
     if (control->statusTip().isEmpty()) control->setStatusTip(control->toolTip());
@@ -90,13 +96,27 @@ void Page::SetStatusLine(QLabel* status) {
   resizeEvent(nullptr);
 }
 
-void Page::ShowStatus(const QString& text) {
+void Page::ShowStatus(const QString& text, const QString& brief) {
   status_ = text;
-  if (statusLine_) statusLine_->setText(text);
+  statusBrief_ = brief;
+  if (statusLine_ && FitStatus()) resizeEvent(nullptr);
+}
+
+void Page::ScreenChanged() {
+  resizeEvent(nullptr);
+  update();
+}
+
+void Page::ShowMatchStatus(const Session& session) {
+  ShowStatus(QString::fromStdString(MatchStatusText(session)),
+             QString::fromStdString(MatchStatusText(session, StatusForm::Brief)));
 }
 
 void Page::showEvent(QShowEvent* event) {
   QWidget::showEvent(event);
+  if (QWindow* shown = window()->windowHandle()) {
+    connect(shown, &QWindow::screenChanged, this, &Page::ScreenChanged, Qt::UniqueConnection);
+  }
   SessionHistory* history = SessionHistory::Instance();
   // A window shown again by the window system (un-minimised) is no new visit.
   if (!followsHistory_ || history == nullptr || event->spontaneous()) return;
@@ -106,8 +126,13 @@ void Page::showEvent(QShowEvent* event) {
 
 bool Page::event(QEvent* event) {
   if (event->type() == QEvent::StatusTip && statusLine_) {
+    // A tip shows in the line as it stands: hovering never moves the page.
     const QString tip = static_cast<QStatusTipEvent*>(event)->tip();
-    statusLine_->setText(tip.isEmpty() ? status_ : tip);
+    if (tip.isEmpty()) {
+      FitStatus();
+    } else {
+      statusLine_->setText(tip);
+    }
     return true;
   }
   return QWidget::event(event);
@@ -130,26 +155,59 @@ void Page::ApplyPlacement(const Placement& placement) {
   const double sx = frame.width() / logicalSize_.width();
   const double sy = frame.height() / logicalSize_.height();
   const QRectF& p = placement.place;
-  placement.control->setGeometry(static_cast<int>(std::lround(frame.x() + p.x() * sx)),
-                                 static_cast<int>(std::lround(frame.y() + p.y() * sy)),
+  // A control inside a frame (a group box) is placed in the frame's own
+  // units: only the page's own controls stand beside the menu bar and margins.
+  const QPointF origin = placement.control->parentWidget() == this ? frame.topLeft() : QPointF();
+  placement.control->setGeometry(static_cast<int>(std::lround(origin.x() + p.x() * sx)),
+                                 static_cast<int>(std::lround(origin.y() + p.y() * sy)),
                                  static_cast<int>(std::lround(p.width() * sx)),
                                  static_cast<int>(std::lround(p.height() * sy)));
-  // Glyphs keep their proportions: the font follows the smaller of the two
-  // scales, so text fits its place however the window is proportioned.
-  QFont font = placement.control->font();
-  font.setPixelSize(std::max(
-      6, static_cast<int>(std::lround(PageFontSize(logicalSize_.height()) * std::min(sx, sy)))));
-  placement.control->setFont(font);
+  SetPixelSize(placement.control, FontPixels(std::min(sx, sy)));
+}
+
+// Glyphs keep their proportions: the font follows the smaller of the two
+// scales, so text fits its place however the window is proportioned.
+int Page::FontPixels(double scale) const {
+  return std::max(6, static_cast<int>(std::lround(PageFontSize(logicalSize_.height()) * scale)));
+}
+
+void Page::SetPixelSize(QWidget* control, int pixels) {
+  QFont font = control->font();
+  if (font.pixelSize() == pixels) return;
+  font.setPixelSize(pixels);
+  control->setFont(font);
 }
 
 void Page::resizeEvent(QResizeEvent* event) {
   if (event != nullptr) QWidget::resizeEvent(event);
-  if (menuBar_) menuBar_->setGeometry(0, 0, width(), menuBar_->sizeHint().height());
+  // The menu bar and the status line take the page's font, at the scale the
+  // page has in the whole window; a readable size at the least.
+  const QRectF whole = PageFrame(size(), Shape());
+  const int pixels = std::max(9, FontPixels(whole.height() / logicalSize_.height()));
+  if (menuBar_) {
+    SetPixelSize(menuBar_, pixels);
+    menuBar_->setGeometry(0, 0, width(), menuBar_->sizeHint().height());
+  }
   if (statusLine_) {
-    const int h = statusLine_->sizeHint().height();
-    statusLine_->setGeometry(0, height() - h, width(), h);
+    SetPixelSize(statusLine_, pixels);
+    FitStatus();
   }
   for (const Placement& placement : placements_) ApplyPlacement(placement);
+}
+
+// The status line shows its full text where it fits, else the brief one,
+// wrapped between figures when even that is too wide; it grows to show every
+// line. Returns whether its height changed, and with it the page's frame.
+bool Page::FitStatus() {
+  const int room = width() - 2 * statusLine_->margin() - statusLine_->contentsMargins().left() -
+                   statusLine_->contentsMargins().right();
+  const bool fits = statusLine_->fontMetrics().horizontalAdvance(status_) <= room;
+  statusLine_->setText(fits || statusBrief_.isEmpty() ? status_ : statusBrief_);
+  const int wrapped = statusLine_->heightForWidth(width());
+  const int h = wrapped > 0 ? wrapped : statusLine_->sizeHint().height();
+  const bool grown = h != statusLine_->height();
+  statusLine_->setGeometry(0, height() - h, width(), h);
+  return grown;
 }
 
 // Replays commands [first, end) of the drawing onto `painter`, in the page's
@@ -183,7 +241,7 @@ void Page::paintEvent(QPaintEvent*) {
   // it is painted once into an image at the window's device pixels and shown
   // again until its commands, the window's size or its pixel ratio change.
   const qreal ratio = devicePixelRatioF();
-  const BackgroundKey wanted{drawing_.BackgroundKey(), size(), ratio};
+  const BackgroundKey wanted{drawing_.BackgroundKey(), size(), Frame(), ratio};
   if (!(background_.key == wanted) || background_.image.isNull()) {
     background_.key = wanted;
     background_.image = QImage(size() * ratio, QImage::Format_ARGB32_Premultiplied);

@@ -9,6 +9,7 @@
 #include <QWidget>
 #include <vector>
 
+#include "model/session.h"
 #include "platform/dialogs.h"
 #include "platform/display_list.h"
 #include "platform/pages.h"
@@ -46,9 +47,12 @@ class Page : public QWidget {
   // the page keeps its layout and proportions in the area between them.
   void SetMenuBar(QMenuBar* menus);
   void SetStatusLine(QLabel* status);
-  // The status line's own text; a hovered control's tip shows over it.
-  void ShowStatus(const QString& text);
+  // The status line's own text, and a shorter form of it for a narrow
+  // window; a hovered control's tip shows over it.
+  void ShowStatus(const QString& text, const QString& brief = {});
   QLabel* StatusLine() const { return statusLine_; }
+  // The match at the working frequency, in full or brief as the line's width allows.
+  void ShowMatchStatus(const Session& session);
 
   // Draws the page in its own proportions rather than the screen's: a window
   // that is not a page of the screen (the band plot) resizes without
@@ -107,6 +111,14 @@ class Page : public QWidget {
     QRectF place;
   };
   void ApplyPlacement(const Placement& placement);
+  // The page's font in pixels at `scale` window pixels a page unit.
+  int FontPixels(double scale) const;
+  static void SetPixelSize(QWidget* control, int pixels);
+  // The proportions the page is drawn in: the screen's, or its own.
+  QSizeF Shape() const;
+  bool FitStatus();
+  // Another screen may have other proportions: the page is placed anew.
+  void ScreenChanged();
   const QRectF& PlaceOf(QWidget* control) const;
 
   QSizeF logicalSize_;
@@ -115,9 +127,12 @@ class Page : public QWidget {
   bool closingByProgram_ = false;
   bool ownProportions_ = false;
   bool followsHistory_ = false;
+  // The cached background is good for one drawing in one place: a screen of
+  // other proportions or a taller menu bar moves the frame.
   struct BackgroundKey {
     uint64_t commands = 0;
     QSize size;
+    QRectF frame;
     qreal ratio = 0;
     bool operator==(const BackgroundKey&) const = default;
   };
@@ -132,6 +147,7 @@ class Page : public QWidget {
   QPointer<QMenuBar> menuBar_;
   QPointer<QLabel> statusLine_;
   QString status_;
+  QString statusBrief_;
 };
 
 }  // namespace kalvex

@@ -64,7 +64,8 @@ void SweepSetupDialog::Accept() {
   // maximum's message can be told.
   AcceptSweepSettings(session_, dialogs_, ParseValue(txtStart->text().toStdString()),
                       ParseValue(txtStop->text().toStdString()),
-                      ParseValue(txtPoints->text().toStdString()));
+                      ParseValue(txtPoints->text().toStdString()),
+                      [this](int box, const std::string& text) { (box == 0 ? txtStart : txtStop)->setText(Q(text)); });
   sweepSwitchable_(SweepSettingsSwitchable(session_));
   accept();
 }

@@ -3,6 +3,7 @@
 #include <QFontDatabase>
 #include <QGuiApplication>
 #include <QScreen>
+#include <QVBoxLayout>
 
 #include "analysis/tabulate.h"
 #include "files/sweep_data_file.h"
@@ -16,38 +17,37 @@ namespace kalvex {
 
 TabulatePage::TabulatePage(Session& session, Dialogs& dialogs, QWidget* parent)
     : QDialog(parent),
-      lblTitle(new QLabel("Tabulated Data", this)),
-      lblHeading0(new QLabel(kTabulateHeading, this)),
-      lstTabulatedOutput(new QListWidget(this)),
-      cmdExit(Button(this, "Return", "Return to the Analyze page")),
-      cmdPrint(Button(this, "To printer", "Send the tabulated dat to the printer")),
-      cmdFile(Button(this, "To file", "Send the tabulated data to a file of your choice")),
+      sheet(new Page({kAnalysisPageWidth, kAnalysisPageHeight}, this)),
+      lblTitle(new QLabel("Tabulated Data", sheet)),
+      lblHeading0(new QLabel(kTabulateHeading, sheet)),
+      lstTabulatedOutput(new QListWidget(sheet)),
+      cmdExit(Button(sheet, "Return", "Return to the Analyze page")),
+      cmdPrint(Button(sheet, "To printer", "Send the tabulated dat to the printer")),
+      cmdFile(Button(sheet, "To file", "Send the tabulated data to a file of your choice")),
       session_(session),
       dialogs_(dialogs) {
   setWindowTitle(Q("Kalvex " + session_.Version + " Tabulated output " + session_.FileName));
   setModal(true);
-  // Sized to the screen; the buttons' font is the screen height in twips × 0.0008 points.
+  auto* layout = new QVBoxLayout(this);
+  layout->setContentsMargins(0, 0, 0, 0);
+  layout->addWidget(sheet);
+  sheet->Drawing().Clear(kPageBackground);
   if (const QScreen* shown = QGuiApplication::primaryScreen()) {
     resize(shown->availableGeometry().size());
     setWindowState(windowState() | Qt::WindowMaximized);
-    QFont buttons = cmdExit->font();
-    buttons.setPointSizeF(shown->geometry().height() * 15 * 0.0008);
-    for (QPushButton* button : {cmdExit, cmdPrint, cmdFile}) button->setFont(buttons);
   }
   const QFont fixedPitch = QFontDatabase::systemFont(QFontDatabase::FixedFont);
   lblHeading0->setFont(fixedPitch);
   lstTabulatedOutput->setFont(fixedPitch);
-  QFont title = lblTitle->font();
-  title.setPointSizeF(title.pointSizeF() * 1.5);
-  lblTitle->setFont(title);
-  lblTitle->adjustSize();
-  lblTitle->move(Twips(1), Twips(60));
-  lblHeading0->adjustSize();
-  lblHeading0->move(Twips(1700), Twips(890));
-  lstTabulatedOutput->setGeometry(Twips(1700), Twips(1200), Twips(8500), Twips(5000));
-  cmdExit->setGeometry(Twips(1940), Twips(6900), Twips(1335), Twips(300));
-  cmdPrint->setGeometry(Twips(3440), Twips(6900), Twips(1335), Twips(300));
-  cmdFile->setGeometry(Twips(4940), Twips(6900), Twips(1335), Twips(300));
+  // The heading stands over the rows' columns: indented by the list's frame
+  // and its rows' margin.
+  lblHeading0->setIndent(lstTabulatedOutput->frameWidth() + 2);
+  sheet->Place(lblTitle, 1, 60, 4000, 400);
+  sheet->Place(lblHeading0, 1700, 890, 8500, 300);
+  sheet->Place(lstTabulatedOutput, 1700, 1200, 8500, 5000);
+  sheet->Place(cmdExit, 1940, 6900, 1335, 300);
+  sheet->Place(cmdPrint, 3440, 6900, 1335, 300);
+  sheet->Place(cmdFile, 4940, 6900, 1335, 300);
 
   for (const std::string& row : TabulateSweep(session_)) lstTabulatedOutput->addItem(Q(row));
 
@@ -64,12 +64,8 @@ TabulatePage::TabulatePage(Session& session, Dialogs& dialogs, QWidget* parent)
             {QKeySequence(Qt::Key_Escape), "Return", commands.exit},
             {QKeySequence(Qt::CTRL | Qt::Key_G), "Band: VSWR against frequency, bandwidths, Bode-Fano bound",
              commands.band}});
-  // The menu bar stands above the page, which keeps its layout below it.
-  QMenuBar* menus = BuildMenuBar(this, dialogs_, session_.Version, commands);
-  menus->setGeometry(0, 0, width(), menus->sizeHint().height());
-  for (QWidget* control : std::initializer_list<QWidget*>{lblTitle, lblHeading0, lstTabulatedOutput, cmdExit, cmdPrint, cmdFile}) {
-    control->move(control->pos() + QPoint(0, menus->sizeHint().height()));
-  }
+  sheet->SetMenuBar(BuildMenuBar(sheet, dialogs_, session_.Version, commands));
+  sheet->FollowLayoutWithTab();
 }
 
 void TabulatePage::WriteToFile() {

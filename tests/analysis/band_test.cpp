@@ -1,7 +1,10 @@
 #include <gtest/gtest.h>
 
+#include <array>
 #include <cmath>
 #include <complex>
+#include <functional>
+#include <sstream>
 #include <numbers>
 
 #include "analysis/band.h"
@@ -47,6 +50,38 @@ TEST(BandFigures, EdgesSolveTheCalculation) {
   EXPECT_NEAR(*figures.edges[0].percent, 100 * (edge(1) - edge(-1)) / 14e6, 1e-6);
   EXPECT_NEAR(figures.best.vswr, 1, 1e-6);
   EXPECT_EQ(figures.worst.frequency, 10e6);  // the capacitor's side is steeper
+}
+
+// With load data the load between two points lies on the straight line
+// between them: a load of 50 ohms with a reactance, or a resistance alone, is
+// at VSWR 2 where |X| reaches 50 (2 − 1) / √2 or R reaches 100, so each edge
+// falls where that line meets the level, not at a point nor halfway. Changing
+// the points' loads moves the edges with them.
+TEST(BandFigures, EdgesBetweenLoadDataPointsTakeTheLoadOnTheLineBetweenThem) {
+  const double xAt2 = 50 / std::sqrt(2.0);
+  struct Case {
+    std::array<double, 5> r, x;  // at 12, 13, ..., 16 MHz
+    double low, high;
+  };
+  for (const Case& c : {
+           Case{{200, 75, 50, 60, 250}, {}, 12e6 + 1e6 * 100 / 125, 15e6 + 1e6 * 40 / 190},
+           Case{{200, 90, 50, 60, 130}, {}, 12e6 + 1e6 * 100 / 110, 15e6 + 1e6 * 40 / 70},
+           Case{{50, 50, 50, 50, 50}, {-100, -20, 0, 10, 60}, 12e6 + 1e6 * (100 - xAt2) / 80,
+                15e6 + 1e6 * (xAt2 - 10) / 50}}) {
+    Session session;
+    InitialiseSession(session);
+    session.LoadSource = 2;
+    session.SweepPoints = 5;
+    for (int k = 1; k <= 5; ++k) {
+      session.LoadFreq[k] = 11e6 + k * 1e6;
+      session.LoadR[k] = c.r[k - 1];
+      session.LoadX[k] = c.x[k - 1];
+    }
+    const BandFigures figures = ComputeBandFigures(session, {2});
+    ASSERT_TRUE(figures.edges[0].low && figures.edges[0].high);
+    EXPECT_NEAR(*figures.edges[0].low / c.low, 1, 1e-8) << c.r[1];
+    EXPECT_NEAR(*figures.edges[0].high / c.high, 1, 1e-8) << c.r[4];
+  }
 }
 
 // A load no network was built for keeps its VSWR of 4: no edges at all.
@@ -140,6 +175,78 @@ TEST(BandPlot, DrawsThresholdsEdgesAndBound) {
       return std::fabs(l.a.y - circle.a.y) < 1e-9 && l.a.x < circle.a.x && l.b.x > circle.a.x;
     }));
   }
+}
+
+// However far the curve runs, every label stands clear of the others and of
+// the plot's frame, whole on the page, and the curve and the thresholds stay
+// in view below the frame's top.
+TEST(BandPlot, LabelsNeitherOverlapNorLeaveThePage) {
+  const Box page{0, 0, kBandPage.width, kBandPage.height};
+  const Box frame{1300, 1000, 7700, 7600};
+  struct Case {
+    const char* name;
+    std::function<void(Session&)> change;
+  };
+  const Case cases[] = {
+      {"resonance", [](Session&) {}},
+      {"VSWR 20 to 28", [](Session& s) {
+         s.ElementType[2] = Empty;
+         s.Value[0][1] = 1000;
+       }},
+      {"narrow sweep", [](Session& s) {
+         s.SweepStart = 13.9e6;
+         s.SweepStop = 14.1e6;
+       }},
+      {"edge at the band's end", [](Session& s) { s.SweepStart = 13e6; }},
+      {"open circuit", [](Session& s) {
+         s.ElementType[1] = s.ElementType[2] = Empty;
+         s.Value[0][1] = 1e12;
+       }}};
+  for (const Case& c : cases) {
+    for (const BandQuantity quantity : {BandQuantity::VSWR, BandQuantity::ReturnLoss, BandQuantity::Gamma}) {
+      Session session = SeriesResonance();
+      c.change(session);
+      DisplayList plot;
+      DrawBandPlot(ComputeBandFigures(session), quantity, plot);
+      const std::string where = std::string(c.name) + ", " + BandQuantityName(quantity);
+      const std::vector<Box> boxes = testing::TextBoxes(plot);
+      for (std::size_t i = 0; i < boxes.size(); ++i) {
+        EXPECT_TRUE(boxes[i].Inside(page)) << where << ": label " << i;
+        EXPECT_TRUE(boxes[i].Inside(frame) || !boxes[i].Overlaps(frame)) << where << ": label " << i;
+        for (std::size_t j = 0; j < i; ++j) EXPECT_FALSE(boxes[i].Overlaps(boxes[j])) << where << ": " << j << ", " << i;
+      }
+      const auto curve = testing::LinesIn(plot, RGB(17, 17, 255));
+      ASSERT_FALSE(curve.empty()) << where;
+      const double highest = std::min_element(curve.begin(), curve.end(), [](auto& a, auto& b) {
+                               return a.b.y < b.b.y;
+                             })->b.y;
+      if (quantity == BandQuantity::VSWR) {
+        EXPECT_GT(highest, frame.top + 100) << where;
+      }
+      for (const DrawCommand& line : testing::LinesIn(plot, RGB(238, 153, 17))) {
+        EXPECT_TRUE(line.a.y > frame.top && line.a.y < frame.bottom) << where;
+      }
+    }
+  }
+}
+
+// The figures beside the plot are those kalvex-cli band prints.
+TEST(BandPlot, ShowsTheBandsFiguresBesideThePlot) {
+  const BandFigures figures = ComputeBandFigures(SeriesResonance());
+  DisplayList plot;
+  DrawBandPlot(figures, BandQuantity::VSWR, plot);
+  std::string shown;
+  for (const DrawCommand& c : testing::OfKind(plot, DrawCommand::Kind::Text)) {
+    if (c.a.x >= 8000) shown += c.text + " ";
+  }
+  // Word for word, however the column wraps its lines.
+  const auto words = [](const std::string& text) {
+    std::istringstream in(text);
+    std::string joined;
+    for (std::string word; in >> word;) joined += word + " ";
+    return joined;
+  };
+  EXPECT_EQ(words(shown), words(BandReport(figures)));
 }
 
 }  // namespace

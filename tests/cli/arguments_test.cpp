@@ -76,6 +76,7 @@ TEST_F(ArgumentsTest, EveryCommandRefusesMalformedArgumentsByName) {
   }
   ExpectRefusals("impedance", {{{}, kExitUsage, "FILE"}}, false);
   ExpectRefusals("frobnicate", {{{}, kExitUsage, "unknown command frobnicate"}}, false);
+  EXPECT_EQ(Run({}), kExitUsage);
 }
 
 TEST_F(ArgumentsTest, Impedance) {

@@ -91,6 +91,9 @@ TEST_F(HostileInputTest, ExitStepsSayWhatWasNotSaved) {
   EXPECT_EQ(SaveThenExit(network, dialogs, unwritable),
             "The network was saved; the last session was not: cannot write " + unwritable +
                 ": Not a directory");
+  // A cancelled chooser saves nothing and leaves FileName empty, as it answered.
+  EXPECT_EQ(SaveThenExit(network, dialogs, PathOf(kLastSessionFileName)), std::nullopt);
+  EXPECT_EQ(network.FileName, "");
 }
 
 // A writer killed between naming its temporary file and renaming it leaves

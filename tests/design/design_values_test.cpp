@@ -26,10 +26,15 @@ TEST(DesignValues, LimitsResetWithTheirMessagesInOrder) {
     InitialiseSession(session);
     testing::FakeDialogs dialogs;
     Texts boxes = typed;
-    LimitDesignValues(session, dialogs, boxes[0], boxes[1]);
+    // A reset value is in its box before the message about it shows.
+    Texts shownBeforeMessage = typed;
+    LimitDesignValues(session, dialogs, boxes[0], boxes[1], [&](int box, const std::string& text) {
+      if (dialogs.messages.size() == static_cast<std::size_t>(box)) shownBeforeMessage[box] = text;
+    });
     EXPECT_EQ(std::pair(session.SystemZ, session.Frequency), values);
     EXPECT_EQ(dialogs.MessageTexts(), messages);
     EXPECT_EQ(boxes, texts);
+    EXPECT_EQ(shownBeforeMessage, texts);
   }
 }
 

@@ -2,8 +2,9 @@
 
 #include <algorithm>
 #include <cmath>
-#include <vector>
 
+#include "analysis/network_listing.h"
+#include "design/schematic.h"
 #include "design/symbols.h"
 #include "model/session.h"
 #include "support/drawing_queries.h"
@@ -45,25 +46,61 @@ TEST(Symbols, EachTypeDrawsItsOwnForm) {
   }
 }
 
-// Every member's width as its drawn signal rail shows it: the Design page's,
-// the strip's (in units of its scale) and the library's series and shunt
-// resistors, whose zigzag is the strip's shorter one.
-TEST(Symbols, EachMemberIsAsWideAsItsRail) {
-  auto rail = [](SymbolFamily family, int type) {
+// Every member's drawn signal rail ends where it leaves the cursor (the
+// Design page's shunt-resistor body alone has no rail, the strip draws no
+// wire); the gallery's resistors are the strip's shorter zigzag and the
+// padded shunt one.
+TEST(Symbols, EachMembersRailEndsAtTheCursor) {
+  auto drawn = [](SymbolFamily family, int type) {
     DisplayList list;
     SymbolPen pen(list, family, kRv, kS);
     pen.ListY = 500;
     pen.DrawElementSymbol(type);
-    return std::lround(testing::RailEnd(list, 500) / (family == SymbolFamily::Strip ? kS : 1));
+    return std::pair(testing::RailEnd(list, 500), pen.ListX);
   };
-  std::vector<long> design, strip;
-  for (int type = Empty; type <= SeriesResistor; ++type) design.push_back(rail(SymbolFamily::Design, type));
-  for (int type = SeriesCapacitor; type <= ShuntResistor; ++type) strip.push_back(rail(SymbolFamily::Strip, type));
-  EXPECT_EQ(design, (std::vector<long>{960, 1000, 960, 1060, 960, 1120, 800, 960, 1040, 1040, 640, 960, 1040}));
-  EXPECT_EQ(rail(SymbolFamily::Design, InsertPlaceholder), 1000);
-  EXPECT_EQ(strip, (std::vector<long>{960, 1200, 1500, 1200, 1400, 1240, 1240, 1320, 1320, 1200, 1240, 1480, 600}));
-  EXPECT_EQ(std::pair(rail(SymbolFamily::Gallery, SeriesResistor), rail(SymbolFamily::Gallery, ShuntResistor)),
-            std::pair(880L, 400L));
+  for (const SymbolFamily family : {SymbolFamily::Design, SymbolFamily::Strip, SymbolFamily::Gallery}) {
+    for (int type = Empty; type <= InsertPlaceholder; ++type) {
+      const auto [rail, cursor] = drawn(family, type);
+      if (cursor > 0) {
+        EXPECT_NEAR(rail, cursor, 1e-9) << static_cast<int>(family) << " type " << type;
+      }
+    }
+  }
+  EXPECT_EQ(drawn(SymbolFamily::Gallery, SeriesResistor).second, 880);
+  EXPECT_EQ(drawn(SymbolFamily::Gallery, ShuntResistor).second, 400);
+}
+
+// Each stage's list of values is written at its cell's start (on the Design
+// page after the separator's two leads, in the strip 90 right of it), and each
+// type's cell is as wide as its symbol (the shunt resistor padded, in the strip
+// two leads before it; the strip's empty stage and insert mark take none): a
+// series resistor's "7 " after each type stands where that type's cell ends.
+TEST(Symbols, EachTypesValuesStandAtItsCellsStart) {
+  struct Cell {
+    int16_t type;
+    double design, strip;  // width, the strip's in units of its scale
+  };
+  for (const Cell& cell : {Cell{Empty, 1280, 0}, {SeriesCapacitor, 1320, 960}, {ShuntCapacitor, 1280, 1200},
+                           {SeriesInductor, 1380, 1500}, {ShuntInductor, 1280, 1200}, {SeriesLine, 1440, 1400},
+                           {SeriesShortedStub, 1120, 1240}, {SeriesOpenStub, 1280, 1240},
+                           {ShuntShortedStub, 1360, 1320}, {ShuntOpenStub, 1360, 1320}, {ShuntSeriesLC, 960, 1200},
+                           {SeriesParallelLC, 1280, 1240}, {SeriesResistor, 1360, 1480}, {ShuntResistor, 960, 1200},
+                           {InsertPlaceholder, 1320, 0}}) {
+    Session session;
+    InitialiseSession(session);
+    session.Frequency = 14e6;
+    session.ElementType = {0, cell.type, SeriesResistor};
+    session.Value[1] = {0, 2e-6, 14e6, 75, 100};  // usable by every type
+    session.Value[2] = {0, 7};
+    DisplayList design, strip;
+    DrawNetwork(session, design, kRv);
+    DrawNetworkListing(session, strip);
+    // Stage 1's values start after the resistive load: at 1500 + 480 + 320 on
+    // the Design page, at 400 + 600 × 0.9 + 90 in the strip.
+    ASSERT_TRUE(testing::FindText(design, "7 ") && testing::FindText(strip, "7 ")) << cell.type;
+    EXPECT_EQ(testing::FindText(design, "7 ")->a.x, 2300 + cell.design) << cell.type;
+    EXPECT_NEAR(testing::FindText(strip, "7 ")->a.x, 1030 + cell.strip * kS, 1e-3) << cell.type;
+  }
 }
 
 // The shunt stubs' tube walls: 300 and 460 below the rail on the Design page

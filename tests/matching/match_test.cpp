@@ -3,8 +3,14 @@
 #include <algorithm>
 #include <cmath>
 #include <numbers>
+#include <set>
+#include <string>
 
+#include <nlohmann/json.hpp>
+
+#include "command_json.h"
 #include "matching/match.h"
+#include "matching/match_text.h"
 #include "matching/synthesis.h"
 #include "model/calculate.h"
 #include "model/reflection.h"
@@ -42,6 +48,56 @@ double ReflectionAt(Session session, const std::vector<MatchStage>& stages, doub
   session.Frequency = f;
   CalculateNetwork(session, 1);
   return PlotImpedance(session.InputR, session.InputX, session.SystemZ).rho;
+}
+
+// Whether `solution`'s parts vanish at `f`: the input impedance there is the
+// load's own.
+bool PartsVanishAt(Session session, const MatchSolution& solution, double f) {
+  session.Frequency = f;
+  const Impedance z = InputOf(session, solution);
+  const Impedance load{session.Value[0][1], session.Value[0][2]};
+  return std::hypot(z.R - load.R, z.X - load.X) < 1e-3 * (std::hypot(load.R, load.X) + session.SystemZ);
+}
+
+// Each solution's labels against what its parts do in the calculation: DC
+// reaches the load when the parts vanish far below the working frequency; a
+// lumped network passes the end of the spectrum where its parts vanish, one
+// with a line is band-pass (a line repeats along the frequency axis). The
+// table and the JSON write the same labels.
+TEST(Match, ResponseAndDCPathFollowTheParts) {
+  std::set<std::pair<std::string, bool>> seen;
+  std::set<MatchKind> kinds;
+  for (const auto& [r, x] : {std::pair{25.0, 80.0}, {100, -50}, {10, -20}, {200, 0}, {2, -150}, {1000, 400}}) {
+    const Session session = WithLoad(r, x);
+    const MatchResult result = FindMatches(session, MatchRequest{});
+    const std::string table = MatchTable(session, result);
+    const auto json = nlohmann::json::parse(MatchJson(session, result))["solutions"];
+    std::size_t row = table.find(" #  kind");
+    for (std::size_t n = 0; n < result.solutions.size(); ++n) {
+      const MatchSolution& solution = result.solutions[n];
+      const bool lows = PartsVanishAt(session, solution, 14e-3);
+      const bool highs = PartsVanishAt(session, solution, 14e15);
+      const bool lines = std::any_of(solution.stages.begin(), solution.stages.end(), [](const MatchStage& s) {
+        return s.type >= SeriesLine && s.type <= ShuntOpenStub;
+      });
+      const std::string response = lines || lows == highs ? "band-pass" : lows ? "low-pass" : "high-pass";
+      const std::string dc = lows ? "passes" : "blocks";
+      const std::string where = std::to_string(r) + "+j" + std::to_string(x) + " " + MatchPartsText(solution);
+      EXPECT_EQ(MatchResponseName(solution.response), response) << where;
+      EXPECT_EQ(solution.passesDC, lows) << where;
+      row = table.find('\n', row) + 1;
+      const std::string line = table.substr(row, table.find('\n', row) - row);
+      EXPECT_NE(line.find(" " + response + " "), std::string::npos) << line;
+      EXPECT_NE(line.find(" " + dc + " "), std::string::npos) << line;
+      EXPECT_EQ(json[n]["response"], response) << where;
+      EXPECT_EQ(json[n]["dc"], dc) << where;
+      seen.insert({response, lows});
+      kinds.insert(solution.kind);
+    }
+  }
+  // Every kind, every label and both DC paths came up.
+  EXPECT_EQ(kinds.size(), MatchRequest{}.kinds.size());
+  EXPECT_EQ(seen.size(), 4u);
 }
 
 // Every solution of every kind turns the load into the system impedance, for

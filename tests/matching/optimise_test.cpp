@@ -2,6 +2,7 @@
 
 #include <cmath>
 #include <numbers>
+#include <tuple>
 
 #include "analysis/band.h"
 #include "matching/match.h"
@@ -80,8 +81,7 @@ TEST(Optimise, MatchesAGridSearchOverTheBand) {
   EXPECT_NEAR(ReturnLossDb((result.after - 1) / (result.after + 1)), WorstReturnLoss(session, frequencies), 1e-9);
 }
 
-// The same input gives the same result; locked stages keep their values, and
-// a start that cannot be bettered is kept.
+// The same input gives the same result; locked stages keep their values.
 TEST(Optimise, IsDeterministicAndNeverWorse) {
   Session session = MistunedL();
   session.ElementType[3] = SeriesResistor;
@@ -95,15 +95,47 @@ TEST(Optimise, IsDeterministicAndNeverWorse) {
   Session applied = session;
   ApplyOptimised(applied, first);
   EXPECT_EQ(applied.Value[1], session.Value[1]);  // stage 1 was locked
-  // A resistor alone on a matched load: 1 ohm, its smallest value, is the best.
-  Session resistor;
-  InitialiseSession(resistor);
-  resistor.LoadSource = 1;
-  resistor.ElementType[1] = SeriesResistor;
-  resistor.Value[1][1] = 1;
-  const OptimiseResult kept = Optimise(resistor, {{1}, false, false});
-  EXPECT_EQ(kept.stages[0].values[1], 1);
-  EXPECT_EQ(kept.after, kept.before);
+}
+
+// A start nothing within reach betters is returned as it is, `after` equal to
+// `before`, the start's own worst VSWR: an exact match, a matched line (any
+// length as good), the Design page's smallest resistor, and parts nearer to
+// nothing than it accepts (1 milliohm; 1 fF, worst at the top of the band).
+TEST(Optimise, AStartNothingBettersIsReturnedAsItIs) {
+  enum class Goal { Working, Sweep, LoadData };
+  const double b = 2 * std::numbers::pi * 15e6 * 1e-15 * 50;  // the capacitor's susceptance at 15 MHz, × 50
+  struct Case {
+    int16_t type;
+    double value, loadR;
+    Goal goal;
+    double reflection;  // at the start, the worst over the goal
+  };
+  for (const Case& c : {Case{SeriesResistor, 25, 25, Goal::Working, 0}, {SeriesResistor, 25, 25, Goal::Sweep, 0},
+                        {SeriesResistor, 25, 25, Goal::LoadData, 0}, {SeriesLine, 30, 50, Goal::Sweep, 0},
+                        {SeriesResistor, 1, 50, Goal::Working, 1 / 101.0},
+                        {SeriesResistor, 1e-3, 50, Goal::Sweep, 1e-3 / 100.001},
+                        {SeriesResistor, 1e-3, 50, Goal::LoadData, 1e-3 / 100.001},
+                        {ShuntCapacitor, 1e-15, 50, Goal::Sweep, b / std::hypot(2, b)}}) {
+    Session session;
+    InitialiseSession(session);
+    session.LoadSource = c.goal == Goal::LoadData ? 2 : 1;
+    session.Frequency = 14e6;
+    session.Value[0] = {0, c.loadR, 0};
+    session.ElementType[1] = c.type;
+    session.Value[1] = {0, c.value, 0, 50};  // a line's length as entered at every frequency, of 50 ohms
+    session.SweepStart = 13e6;
+    session.SweepStop = 15e6;
+    session.SweepPoints = c.goal == Goal::LoadData ? 3 : 5;
+    for (int k = 1; k <= 3; ++k) std::tie(session.LoadFreq[k], session.LoadR[k]) = std::pair(12e6 + k * 1e6, c.loadR);
+    OptimiseRequest request;
+    request.freeStages = {1};
+    request.overBand = c.goal != Goal::Working;
+    const OptimiseResult result = Optimise(session, request);
+    ASSERT_EQ(result.stages.size(), 1u);
+    EXPECT_EQ(result.stages[0].values[1], c.value);
+    EXPECT_NEAR(result.before, VSWROf(c.reflection), 1e-9) << c.value;
+    EXPECT_EQ(result.after, result.before) << c.value;
+  }
 }
 
 // The worst VSWR of `session`'s network over its sweep, its load as `model` takes it.

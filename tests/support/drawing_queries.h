@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "platform/display_list.h"
+#include "platform/drawing_extent.h"
 
 namespace kalvex::testing {
 
@@ -15,6 +16,17 @@ inline std::vector<DrawCommand> OfKind(const DisplayList& list, DrawCommand::Kin
     if (c.kind == kind) found.push_back(c);
   }
   return found;
+}
+
+// The box of each text, in the font in force where it is drawn.
+inline std::vector<Box> TextBoxes(const DisplayList& list) {
+  std::vector<Box> boxes;
+  double points = 10;
+  for (const DrawCommand& c : list.Commands()) {
+    if (c.kind == DrawCommand::Kind::Font) points = c.value;
+    if (c.kind == DrawCommand::Kind::Text) boxes.push_back(TextBox(c.a, c.text, points));
+  }
+  return boxes;
 }
 
 inline std::vector<DrawCommand> LinesIn(const DisplayList& list, Colour colour) {

@@ -380,7 +380,7 @@ TEST(PrintedPage, KeepsItsProportionsOnA4AndLetter) {
 TEST_F(DesignPageTest, MatchDialogAppliesTheChosenNetwork) {
   session.Value[0][1] = 25;
   session.Value[0][2] = 80;
-  MatchDialog dialog(session);
+  MatchDialog dialog(session, dialogs);
   dialog.cboKind->setCurrentIndex(1);  // L networks
   dialog.cmdCompute->click();
   ASSERT_EQ(dialog.lstSolutions->rowCount(), 4);
