@@ -39,20 +39,18 @@ class ArgumentsTest : public testing::CliTest {
       for (const std::string& word : c.words) {
         words.push_back(word == "NET" ? PathOf("net.SSF") : word == "OUT" ? PathOf("out.png") : word);
       }
-      std::string shown;
-      for (const std::string& word : c.words) shown += "'" + word + "' ";
+      std::string shown = command;
+      for (const std::string& word : c.words) shown += " '" + word + "'";
+      SCOPED_TRACE(shown);
       fs::remove(PathOf("out.png"));
-      EXPECT_EQ(Run(words), c.exitCode) << command << " " << shown << err.str();
-      EXPECT_TRUE(Holds(err.str(), c.named)) << command << " " << shown << err.str();
+      EXPECT_EQ(Run(words), c.exitCode) << err.str();
+      EXPECT_TRUE(Holds(err.str(), c.named)) << err.str();
       if (c.exitCode == kExitUsage) {
-        EXPECT_TRUE(Holds(err.str(), "usage: kalvex-cli ")) << command << " " << shown;
-        EXPECT_EQ(out.str(), "") << command << " " << shown;
-        EXPECT_FALSE(fs::exists(PathOf("out.png"))) << command << " " << shown;
+        EXPECT_TRUE(Holds(err.str(), "usage: kalvex-cli "));
+        EXPECT_EQ(out.str(), "");
+        EXPECT_FALSE(fs::exists(PathOf("out.png")));
         // An option name taken as -o's value would be written where the test runs.
-        for (const char* taken : {"--table", "--bogus"}) {
-          EXPECT_FALSE(fs::exists(taken)) << command << " " << shown;
-          fs::remove(taken);
-        }
+        for (const char* taken : {"--table", "--bogus"}) EXPECT_FALSE(fs::remove(taken)) << taken;
       }
     }
   }

@@ -10,14 +10,13 @@
 #include "analysis/tabulate.h"
 #include "files/network_file.h"
 #include "support/five_stage_network.h"
+#include "support/image_box.h"
 #include "support/pages_in_folder.h"
 #include "ui/design_page.h"
 #include "ui/page_renderer.h"
-#include "print/paper.h"
 #include "ui/match_dialog.h"
 #include "ui/optimise_dialog.h"
 #include "ui/options_page.h"
-#include "ui/qt_print_job.h"
 #include "ui/welcome_page.h"
 #include "ui/analysis_page.h"
 #include "ui/overlay_setup_dialog.h"
@@ -48,17 +47,6 @@ TEST_F(PagesInFolder, WelcomePageStartsTheSession) {
   EXPECT_EQ(saved.ElementType[1], SeriesInductor);
 }
 
-// The box around the dark pixels of an image.
-QRect InkBox(const QImage& image) {
-  QRect box;
-  for (int y = 0; y < image.height(); ++y) {
-    for (int x = 0; x < image.width(); ++x) {
-      if (qGray(image.pixel(x, y)) < 128) box |= QRect(x, y, 1, 1);
-    }
-  }
-  return box;
-}
-
 // However the image is proportioned, the caption's glyphs are not stretched.
 TEST_F(PagesInFolder, TextKeepsItsProportionsInAWideImage) {
   DisplayList drawing;
@@ -66,7 +54,7 @@ TEST_F(PagesInFolder, TextKeepsItsProportionsInAWideImage) {
   drawing.Text({1000, 1000}, "Chart normalized to 50 ohms");
   const auto ratio = [&drawing](int width) {
     EXPECT_EQ(RenderToFile(drawing, kAnalysisPage, width, 900, "t.png"), "");
-    const QRect box = InkBox(QImage("t.png"));
+    const QRect box = testing::BoxOf(QImage("t.png"), [](QRgb pixel) { return qGray(pixel) < 128; });
     EXPECT_FALSE(box.isEmpty());
     return static_cast<double>(box.height()) / std::max(box.width(), 1);
   };
@@ -354,25 +342,9 @@ TEST_F(AnalysisPageTest, TheChartKeepsItsShapeAtEveryWindowSize) {
     page->resize(size);
     QImage image(size, QImage::Format_RGB32);
     page->render(&image, {}, {}, QWidget::DrawWindowBackground);
-    QRect face;  // the chart's white face, below the strip
-    for (int y = size.height() / 4; y < size.height(); ++y) {
-      for (int x = 0; x < size.width(); ++x) {
-        if (image.pixel(x, y) == qRgb(255, 255, 255)) face |= QRect(x, y, 1, 1);
-      }
-    }
+    const auto white = [](QRgb pixel) { return pixel == qRgb(255, 255, 255); };
+    const QRect face = testing::BoxOf(image, white, size.height() / 4);  // the chart's face, below the strip
     EXPECT_NEAR(double(face.width()) / face.height(), expected, 0.03) << size.width() << "x" << size.height();
-  }
-}
-
-// The printed page keeps its proportions on any paper: one scale across and down.
-TEST(PrintedPage, KeepsItsProportionsOnA4AndLetter) {
-  for (const QPageSize::PageSizeId paper : {QPageSize::A4, QPageSize::Letter}) {
-    QPrinter printer(QPrinter::HighResolution);
-    printer.setOutputFormat(QPrinter::PdfFormat);
-    printer.setPageSize(QPageSize(paper));
-    const QRectF frame = QtPrintJob::PrintedFrame(printer, kChartPaper);
-    EXPECT_NEAR(frame.width() / frame.height(), kChartPaper.width / kChartPaper.height, 1e-9);
-    EXPECT_TRUE(QRectF(QPointF(0, 0), printer.pageRect(QPrinter::DevicePixel).size()).contains(frame));
   }
 }
 
