@@ -70,12 +70,7 @@ class DesignPageTest : public PagesInFolder {
     page = std::make_unique<DesignPage>(session, dialogs);
     page->show();
   }
-  void Click(double x, double y) {
-    const QRectF frame = page->Frame();
-    const QPoint at(static_cast<int>(frame.x() + x * frame.width() / 12200.0),
-                    static_cast<int>(frame.y() + y * frame.height() / 9200.0));
-    QTest::mouseClick(page.get(), Qt::LeftButton, {}, at);
-  }
+  void Click(double x, double y) { testing::ClickPage(*page, x, y); }
 
   std::unique_ptr<DesignPage> page;
 };
@@ -171,12 +166,7 @@ class AnalysisPageTest : public PagesInFolder {
     page = std::make_unique<AnalysisPage>(session, dialogs);
     page->show();
   }
-  void Click(Qt::MouseButton button, double x, double y) {
-    const QRectF frame = page->Frame();
-    QTest::mouseClick(page.get(), button, {},
-                      QPoint(static_cast<int>(frame.x() + x * frame.width() / 12000.0),
-                             static_cast<int>(frame.y() + y * frame.height() / 9000.0)));
-  }
+  void Click(double x, double y) { testing::ClickPage(*page, x, y); }
 
   std::unique_ptr<AnalysisPage> page;
 };
@@ -203,7 +193,7 @@ TEST_F(AnalysisPageTest, AspectIsTakenWhenTypingEnds) {
 }
 
 TEST_F(AnalysisPageTest, StripClickSelectsAndStepsTunePart) {
-  Click(Qt::LeftButton, (session.PartRightEdge[0] + session.PartRightEdge[1]) / 2.0, 800);
+  Click((session.PartRightEdge[0] + session.PartRightEdge[1]) / 2.0, 800);
   EXPECT_EQ(session.SelectedStage, 1);
   EXPECT_EQ(page->tuning->cmdZ1->text(), "C enter");
   EXPECT_EQ(page->tuning->txtZ1->text(), "100 pF");
@@ -435,7 +425,7 @@ TEST_F(AnalysisPageTest, TheChartsBackgroundIsPaintedOnlyWhenItChanges) {
     return image;
   };
   paint();
-  Click(Qt::LeftButton, (session.PartRightEdge[0] + session.PartRightEdge[1]) / 2.0, 800);
+  Click((session.PartRightEdge[0] + session.PartRightEdge[1]) / 2.0, 800);
   page->tuning->topSteps[3]->click();
   int painted = page->BackgroundPaints();
   const QImage cached = paint();
