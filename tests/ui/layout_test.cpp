@@ -1,11 +1,9 @@
 #include <gtest/gtest.h>
 
-#include <QApplication>
 #include <QGroupBox>
 #include <QImage>
 #include <QMenuBar>
 #include <QPrinter>
-#include <QTest>
 #include <functional>
 #include <memory>
 
@@ -169,17 +167,6 @@ TEST_F(LayoutTest, PrintedChartPageLiesInsideThePrintableArea) {
     const QRect ink = testing::BoxOf(image, [](QRgb pixel) { return qGray(pixel) < 160; });
     EXPECT_TRUE(image.rect().adjusted(2, 2, -2, -2).contains(ink)) << size << ": ink right edge " << ink.right();
   }
-}
-
-// F1 lists the page's keys on the options page too.
-TEST_F(LayoutTest, F1ListsTheOptionsPagesKeys) {
-  OptionsPage page(session, dialogs);
-  page.show();
-  QApplication::setActiveWindow(&page);
-  QTest::keyClick(&page, Qt::Key_F1);
-  ASSERT_FALSE(dialogs.messages.empty());
-  EXPECT_NE(dialogs.messages.back().text.find("Return"), std::string::npos);
-  EXPECT_EQ(dialogs.messages.back().title, "Kalvex keys");
 }
 
 // The Match dialog names what it works on and asks before the Design page's

@@ -83,6 +83,11 @@ TEST_F(DesignPageTest, BuildsAStageFromTheLibrary) {
   Click(4000, 6000);  // the series capacitor
   EXPECT_FALSE(page->cmdAnalyze->isEnabled());
   EXPECT_EQ(page->lblValue[0]->text(), "Capacitance (F): ");
+  // Tab goes through the part's boxes before anything else on the page.
+  QApplication::setActiveWindow(page.get());
+  page->txtValue[0]->setFocus();
+  QTest::keyClick(page->txtValue[0], Qt::Key_Tab);
+  EXPECT_EQ(QApplication::focusWidget(), page->txtValue[1]);
   page->txtValue[0]->setText("47p");
   page->txtValue[1]->setText("500");
   page->txtValue[1]->setFocus();
@@ -121,23 +126,19 @@ TEST_F(DesignPageTest, AnalyzeTakesTheAbsoluteFrequency) {
   (*analysis)->close();
 }
 
-// Tab goes through a part's boxes before anything else on the page.
-TEST_F(DesignPageTest, TabGoesFromAPartsValueToItsQ) {
-  Click(page->Editor().StageX[1] + 300, 1000);
-  Click(4000, 6000);  // a series capacitor: value and Q
-  QApplication::setActiveWindow(page.get());
-  page->txtValue[0]->setFocus();
-  QTest::keyClick(page->txtValue[0], Qt::Key_Tab);
-  EXPECT_EQ(QApplication::focusWidget(), page->txtValue[1]);
-}
-
-// The options page's close box leaves it as "Return" does: the velocity
-// factor's limits enforced and the Design page shown, the program still running.
+// F1 lists the options page's keys. Its close box leaves it as "Return"
+// does: the velocity factor's limits enforced and the Design page shown, the
+// program still running.
 TEST_F(DesignPageTest, ClosingTheOptionsPageReturnsToTheDesignPage) {
   session.ElementType[1] = SeriesInductor;
   auto* options = new OptionsPage(session, dialogs);
   options->setAttribute(Qt::WA_DeleteOnClose);
   options->show();
+  QApplication::setActiveWindow(options);
+  QTest::keyClick(options, Qt::Key_F1);
+  ASSERT_FALSE(dialogs.messages.empty());
+  EXPECT_EQ(dialogs.messages.back().title, "Kalvex keys");
+  EXPECT_NE(dialogs.messages.back().text.find("Return"), std::string::npos);
   options->txtVelocityFactor->setText("7");
   // The page stays until the Design page replaces it: at no moment is the
   // program without a window, which would end it.
