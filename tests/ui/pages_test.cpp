@@ -96,14 +96,6 @@ TEST_F(DesignPageTest, BuildsAStageFromTheLibrary) {
   EXPECT_TRUE(page->cmdAnalyze->isEnabled() && !page->txtValue[0]->isVisible());
 }
 
-// A box the program writes is read again even when its text stays the same.
-TEST_F(DesignPageTest, ReopeningTakesTheFrequencyAsTheBoxShowsIt) {
-  page->txtFrequency->setText("14123456");
-  page->ReopenDesignPage();
-  EXPECT_EQ(page->txtFrequency->text(), " 14.123 M");
-  EXPECT_EQ(session.Frequency, 14'123'000);
-}
-
 TEST_F(DesignPageTest, GetNetShowsTheFileInTheCaption) {
   WriteNetworkFile(testing::FiveStageNetwork(), dialogs, "tuner");
   dialogs.fileNames.push_back("tuner.SSF");
@@ -113,8 +105,14 @@ TEST_F(DesignPageTest, GetNetShowsTheFileInTheCaption) {
   EXPECT_EQ(std::tuple(session.ElementType[1], session.FileName), std::tuple(SeriesInductor, "tuner.SSF"));
 }
 
-// Analyze takes the frequency's absolute value, and the Analysis page shows it.
-TEST_F(DesignPageTest, AnalyzeTakesTheAbsoluteFrequency) {
+// Reopening takes the frequency as the box shows it (a box the program writes
+// is read again even when its text stays the same); Analyze takes its
+// absolute value, and the Analysis page shows it.
+TEST_F(DesignPageTest, ReopenAndAnalyzeTakeTheFrequencyAsShown) {
+  page->txtFrequency->setText("14123456");
+  page->ReopenDesignPage();
+  EXPECT_EQ(page->txtFrequency->text(), " 14.123 M");
+  EXPECT_EQ(session.Frequency, 14'123'000);
   page->txtFrequency->setText("-2M");
   page->cmdAnalyze->click();
   const auto shown = QApplication::topLevelWidgets();
@@ -179,6 +177,14 @@ TEST_F(AnalysisPageTest, LoadsWithItsViewAndTuningState) {
   EXPECT_TRUE(std::filesystem::exists("Defaults.TXT"));  // the aspect's change event wrote it
   EXPECT_TRUE(page->tuning->optTuneSizeFine->isChecked());  // the first visit is fine
   EXPECT_EQ(page->tuning->txtFreq->text(), " 14 M");
+  // Only the tuning values and their steps are pale green.
+  const QString pale = "rgb(238, 255, 238)";
+  EXPECT_FALSE(page->cmdDesign->styleSheet().contains(pale));
+  EXPECT_TRUE(page->tuning->txtZ1->styleSheet().contains(pale));
+  EXPECT_TRUE(page->tuning->bottomSteps[0]->styleSheet().contains(pale));
+  EXPECT_FALSE(page->tuning->freqSteps[0]->styleSheet().contains(pale));
+  page->tuning->optTuneSizeNormal->click();
+  EXPECT_TRUE(page->tuning->optTuneSizeFine->styleSheet().contains("rgb(232, 248, 255)"));
 }
 
 TEST_F(AnalysisPageTest, AspectIsTakenWhenTypingEnds) {
@@ -266,16 +272,6 @@ TEST_F(AnalysisPageTest, SweepSetupSwitchesTheSweepOnAndEditsDisableTheTable) {
   EXPECT_TRUE(page->cmdTabulate->isEnabled());  // closing redraws, and the sweep ran again
   page->cmdSweep->click();
   EXPECT_EQ(session.SweepShown, 0);
-}
-
-TEST_F(AnalysisPageTest, OnlyTheTuningValuesAndTheirStepsArePaleGreen) {
-  const QString pale = "rgb(238, 255, 238)";
-  EXPECT_FALSE(page->cmdDesign->styleSheet().contains(pale));
-  EXPECT_TRUE(page->tuning->txtZ1->styleSheet().contains(pale));
-  EXPECT_TRUE(page->tuning->bottomSteps[0]->styleSheet().contains(pale));
-  EXPECT_FALSE(page->tuning->freqSteps[0]->styleSheet().contains(pale));
-  page->tuning->optTuneSizeNormal->click();
-  EXPECT_TRUE(page->tuning->optTuneSizeFine->styleSheet().contains("rgb(232, 248, 255)"));
 }
 
 TEST_F(AnalysisPageTest, TabulatePageListsTheRowBuildersRowsAndWritesThemToAFile) {
