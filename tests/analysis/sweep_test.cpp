@@ -46,36 +46,6 @@ TEST_F(SweepTest, ManualPointsAreEvenlySpacedWithTheirReflections) {
   EXPECT_DOUBLE_EQ(session.SweepVSWR[3], (1 + rho) / (1 - rho));
 }
 
-// A load-data sweep fills the table's indexes 1..n at the points' own
-// frequencies; the table sweep takes the middle point.
-TEST_F(SweepTest, LoadDataSweepFillsTheTableIndexes) {
-  session.LoadSource = 2;
-  session.SweepPoints = 7;
-  const auto point = [](int k) { return std::tuple(13e6 + k * 1e5, 40.0 + k, 3.0 * k - 10); };
-  for (int k = 1; k <= 7; ++k) std::tie(session.LoadFreq[k], session.LoadR[k], session.LoadX[k]) = point(k);
-  session.SweepFreq[0] = session.SweepFreq[8] = -1;
-  const SweepIndexes indexes = RunSweepPoints(session, SweepUse::Chart);
-  EXPECT_EQ(std::pair(indexes.first, indexes.last), std::pair(1, 7));
-  for (int k = 1; k <= 7; ++k) EXPECT_EQ(session.SweepFreq[k], session.LoadFreq[k]);
-  EXPECT_EQ(session.SweepFreq[0], -1);
-  EXPECT_EQ(session.SweepFreq[8], -1);
-  RunSweepPoints(session, SweepUse::Table);
-  EXPECT_EQ(session.DataIndex, 4);
-}
-
-TEST_F(SweepTest, OnlyTheTableCapsTheVSWR) {
-  // A lossless load far off the system impedance: Rho just below 1.
-  session.ElementType = {};
-  session.Value[0] = {0, 1e-5, 0};
-  session.SweepStart = session.SweepStop = 14e6;
-  session.SweepPoints = 3;
-  RunSweepPoints(session, SweepUse::Chart);
-  EXPECT_GT(session.SweepVSWR[0], 1e6);
-  RunSweepPoints(session, SweepUse::Table);
-  EXPECT_EQ(session.SweepVSWR[0], 1e6);
-  EXPECT_EQ(session.DataIndex, 1);
-}
-
 // The settings are made positive, limited with a message each, and the
 // session leaves the load data for the entered load.
 TEST_F(SweepTest, SettingsClampWithTheirMessages) {
@@ -150,7 +120,8 @@ TEST_F(SweepTest, SettingsRulesAreStrict) {
 
 // Rows in the heading's columns: signed reactance and angle, a Rho of 0
 // replaced so that the return loss is finite, total reflection with no
-// return loss, and long values pushing later columns right.
+// return loss, and long values pushing later columns right. Only the table
+// caps the VSWR.
 TEST_F(SweepTest, TabulatedRowsStandInTheHeadingsColumns) {
   for (const auto& [p, row] : {
            std::pair{std::array<double, 6>{1e6, 50, -12.5, 0.5, -30, 3},
@@ -173,6 +144,11 @@ TEST_F(SweepTest, TabulatedRowsStandInTheHeadingsColumns) {
   ASSERT_EQ(rows.size(), 3u);  // a perfect match is shown on the imaginary axis
   EXPECT_DOUBLE_EQ(session.SweepRho[0], 5e-13);
   EXPECT_EQ(rows[0], "14 M      50      +0        0        +90       246.02   1         ");
+  session.Value[0] = {0, 1e-5, 0};  // lossless, far off the system impedance: Rho just below 1
+  RunSweepPoints(session, SweepUse::Chart);
+  EXPECT_GT(session.SweepVSWR[0], 1e6);
+  RunSweepPoints(session, SweepUse::Table);
+  EXPECT_EQ(std::tuple(session.SweepVSWR[0], int{session.DataIndex}), std::tuple(1e6, 1));
 }
 
 using Kind = DrawCommand::Kind;
@@ -219,7 +195,8 @@ TEST_F(SweepTest, ManualSweepOnTheChartMarksEachPointAndItsEnds) {
 // above 0 repeats the point before it (the first one the session's input), a
 // load-data point without one keeps its load; the input impedance ends as
 // the last point's, PointIndex at the last load-data point, and a line in the
-// network sets the velocity factor to 1.
+// network sets the velocity factor to 1. Load data fills the table's indexes
+// 1..n at the points' own frequencies, and the table takes the middle point.
 TEST_F(SweepTest, TheBatchLeavesWhatAPointByPointLoopLeaves) {
   struct Case {
     const char* name;
@@ -244,14 +221,21 @@ TEST_F(SweepTest, TheBatchLeavesWhatAPointByPointLoopLeaves) {
     batched.InputR = 7;
     batched.InputX = -3;
     batched.VelocityFactor = 0.66;
+    batched.SweepFreq[0] = batched.SweepFreq[6] = -1;
     Session looped = batched;
     const SweepIndexes indexes = RunSweepPoints(batched, SweepUse::Table);
+    EXPECT_EQ(batched.SweepFreq[6], -1);
+    if (c.loadSource == 2) {
+      EXPECT_EQ(std::tuple(indexes.first, indexes.last, int{batched.DataIndex}), std::tuple(1, 5, 3));
+      EXPECT_EQ(batched.SweepFreq[0], -1);
+    }
     for (int k = indexes.first; k <= indexes.last; ++k) {
       if (c.loadSource == 1) {
         looped.Frequency = c.start + k * (c.stop - c.start) / 4;
         if (looped.Frequency > 0) CalculateNetwork(looped, 0);
       } else {
         looped.Frequency = looped.LoadFreq[k];
+        EXPECT_EQ(batched.SweepFreq[k], looped.LoadFreq[k]) << k;
         looped.InputR = looped.LoadR[k];
         looped.InputX = looped.LoadX[k];
         looped.PointIndex = static_cast<int16_t>(k);

@@ -216,12 +216,6 @@ TEST(NetworkPath, SkipsPointsThatAreNotFinite) {
   EXPECT_LT(TraceNetworkPath(session).size(), 5000u);
 }
 
-}  // namespace
-}  // namespace kalvex
-
-namespace kalvex {
-namespace {
-
 // The path, calculated from each stretch's fixed stages on, is the path the
 // whole network recalculated at every point gave: the same doubles.
 TEST(NetworkPath, EqualsTheWholeNetworkRecalculatedAtEveryPoint) {

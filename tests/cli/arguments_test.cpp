@@ -8,10 +8,7 @@ namespace kalvex {
 namespace {
 
 namespace fs = std::filesystem;
-
-bool Holds(const std::string& text, const std::string& part) {
-  return text.find(part) != std::string::npos;
-}
+using testing::Holds;
 
 // A command's words with a refusal expected: its exit code and what standard
 // error must name (the option, or the range).
@@ -23,11 +20,6 @@ struct Refusal {
 
 class ArgumentsTest : public testing::CliTest {
  protected:
-  void SetUp() override {
-    CliTest::SetUp();
-    SaveNetwork(SeriesCapacitor, 100e-12, 1000);
-  }
-
   // Runs `command` FILE `words` (NET stands for the network file, OUT for an
   // output file) for every case: the exit code, the option named, the usage
   // after a refusal, nothing on standard output and no file written.
@@ -39,20 +31,18 @@ class ArgumentsTest : public testing::CliTest {
       for (const std::string& word : c.words) {
         words.push_back(word == "NET" ? PathOf("net.SSF") : word == "OUT" ? PathOf("out.png") : word);
       }
-      std::string shown;
-      for (const std::string& word : c.words) shown += "'" + word + "' ";
+      std::string shown = command;
+      for (const std::string& word : c.words) shown += " '" + word + "'";
+      SCOPED_TRACE(shown);
       fs::remove(PathOf("out.png"));
-      EXPECT_EQ(Run(words), c.exitCode) << command << " " << shown << err.str();
-      EXPECT_TRUE(Holds(err.str(), c.named)) << command << " " << shown << err.str();
+      EXPECT_EQ(Run(words), c.exitCode) << err.str();
+      EXPECT_TRUE(Holds(err.str(), c.named)) << err.str();
       if (c.exitCode == kExitUsage) {
-        EXPECT_TRUE(Holds(err.str(), "usage: kalvex-cli ")) << command << " " << shown;
-        EXPECT_EQ(out.str(), "") << command << " " << shown;
-        EXPECT_FALSE(fs::exists(PathOf("out.png"))) << command << " " << shown;
+        EXPECT_TRUE(Holds(err.str(), "usage: kalvex-cli "));
+        EXPECT_EQ(out.str(), "");
+        EXPECT_FALSE(fs::exists(PathOf("out.png")));
         // An option name taken as -o's value would be written where the test runs.
-        for (const char* taken : {"--table", "--bogus"}) {
-          EXPECT_FALSE(fs::exists(taken)) << command << " " << shown;
-          fs::remove(taken);
-        }
+        for (const char* taken : {"--table", "--bogus"}) EXPECT_FALSE(fs::remove(taken)) << taken;
       }
     }
   }
@@ -232,7 +222,6 @@ TEST_F(ArgumentsTest, FilesOutsideTheDesignRangeAreCorrectedByEveryCommand) {
                         File{1e300, 50, "Frequency has been reset to the maximum allowed (10gHz)."},
                         File{14e6, 20e3, "System impedance has been reset to the maximum allowed (10K)."},
                         File{14e6, 1e300, "System impedance has been reset to the maximum allowed (10K)."}}) {
-    SaveNetwork(SeriesCapacitor, 100e-12, 1000);
     network.Frequency = f.frequency;
     network.SystemZ = f.systemZ;
     testing::FakeDialogs dialogs;

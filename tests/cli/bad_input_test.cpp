@@ -16,7 +16,6 @@ using BadInputTest = testing::CliTest;
 // text is still a readable file, does its work), never a crash or a hang, and
 // never leaves a half-written output file.
 TEST_F(BadInputTest, EndsWithAMessageAndNoHalfWrittenOutput) {
-  SaveNetwork(SeriesCapacitor, 100e-12, 1000);
   const std::string good = ReadFile("net.SSF");
   const auto with = [&good](const std::string& from, const std::string& to) {
     std::string text = good;
@@ -62,7 +61,6 @@ TEST_F(BadInputTest, EndsWithAMessageAndNoHalfWrittenOutput) {
 }
 
 TEST_F(BadInputTest, HugeFilesAndFoldersAreRefused) {
-  SaveNetwork(SeriesCapacitor, 100e-12, 1000);
   fs::resize_file(PathOf("net.SSF"), 200'000'000);  // sparse: nothing is read
   EXPECT_EQ(Run({"sweep", PathOf("net.SSF"), "-o", PathOf("out.DAT")}), kExitFailed);
   fs::create_directory(PathOf("folder.SSF"));

@@ -13,10 +13,20 @@
 
 namespace kalvex::testing {
 
+inline bool Holds(const std::string& text, const std::string& part) {
+  return text.find(part) != std::string::npos;
+}
+
 // A network saved as "net.SSF" in the test's folder, and kalvex-cli run on
 // words with its output and error streams kept.
 class CliTest : public TempDirTest {
  protected:
+  // Most commands are tried on a 100 pF series capacitor.
+  void SetUp() override {
+    TempDirTest::SetUp();
+    SaveNetwork(SeriesCapacitor, 100e-12, 1000);
+  }
+
   // One series element on a 50 + j0 load at 14 MHz, swept over 13..15 MHz
   // in 5 points.
   void SaveNetwork(int16_t type, double value, double q) {

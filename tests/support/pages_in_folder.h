@@ -1,12 +1,14 @@
 #pragma once
 
 #include <QCoreApplication>
+#include <QTest>
 #include <QTimer>
 #include <filesystem>
 
 #include "model/session.h"
 #include "support/fake_dialogs.h"
 #include "support/temp_dir.h"
+#include "ui/page.h"
 
 namespace kalvex::testing {
 
@@ -35,5 +37,14 @@ class PagesInFolder : public TempDirTest {
  private:
   std::filesystem::path previous_;
 };
+
+// A click at a point in page units, as a user clicks the page.
+inline void ClickPage(Page& page, double x, double y, Qt::MouseButton button = Qt::LeftButton) {
+  const QRectF frame = page.Frame();
+  const QSizeF size = page.LogicalSize();
+  QTest::mouseClick(&page, button, {},
+                    QPoint(static_cast<int>(frame.x() + x * frame.width() / size.width()),
+                           static_cast<int>(frame.y() + y * frame.height() / size.height())));
+}
 
 }  // namespace kalvex::testing

@@ -1,11 +1,9 @@
 #include <gtest/gtest.h>
 
-#include <QApplication>
 #include <QGroupBox>
 #include <QImage>
 #include <QMenuBar>
 #include <QPrinter>
-#include <QTest>
 #include <functional>
 #include <memory>
 
@@ -14,6 +12,7 @@
 #include "print/print_chart.h"
 #include "support/fake_dialogs.h"
 #include "support/five_stage_network.h"
+#include "support/image_box.h"
 #include "support/temp_dir.h"
 #include "ui/analysis_page.h"
 #include "ui/design_page.h"
@@ -155,6 +154,7 @@ TEST_F(LayoutTest, PrintedChartPageLiesInsideThePrintableArea) {
     const QSizeF printable = printer.pageRect(QPrinter::DevicePixel).size();
     const QRectF frame = QtPrintJob::PrintedFrame(printer, paper);
     const double scale = frame.width() / paper.width;
+    EXPECT_NEAR(frame.height(), paper.height * scale, 1e-6 * frame.height());  // one scale across and down
     const QRectF drawn(frame.x() + extent.left * scale, frame.y() + extent.top * scale,
                        (extent.right - extent.left) * scale, (extent.bottom - extent.top) * scale);
     EXPECT_TRUE(QRectF(QPointF(0, 0), printable).contains(drawn)) << size;
@@ -163,26 +163,10 @@ TEST_F(LayoutTest, PrintedChartPageLiesInsideThePrintableArea) {
     const int height = static_cast<int>(width * printable.height() / printable.width());
     const std::string file = PathOf("page.png");
     ASSERT_EQ(RenderToFile(page, paper, width, height, file, 0, {printable.width(), printable.height()}), "");
-    QImage image(QString::fromStdString(file));
-    QRect ink;
-    for (int y = 0; y < image.height(); ++y) {
-      for (int x = 0; x < image.width(); ++x) {
-        if (qGray(image.pixel(x, y)) < 160) ink |= QRect(x, y, 1, 1);
-      }
-    }
+    const QImage image(QString::fromStdString(file));
+    const QRect ink = testing::BoxOf(image, [](QRgb pixel) { return qGray(pixel) < 160; });
     EXPECT_TRUE(image.rect().adjusted(2, 2, -2, -2).contains(ink)) << size << ": ink right edge " << ink.right();
   }
-}
-
-// F1 lists the page's keys on the options page too.
-TEST_F(LayoutTest, F1ListsTheOptionsPagesKeys) {
-  OptionsPage page(session, dialogs);
-  page.show();
-  QApplication::setActiveWindow(&page);
-  QTest::keyClick(&page, Qt::Key_F1);
-  ASSERT_FALSE(dialogs.messages.empty());
-  EXPECT_NE(dialogs.messages.back().text.find("Return"), std::string::npos);
-  EXPECT_EQ(dialogs.messages.back().title, "Kalvex keys");
 }
 
 // The Match dialog names what it works on and asks before the Design page's

@@ -10,14 +10,13 @@
 #include "analysis/tabulate.h"
 #include "files/network_file.h"
 #include "support/five_stage_network.h"
+#include "support/image_box.h"
 #include "support/pages_in_folder.h"
 #include "ui/design_page.h"
 #include "ui/page_renderer.h"
-#include "print/paper.h"
 #include "ui/match_dialog.h"
 #include "ui/optimise_dialog.h"
 #include "ui/options_page.h"
-#include "ui/qt_print_job.h"
 #include "ui/welcome_page.h"
 #include "ui/analysis_page.h"
 #include "ui/overlay_setup_dialog.h"
@@ -48,17 +47,6 @@ TEST_F(PagesInFolder, WelcomePageStartsTheSession) {
   EXPECT_EQ(saved.ElementType[1], SeriesInductor);
 }
 
-// The box around the dark pixels of an image.
-QRect InkBox(const QImage& image) {
-  QRect box;
-  for (int y = 0; y < image.height(); ++y) {
-    for (int x = 0; x < image.width(); ++x) {
-      if (qGray(image.pixel(x, y)) < 128) box |= QRect(x, y, 1, 1);
-    }
-  }
-  return box;
-}
-
 // However the image is proportioned, the caption's glyphs are not stretched.
 TEST_F(PagesInFolder, TextKeepsItsProportionsInAWideImage) {
   DisplayList drawing;
@@ -66,7 +54,7 @@ TEST_F(PagesInFolder, TextKeepsItsProportionsInAWideImage) {
   drawing.Text({1000, 1000}, "Chart normalized to 50 ohms");
   const auto ratio = [&drawing](int width) {
     EXPECT_EQ(RenderToFile(drawing, kAnalysisPage, width, 900, "t.png"), "");
-    const QRect box = InkBox(QImage("t.png"));
+    const QRect box = testing::BoxOf(QImage("t.png"), [](QRgb pixel) { return qGray(pixel) < 128; });
     EXPECT_FALSE(box.isEmpty());
     return static_cast<double>(box.height()) / std::max(box.width(), 1);
   };
@@ -82,12 +70,7 @@ class DesignPageTest : public PagesInFolder {
     page = std::make_unique<DesignPage>(session, dialogs);
     page->show();
   }
-  void Click(double x, double y) {
-    const QRectF frame = page->Frame();
-    const QPoint at(static_cast<int>(frame.x() + x * frame.width() / 12200.0),
-                    static_cast<int>(frame.y() + y * frame.height() / 9200.0));
-    QTest::mouseClick(page.get(), Qt::LeftButton, {}, at);
-  }
+  void Click(double x, double y) { testing::ClickPage(*page, x, y); }
 
   std::unique_ptr<DesignPage> page;
 };
@@ -100,20 +83,17 @@ TEST_F(DesignPageTest, BuildsAStageFromTheLibrary) {
   Click(4000, 6000);  // the series capacitor
   EXPECT_FALSE(page->cmdAnalyze->isEnabled());
   EXPECT_EQ(page->lblValue[0]->text(), "Capacitance (F): ");
+  // Tab goes through the part's boxes before anything else on the page.
+  QApplication::setActiveWindow(page.get());
+  page->txtValue[0]->setFocus();
+  QTest::keyClick(page->txtValue[0], Qt::Key_Tab);
+  EXPECT_EQ(QApplication::focusWidget(), page->txtValue[1]);
   page->txtValue[0]->setText("47p");
   page->txtValue[1]->setText("500");
   page->txtValue[1]->setFocus();
   QTest::keyClick(page->txtValue[1], Qt::Key_Return);  // Enter presses Accept
   EXPECT_EQ(std::tuple(session.ElementType[2], session.Value[2][1]), std::tuple(SeriesCapacitor, 47e-12));
   EXPECT_TRUE(page->cmdAnalyze->isEnabled() && !page->txtValue[0]->isVisible());
-}
-
-// A box the program writes is read again even when its text stays the same.
-TEST_F(DesignPageTest, ReopeningTakesTheFrequencyAsTheBoxShowsIt) {
-  page->txtFrequency->setText("14123456");
-  page->ReopenDesignPage();
-  EXPECT_EQ(page->txtFrequency->text(), " 14.123 M");
-  EXPECT_EQ(session.Frequency, 14'123'000);
 }
 
 TEST_F(DesignPageTest, GetNetShowsTheFileInTheCaption) {
@@ -125,8 +105,14 @@ TEST_F(DesignPageTest, GetNetShowsTheFileInTheCaption) {
   EXPECT_EQ(std::tuple(session.ElementType[1], session.FileName), std::tuple(SeriesInductor, "tuner.SSF"));
 }
 
-// Analyze takes the frequency's absolute value, and the Analysis page shows it.
-TEST_F(DesignPageTest, AnalyzeTakesTheAbsoluteFrequency) {
+// Reopening takes the frequency as the box shows it (a box the program writes
+// is read again even when its text stays the same); Analyze takes its
+// absolute value, and the Analysis page shows it.
+TEST_F(DesignPageTest, ReopenAndAnalyzeTakeTheFrequencyAsShown) {
+  page->txtFrequency->setText("14123456");
+  page->ReopenDesignPage();
+  EXPECT_EQ(page->txtFrequency->text(), " 14.123 M");
+  EXPECT_EQ(session.Frequency, 14'123'000);
   page->txtFrequency->setText("-2M");
   page->cmdAnalyze->click();
   const auto shown = QApplication::topLevelWidgets();
@@ -138,23 +124,19 @@ TEST_F(DesignPageTest, AnalyzeTakesTheAbsoluteFrequency) {
   (*analysis)->close();
 }
 
-// Tab goes through a part's boxes before anything else on the page.
-TEST_F(DesignPageTest, TabGoesFromAPartsValueToItsQ) {
-  Click(page->Editor().StageX[1] + 300, 1000);
-  Click(4000, 6000);  // a series capacitor: value and Q
-  QApplication::setActiveWindow(page.get());
-  page->txtValue[0]->setFocus();
-  QTest::keyClick(page->txtValue[0], Qt::Key_Tab);
-  EXPECT_EQ(QApplication::focusWidget(), page->txtValue[1]);
-}
-
-// The options page's close box leaves it as "Return" does: the velocity
-// factor's limits enforced and the Design page shown, the program still running.
+// F1 lists the options page's keys. Its close box leaves it as "Return"
+// does: the velocity factor's limits enforced and the Design page shown, the
+// program still running.
 TEST_F(DesignPageTest, ClosingTheOptionsPageReturnsToTheDesignPage) {
   session.ElementType[1] = SeriesInductor;
   auto* options = new OptionsPage(session, dialogs);
   options->setAttribute(Qt::WA_DeleteOnClose);
   options->show();
+  QApplication::setActiveWindow(options);
+  QTest::keyClick(options, Qt::Key_F1);
+  ASSERT_FALSE(dialogs.messages.empty());
+  EXPECT_EQ(dialogs.messages.back().title, "Kalvex keys");
+  EXPECT_NE(dialogs.messages.back().text.find("Return"), std::string::npos);
   options->txtVelocityFactor->setText("7");
   // The page stays until the Design page replaces it: at no moment is the
   // program without a window, which would end it.
@@ -183,12 +165,7 @@ class AnalysisPageTest : public PagesInFolder {
     page = std::make_unique<AnalysisPage>(session, dialogs);
     page->show();
   }
-  void Click(Qt::MouseButton button, double x, double y) {
-    const QRectF frame = page->Frame();
-    QTest::mouseClick(page.get(), button, {},
-                      QPoint(static_cast<int>(frame.x() + x * frame.width() / 12000.0),
-                             static_cast<int>(frame.y() + y * frame.height() / 9000.0)));
-  }
+  void Click(double x, double y) { testing::ClickPage(*page, x, y); }
 
   std::unique_ptr<AnalysisPage> page;
 };
@@ -200,6 +177,14 @@ TEST_F(AnalysisPageTest, LoadsWithItsViewAndTuningState) {
   EXPECT_TRUE(std::filesystem::exists("Defaults.TXT"));  // the aspect's change event wrote it
   EXPECT_TRUE(page->tuning->optTuneSizeFine->isChecked());  // the first visit is fine
   EXPECT_EQ(page->tuning->txtFreq->text(), " 14 M");
+  // Only the tuning values and their steps are pale green.
+  const QString pale = "rgb(238, 255, 238)";
+  EXPECT_FALSE(page->cmdDesign->styleSheet().contains(pale));
+  EXPECT_TRUE(page->tuning->txtZ1->styleSheet().contains(pale));
+  EXPECT_TRUE(page->tuning->bottomSteps[0]->styleSheet().contains(pale));
+  EXPECT_FALSE(page->tuning->freqSteps[0]->styleSheet().contains(pale));
+  page->tuning->optTuneSizeNormal->click();
+  EXPECT_TRUE(page->tuning->optTuneSizeFine->styleSheet().contains("rgb(232, 248, 255)"));
 }
 
 TEST_F(AnalysisPageTest, AspectIsTakenWhenTypingEnds) {
@@ -215,7 +200,7 @@ TEST_F(AnalysisPageTest, AspectIsTakenWhenTypingEnds) {
 }
 
 TEST_F(AnalysisPageTest, StripClickSelectsAndStepsTunePart) {
-  Click(Qt::LeftButton, (session.PartRightEdge[0] + session.PartRightEdge[1]) / 2.0, 800);
+  Click((session.PartRightEdge[0] + session.PartRightEdge[1]) / 2.0, 800);
   EXPECT_EQ(session.SelectedStage, 1);
   EXPECT_EQ(page->tuning->cmdZ1->text(), "C enter");
   EXPECT_EQ(page->tuning->txtZ1->text(), "100 pF");
@@ -289,16 +274,6 @@ TEST_F(AnalysisPageTest, SweepSetupSwitchesTheSweepOnAndEditsDisableTheTable) {
   EXPECT_EQ(session.SweepShown, 0);
 }
 
-TEST_F(AnalysisPageTest, OnlyTheTuningValuesAndTheirStepsArePaleGreen) {
-  const QString pale = "rgb(238, 255, 238)";
-  EXPECT_FALSE(page->cmdDesign->styleSheet().contains(pale));
-  EXPECT_TRUE(page->tuning->txtZ1->styleSheet().contains(pale));
-  EXPECT_TRUE(page->tuning->bottomSteps[0]->styleSheet().contains(pale));
-  EXPECT_FALSE(page->tuning->freqSteps[0]->styleSheet().contains(pale));
-  page->tuning->optTuneSizeNormal->click();
-  EXPECT_TRUE(page->tuning->optTuneSizeFine->styleSheet().contains("rgb(232, 248, 255)"));
-}
-
 TEST_F(AnalysisPageTest, TabulatePageListsTheRowBuildersRowsAndWritesThemToAFile) {
   session.SweepStart = 13e6;
   session.SweepStop = 15e6;
@@ -354,25 +329,9 @@ TEST_F(AnalysisPageTest, TheChartKeepsItsShapeAtEveryWindowSize) {
     page->resize(size);
     QImage image(size, QImage::Format_RGB32);
     page->render(&image, {}, {}, QWidget::DrawWindowBackground);
-    QRect face;  // the chart's white face, below the strip
-    for (int y = size.height() / 4; y < size.height(); ++y) {
-      for (int x = 0; x < size.width(); ++x) {
-        if (image.pixel(x, y) == qRgb(255, 255, 255)) face |= QRect(x, y, 1, 1);
-      }
-    }
+    const auto white = [](QRgb pixel) { return pixel == qRgb(255, 255, 255); };
+    const QRect face = testing::BoxOf(image, white, size.height() / 4);  // the chart's face, below the strip
     EXPECT_NEAR(double(face.width()) / face.height(), expected, 0.03) << size.width() << "x" << size.height();
-  }
-}
-
-// The printed page keeps its proportions on any paper: one scale across and down.
-TEST(PrintedPage, KeepsItsProportionsOnA4AndLetter) {
-  for (const QPageSize::PageSizeId paper : {QPageSize::A4, QPageSize::Letter}) {
-    QPrinter printer(QPrinter::HighResolution);
-    printer.setOutputFormat(QPrinter::PdfFormat);
-    printer.setPageSize(QPageSize(paper));
-    const QRectF frame = QtPrintJob::PrintedFrame(printer, kChartPaper);
-    EXPECT_NEAR(frame.width() / frame.height(), kChartPaper.width / kChartPaper.height, 1e-9);
-    EXPECT_TRUE(QRectF(QPointF(0, 0), printer.pageRect(QPrinter::DevicePixel).size()).contains(frame));
   }
 }
 
@@ -463,7 +422,7 @@ TEST_F(AnalysisPageTest, TheChartsBackgroundIsPaintedOnlyWhenItChanges) {
     return image;
   };
   paint();
-  Click(Qt::LeftButton, (session.PartRightEdge[0] + session.PartRightEdge[1]) / 2.0, 800);
+  Click((session.PartRightEdge[0] + session.PartRightEdge[1]) / 2.0, 800);
   page->tuning->topSteps[3]->click();
   int painted = page->BackgroundPaints();
   const QImage cached = paint();

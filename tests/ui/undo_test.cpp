@@ -34,14 +34,7 @@ class UndoTest : public testing::PagesInFolder {
     QApplication::setActiveWindow(page.get());
     return static_cast<P&>(*page);
   }
-  // A left click at a point in page units.
-  void Click(double x, double y) {
-    const QRectF frame = page->Frame();
-    const QSizeF size = page->LogicalSize();
-    QTest::mouseClick(page.get(), Qt::LeftButton, {},
-                      QPoint(static_cast<int>(frame.x() + x * frame.width() / size.width()),
-                             static_cast<int>(frame.y() + y * frame.height() / size.height())));
-  }
+  void Click(double x, double y) { testing::ClickPage(*page, x, y); }
   void Key(QWidget* focus, int key, Qt::KeyboardModifiers modifiers = Qt::ControlModifier) {
     focus->setFocus();
     QTest::keyClick(focus, static_cast<Qt::Key>(key), modifiers);
