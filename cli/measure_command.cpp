@@ -80,8 +80,8 @@ int RunMeasureCommand(const Command& command, const std::vector<std::string>& wo
   }
   const int finished = static_cast<int>(measurement.sweeps.size());
   if (finished < options.sweeps) {
-    err << "kalvex-cli measure: " << finished << " of " << options.sweeps
-        << " sweeps finished; their average is written\n";
+    err << "kalvex-cli measure: " << finished << " of " << options.sweeps << " sweeps finished; "
+        << (finished == 1 ? "it is" : "their average is") << " written\n";
   }
   ConsoleDialogs dialogs(err);
   const std::string text = MeasuredTouchstone(

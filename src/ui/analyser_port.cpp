@@ -8,7 +8,8 @@ AnalyserPort::AnalyserPort(const std::string& portName, const SweepPlan& plan, E
   QObject::connect(&port_, &QSerialPort::readyRead, this, [this] { Pump(); });
   QObject::connect(&port_, &QSerialPort::errorOccurred, this, [this](QSerialPort::SerialPortError error) {
     if (error == QSerialPort::NoError || error == QSerialPort::TimeoutError || !link_) return;
-    link_->PortLost(port_.errorString().toStdString());
+    // A device unplugged (or a terminal whose other end closed) is a resource error.
+    link_->PortLost(error == QSerialPort::ResourceError ? "the port closed" : port_.errorString().toStdString());
     Pump();
   });
   // Silence is noticed by the clock, not by the port.

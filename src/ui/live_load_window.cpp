@@ -19,6 +19,10 @@ QPointer<LiveLoadWindow> openWindow;
 QPointer<QWidget> followedPage;
 std::function<void()> followedRedraw;
 
+// The USB id such analysers show themselves with, whose port is offered first.
+constexpr quint16 kAnalyserVendor = 0x0483;
+constexpr quint16 kAnalyserProduct = 0x5740;
+
 constexpr int kRateSweeps = 5;  // the rate is taken over the last few sweeps
 
 constexpr const char* kCalibrationNote =
@@ -122,6 +126,9 @@ void LiveLoadWindow::ListPorts() {
     }
     if (!info.description().isEmpty()) text += "  " + info.description();
     cboPort->addItem(text, info.systemLocation());
+    if (info.vendorIdentifier() == kAnalyserVendor && info.productIdentifier() == kAnalyserProduct) {
+      cboPort->setCurrentIndex(cboPort->count() - 1);
+    }
   }
   if (!typed.isEmpty()) cboPort->setCurrentText(typed);
 }
@@ -250,7 +257,7 @@ void LiveLoadWindow::ShowState() {
     state = message_.isEmpty() ? QString("Not measuring.") : message_;
   }
   if (lastSweep_) {
-    state += QString(" Last sweep: %1 points, %2..%3 Hz.")
+    state += QString(" Last sweep: %1 points, %2Hz to %3Hz.")
                  .arg(lastSweep_->points.size())
                  .arg(Hertz(lastSweep_->points.front().frequency), Hertz(lastSweep_->points.back().frequency));
   }

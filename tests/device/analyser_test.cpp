@@ -103,6 +103,8 @@ TEST(SimulatedAnalyserTest, CopesWithAFaultyDevice) {
                 "The analyser went away in the middle of a sweep"},
            Case{"vanishes before any sweep", {"--vanish-after", "50"}, 1, 0, 0, 0,
                 "The analyser went away in the middle of a sweep"},
+           Case{"stalls in the first sweep", {"--stall-after", "1"}, 1, 0, 0, 0,
+                "The analyser stopped answering: nothing came for"},
        }) {
     std::vector<std::string> arguments = c.faults;
     arguments.insert(arguments.end(), {"--scan-time", "0"});
@@ -142,6 +144,34 @@ TEST(AnalyserLinkTest, TakesTheAnswerAfterItsEchoWhateverTheChunks) {
   EXPECT_EQ(sweep->points[1].s11, std::complex<double>(0, 0.25));
   EXPECT_TRUE(link.Done());
   EXPECT_EQ(link.TakeOutgoing(), "");
+}
+
+// Noise is counted and never kept: a line far longer than any answer's, and
+// lines of a scan that are numbers but no measurement of the plan.
+TEST(AnalyserLinkTest, LeavesOutLinesThatAreNoMeasurement) {
+  AnalyserLink link({13e6, 15e6, 3}, 1, 0);
+  for (const char* answer : {"ch> ", "version\r\n1.0\r\nch> ", "info\r\nch> "}) {
+    link.TakeOutgoing();
+    link.Receive(answer, 0);
+  }
+  ASSERT_EQ(link.TakeOutgoing(), "scan 13000000 15000000 3 3\r");
+  link.Receive("scan 13000000 15000000 3 3\r\n" + std::string(100'000, '7') +
+                   "\r\n"
+                   "13000000 0.5 0\r\n"
+                   "12000000 0.5 0\r\n"       // outside the scan
+                   "13000000 0.4 0\r\n"       // not above the last one
+                   "14000000 20 0\r\n"        // far outside the unit circle
+                   "14000000 0.1 0 7\r\n"     // a field too many
+                   "14000000 nan 0\r\n"       // not finite
+                   "15000000 -0.5 0\r\n"
+                   "16000000 -0.5 0\r\nch> ",  // beyond the scan
+               1);
+  const auto sweep = link.TakeSweep();
+  ASSERT_TRUE(sweep.has_value());
+  ASSERT_EQ(sweep->points.size(), 2u);
+  EXPECT_EQ(sweep->points[0].s11, std::complex<double>(0.5, 0));
+  EXPECT_EQ(sweep->points[1].frequency, 15e6);
+  EXPECT_EQ(sweep->leftOutLines, 7);
 }
 
 TEST(SimulatedAnalyserTest, APortThatIsNoAnalyserIsSaidSo) {

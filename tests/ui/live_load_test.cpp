@@ -26,7 +26,7 @@ class LiveLoadTest : public testing::TempDirTest {
     window = LiveLoadWindow::Show(session, dialogs);
   }
   void TearDown() override {
-    window->close();
+    delete window;
     page.reset();
     TempDirTest::TearDown();
   }
@@ -69,7 +69,6 @@ TEST_F(LiveLoadTest, EndsAsTheUserOrTheDeviceChooses) {
     const testing::SimulatedAnalyserProcess simulator(arguments);
     Start(simulator.Port());
     ASSERT_TRUE(QTest::qWaitFor([this] { return Measured(); }, 5000)) << c.name << ": no sweep came";
-    EXPECT_EQ(window->cmdStartStop->text(), c.button ? "Stop" : "Start") << c.name;
     EXPECT_DOUBLE_EQ(session.LoadFreq[21], 15e6) << c.name;
     if (c.button) {
       ASSERT_TRUE(QTest::qWaitFor([this] { return page->StatusLine()->text().contains(" sweeps/s"); }, 5000))
