@@ -166,23 +166,25 @@ void AnalyserLink::DataAnswered(const std::vector<std::string>& lines) {
   // Frequencies and data pair line by line only when both answers are whole.
   const bool paired = lines.size() == frequencyLines_.size() &&
                       std::ssize(lines) == segments_[segment_].points;
+  bool numeric = false;
   for (std::size_t k = 0; k < lines.size(); ++k) {
-    const auto frequency = paired ? Numbers(frequencyLines_[k], 1) : std::nullopt;
-    const auto s11 = paired ? Numbers(lines[k], 2) : std::nullopt;
-    if (frequency && s11 && Take((*frequency)[0], (*s11)[0], (*s11)[1])) ++taken;
+    const auto s11 = Numbers(lines[k], 2);
+    const auto frequency = k < frequencyLines_.size() ? Numbers(frequencyLines_[k], 1) : std::nullopt;
+    numeric = numeric || s11 || frequency;
+    if (paired && frequency && s11 && Take((*frequency)[0], (*s11)[0], (*s11)[1])) ++taken;
     else ++refused;
   }
   if (!paired) refused = static_cast<int>(std::max(lines.size(), frequencyLines_.size()));
+  if (!numeric && !measuredOnce_) {
+    Fail("The device answers neither scan nor sweep, frequencies and data as an analyser does.");
+    return;
+  }
   sweep_.leftOutLines += refused;
   frequencyLines_.clear();
   SegmentMeasured(taken);
 }
 
 void AnalyserLink::SegmentMeasured(int pointsTaken) {
-  if (pointsTaken == 0 && !takesScan_ && !measuredOnce_) {
-    Fail("The device answers neither scan nor sweep, frequencies and data as an analyser does.");
-    return;
-  }
   measuredOnce_ = measuredOnce_ || pointsTaken > 0;
   if (++segment_ < segments_.size()) {
     AskSegment();

@@ -97,6 +97,8 @@ TEST(SimulatedAnalyserTest, CopesWithAFaultyDevice) {
            Case{"every 10th line garbled", {"--garble-every", "10"}, 1, 1, 91, 10, ""},
            Case{"every 10th line garbled, no scan", {"--garble-every", "10", "--no-scan"}, 1, 1, 81, 20, ""},
            Case{"every 25th line dropped", {"--drop-every", "25"}, 1, 1, 97, 0, ""},
+           // Frequencies and data no longer pair once lines are missing.
+           Case{"every 25th line dropped, no scan", {"--drop-every", "25", "--no-scan"}, 1, 1, 0, 97, ""},
            Case{"stalls in the second sweep", {"--stall-after", "150"}, 3, 1, 101, 0,
                 "The analyser stopped answering: nothing came for"},
            Case{"vanishes in the second sweep", {"--vanish-after", "150"}, 3, 1, 101, 0,
@@ -172,6 +174,20 @@ TEST(AnalyserLinkTest, LeavesOutLinesThatAreNoMeasurement) {
   EXPECT_EQ(sweep->points[0].s11, std::complex<double>(0.5, 0));
   EXPECT_EQ(sweep->points[1].frequency, 15e6);
   EXPECT_EQ(sweep->leftOutLines, 7);
+}
+
+// A shell that knows none of the measuring commands is no analyser.
+TEST(AnalyserLinkTest, ADeviceThatMeasuresNothingIsSaidSo) {
+  AnalyserLink link({13e6, 15e6, 3}, 1, 0);
+  link.TakeOutgoing();
+  link.Receive("ch> ", 0);
+  for (const char* command : {"version", "info", "scan", "sweep", "frequencies", "data"}) {
+    const std::string sent = link.TakeOutgoing();
+    ASSERT_TRUE(sent.starts_with(command)) << sent;
+    link.Receive(sent.substr(0, sent.size() - 1) + "\r\n" + command + "?\r\nch> ", 0);
+  }
+  EXPECT_EQ(link.Failure(), "The device answers neither scan nor sweep, frequencies and data as an analyser does.");
+  EXPECT_FALSE(link.TakeSweep().has_value());
 }
 
 TEST(SimulatedAnalyserTest, APortThatIsNoAnalyserIsSaidSo) {
