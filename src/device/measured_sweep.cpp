@@ -88,4 +88,17 @@ int TakeMeasuredLoad(Session& session, const MeasuredSweep& sweep) {
   return n;
 }
 
+void RestoreLoad(Session& session, const NetworkState& before) {
+  session.LoadSource = before.loadSource;
+  session.DataIndex = before.dataIndex;
+  session.Frequency = before.frequency;
+  session.Value[0] = before.value[0];
+  session.SweepStart = before.sweepStart;
+  session.SweepStop = before.sweepStop;
+  session.SweepPoints = before.sweepPoints;
+  session.LoadFreq = before.loadFreq;
+  session.LoadR = before.loadR;
+  session.LoadX = before.loadX;
+}
+
 }  // namespace kalvex

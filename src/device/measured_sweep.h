@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "model/network_state.h"
 #include "model/session.h"
 
 namespace kalvex {
@@ -42,5 +43,10 @@ std::string MeasuredTouchstone(const MeasuredSweep& sweep, const std::vector<std
 // (kept when the table had that many points, else the middle one). Points with
 // no finite impedance are left out. Returns the number of points taken.
 int TakeMeasuredLoad(Session& session, const MeasuredSweep& sweep);
+
+// Puts back the load of `before` (the state before measuring began): the
+// load-data table with its sweep range, the working point and the single
+// load. The stages stay as they are now, tuned while measuring or not.
+void RestoreLoad(Session& session, const NetworkState& before);
 
 }  // namespace kalvex

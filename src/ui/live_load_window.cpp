@@ -166,7 +166,7 @@ void LiveLoadWindow::Start() {
     return;
   }
   analyser_ = analyser;
-  if (!before_) before_ = SaveLoad(session_);
+  if (!before_) before_ = NetworkStateOf(session_);
   identity_.clear();
   message_.clear();
   sweeps_ = 0;

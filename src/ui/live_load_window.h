@@ -12,7 +12,6 @@
 #include <optional>
 
 #include "device/measured_sweep.h"
-#include "device/saved_load.h"
 #include "model/session.h"
 #include "platform/dialogs.h"
 #include "ui/analyser_port.h"
@@ -68,7 +67,7 @@ class LiveLoadWindow : public QWidget {
   QPointer<AnalyserPort> analyser_;
   std::string portName_;
   std::string identity_;
-  std::optional<SavedLoad> before_;
+  std::optional<NetworkState> before_;
   std::optional<MeasuredSweep> lastSweep_;
   int sweeps_ = 0;
   int leftOutLines_ = 0;

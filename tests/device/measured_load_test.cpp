@@ -4,7 +4,6 @@
 
 #include "cli/cli_test.h"
 #include "device/measured_sweep.h"
-#include "device/saved_load.h"
 #include "device/sweep_plan.h"
 #include "files/load_data_file.h"
 #include "simulated_load.h"
@@ -59,7 +58,7 @@ MeasuredSweep SweepOf(std::vector<std::pair<double, std::complex<double>>> point
 // A sweep becomes the load data as a load-data file would; the working point
 // stays where the user moved it while sweeps of one size follow; an open
 // circuit's point has no impedance and is left out; Stop brings back the load
-// of before.
+// of before and keeps the parts as tuned.
 TEST(MeasuredLoadTest, ReplacesTheLoadDataAndGivesItBack) {
   auto session = std::make_unique<Session>();
   InitialiseSession(*session);
@@ -67,7 +66,7 @@ TEST(MeasuredLoadTest, ReplacesTheLoadDataAndGivesItBack) {
   session->SweepStart = 3e6;
   session->SweepStop = 4e6;
   session->SweepPoints = 7;
-  const SavedLoad before = SaveLoad(*session);
+  const NetworkState before = NetworkStateOf(*session);
 
   const MeasuredSweep sweep = SweepOf({{1e6, 0.0}, {2e6, {0.2, 0.1}}, {3e6, 1.0}, {4e6, {-0.5, 0}}});
   ASSERT_EQ(TakeMeasuredLoad(*session, sweep), 3);
@@ -91,7 +90,9 @@ TEST(MeasuredLoadTest, ReplacesTheLoadDataAndGivesItBack) {
   EXPECT_EQ(TakeMeasuredLoad(*session, SweepOf({{1e6, 1.0}})), 0);
   EXPECT_EQ(session->SweepPoints, 3) << "a sweep of nothing usable changes nothing";
 
+  session->Value[1][1] = 5e-12;  // a part tuned while measuring
   RestoreLoad(*session, before);
+  EXPECT_EQ(session->Value[1][1], 5e-12);
   EXPECT_EQ(session->LoadSource, 1);
   EXPECT_EQ(session->SweepPoints, 7);
   EXPECT_EQ(session->SweepStart, 3e6);
