@@ -18,6 +18,7 @@
 #include "ui/live_load_window.h"
 #include "ui/page_menus.h"
 #include "ui/session_history.h"
+#include "model/format.h"
 #include "model/network_state.h"
 #include "ui/match_dialog.h"
 #include "ui/optimise_dialog.h"
@@ -165,7 +166,12 @@ AnalysisPage::AnalysisPage(Session& session, Dialogs& dialogs)
   commands.sweep = [this] { if (cmdSweep->isEnabled()) cmdSweep->click(); };
   commands.band = [this] { BandWindow::Show(session_, dialogs_); };
   commands.liveLoad = [this] { LiveLoadWindow::Show(session_, dialogs_); };
-  LiveLoadWindow::Follow(this, [this] { Redraw(); });
+  // A sweep moves the working frequency only when its points change; the box
+  // follows then, and is left alone while the user types in it otherwise.
+  LiveLoadWindow::Follow(this, [this, shown = session_.Frequency]() mutable {
+    if (session_.Frequency != shown) tuning->txtFreq->setText(Q(FormatSI(shown = session_.Frequency)));
+    Redraw();
+  });
   // A new network: the page opens again on it, as a visit would.
   commands.match = [this] {
     MatchDialog dialog(session_, dialogs_, this);

@@ -70,6 +70,7 @@ TEST_F(LiveLoadTest, EndsAsTheUserOrTheDeviceChooses) {
     Start(simulator.Port());
     ASSERT_TRUE(QTest::qWaitFor([this] { return Measured(); }, 5000)) << c.name << ": no sweep came";
     EXPECT_DOUBLE_EQ(session.LoadFreq[21], 15e6) << c.name;
+    EXPECT_EQ(page->tuning->txtFreq->text().trimmed(), "14 M") << c.name << ": the middle point's frequency";
     if (c.button) {
       ASSERT_TRUE(QTest::qWaitFor([this] { return page->StatusLine()->text().contains(" sweeps/s"); }, 5000))
           << c.name << ": " << page->StatusLine()->text().toStdString();
