@@ -32,20 +32,23 @@ void AnalyserPort::Pump() {
   const QByteArray bytes = port_.readAll();
   link_->Receive(std::string_view(bytes.constData(), static_cast<std::size_t>(bytes.size())), elapsed_.elapsed());
   link_->CheckTime(elapsed_.elapsed());
-  if (!identified_ && !link_->Version().empty()) {
-    identified_ = true;
-    if (events_.identified) events_.identified(link_->Version() + (link_->Info().empty() ? "" : " (" + link_->Info() + ")"));
-  }
-  if (auto sweep = link_->TakeSweep(); sweep && events_.sweep) events_.sweep(*sweep);
-  if (!link_) return;  // the sweep's handler closed the port
   if (link_->Failed()) {
     const std::string why = link_->Failure();
     Close();
     if (events_.failed) events_.failed(why);
     return;
   }
-  const std::string outgoing = link_->TakeOutgoing();
-  if (!outgoing.empty()) port_.write(outgoing.data(), static_cast<qint64>(outgoing.size()));
+  // The next scan goes out before the finished sweep is drawn, so that the
+  // analyser measures while the page draws.
+  if (const std::string outgoing = link_->TakeOutgoing(); !outgoing.empty()) {
+    port_.write(outgoing.data(), static_cast<qint64>(outgoing.size()));
+    port_.flush();
+  }
+  if (!identified_ && !link_->Version().empty()) {
+    identified_ = true;
+    if (events_.identified) events_.identified(link_->Version() + (link_->Info().empty() ? "" : " (" + link_->Info() + ")"));
+  }
+  if (auto sweep = link_->TakeSweep(); sweep && events_.sweep) events_.sweep(*sweep);
 }
 
 void AnalyserPort::Close() {
