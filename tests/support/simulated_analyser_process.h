@@ -1,5 +1,6 @@
 #pragma once
 
+#include <fcntl.h>
 #include <signal.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -20,6 +21,8 @@ class SimulatedAnalyserProcess {
     pid_ = fork();
     if (pid_ == 0) {
       dup2(output[1], STDOUT_FILENO);
+      // Its own notes ("gone, as --vanish-after asked") are not the test's.
+      if (const int quiet = open("/dev/null", O_WRONLY); quiet >= 0) dup2(quiet, STDERR_FILENO);
       close(output[0]);
       close(output[1]);
       std::vector<char*> argv;
