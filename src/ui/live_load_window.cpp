@@ -11,6 +11,7 @@
 #include "model/format.h"
 #include "ui/band_window.h"
 #include "ui/controls.h"
+#include "ui/session_history.h"
 
 namespace kalvex {
 namespace {
@@ -181,10 +182,27 @@ void LiveLoadWindow::End(bool keepLastSweep) {
     analyser_->deleteLater();
     analyser_ = nullptr;
   }
-  if (before_ && !(keepLastSweep && sweeps_ > 0)) RestoreLoad(session_, *before_);
+  if (before_ && keepLastSweep && sweeps_ > 0) {
+    RecordKeptSweep();
+  } else if (before_) {
+    RestoreLoad(session_, *before_);
+    if (SessionHistory* history = SessionHistory::Instance()) history->Settle();
+  }
   before_.reset();
   RedrawFollowedPage();
   ShowState();
+}
+
+// What measuring leaves behind is one step: the last sweep kept as the load
+// data, which undo takes back to the load of before.
+void LiveLoadWindow::RecordKeptSweep() {
+  SessionHistory* history = SessionHistory::Instance();
+  if (history == nullptr) return;
+  const NetworkState kept = NetworkStateOf(session_);
+  RestoreLoad(session_, *before_);
+  history->Settle();
+  RestoreLoad(session_, kept);
+  history->Record("Live load kept");
 }
 
 void LiveLoadWindow::SweepArrived(const MeasuredSweep& sweep) {
@@ -193,6 +211,8 @@ void LiveLoadWindow::SweepArrived(const MeasuredSweep& sweep) {
     ShowState();
     return;
   }
+  // The sweeps come and go without being steps of the history.
+  if (SessionHistory* history = SessionHistory::Instance()) history->Settle();
   lastSweep_ = sweep;
   ++sweeps_;
   sweepTimes_.push_back(clock_.elapsed());

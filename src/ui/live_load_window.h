@@ -55,6 +55,7 @@ class LiveLoadWindow : public QWidget {
   void Start();
   // Ends measuring; the session keeps the last sweep or goes back to its load.
   void End(bool keepLastSweep);
+  void RecordKeptSweep();
   void SweepArrived(const MeasuredSweep& sweep);
   void Failed(const std::string& why);
   void Save();

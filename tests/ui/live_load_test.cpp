@@ -9,6 +9,7 @@
 #include "support/temp_dir.h"
 #include "ui/analysis_page.h"
 #include "ui/live_load_window.h"
+#include "ui/session_history.h"
 
 namespace kalvex {
 namespace {
@@ -41,6 +42,7 @@ class LiveLoadTest : public testing::TempDirTest {
   bool Measured() const { return session.LoadSource == 2 && session.SweepPoints == 21; }
 
   Session session;
+  SessionHistory history{session};
   testing::FakeDialogs dialogs;
   std::unique_ptr<AnalysisPage> page;
   LiveLoadWindow* window = nullptr;
@@ -48,7 +50,8 @@ class LiveLoadTest : public testing::TempDirTest {
 
 // While live, each sweep is the load data and the page shows the rate; Stop
 // gives back the load of before, Freeze keeps the last sweep, and a device
-// that vanishes leaves its last sweep with a message.
+// that vanishes leaves its last sweep with a message. A sweep kept is one step
+// of the history, undone back to the load of before; the sweeps are none.
 TEST_F(LiveLoadTest, EndsAsTheUserOrTheDeviceChooses) {
   struct Case {
     const char* name;
@@ -56,14 +59,17 @@ TEST_F(LiveLoadTest, EndsAsTheUserOrTheDeviceChooses) {
     QPushButton* LiveLoadWindow::*button;  // pressed after the first sweep; none: the device ends it
     bool loadKept;
     const char* message;
+    const char* step;
   };
-  for (const Case& c : {Case{"Stop", {}, &LiveLoadWindow::cmdStartStop, false, nullptr},
-                        Case{"Freeze", {}, &LiveLoadWindow::cmdFreeze, true, nullptr},
+  for (const Case& c : {Case{"Stop", {}, &LiveLoadWindow::cmdStartStop, false, nullptr, ""},
+                        Case{"Freeze", {}, &LiveLoadWindow::cmdFreeze, true, nullptr, "Live load kept"},
                         Case{"vanishes in the second sweep", {"--vanish-after", "30"}, nullptr, true,
-                             "went away in the middle of a sweep"}}) {
+                             "went away in the middle of a sweep", "Live load kept"}}) {
     session.LoadSource = 1;
     session.SweepPoints = 5;
     dialogs.messages.clear();
+    history.Stack().clear();
+    history.Settle();
     std::vector<std::string> arguments = c.simulator;
     arguments.insert(arguments.end(), {"--scan-time", "20"});
     const testing::SimulatedAnalyserProcess simulator(arguments);
@@ -82,6 +88,10 @@ TEST_F(LiveLoadTest, EndsAsTheUserOrTheDeviceChooses) {
     EXPECT_EQ(Measured(), c.loadKept) << c.name;
     EXPECT_EQ(session.LoadSource, c.loadKept ? 2 : 1) << c.name;
     EXPECT_FALSE(page->StatusLine()->text().contains("Live load")) << c.name;
+    EXPECT_EQ(history.Stack().undoText().toStdString(), c.step) << c.name;
+    history.Undo();
+    EXPECT_EQ(session.LoadSource, 1) << c.name;
+    EXPECT_EQ(session.SweepPoints, 5) << c.name;
     if (c.message) {
       ASSERT_EQ(dialogs.messages.size(), 1u) << c.name;
       EXPECT_NE(dialogs.messages[0].text.find(c.message), std::string::npos) << dialogs.messages[0].text;
