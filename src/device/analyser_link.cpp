@@ -1,5 +1,6 @@
 #include "device/analyser_link.h"
 
+#include <algorithm>
 #include <charconv>
 #include <cmath>
 #include <cstdio>
@@ -43,7 +44,7 @@ std::string Seconds(Milliseconds time) {
 }  // namespace
 
 AnalyserLink::AnalyserLink(SweepPlan plan, int sweeps, Milliseconds now, Milliseconds timeout)
-    : plan_(plan), segments_(SegmentSweep(plan)), sweepsLeft_(sweeps), timeout_(timeout), lastHeard_(now) {
+    : segments_(SegmentSweep(plan)), sweepsLeft_(sweeps), timeout_(timeout), lastHeard_(now) {
   // An empty line: whatever the shell was doing, it ends with a prompt.
   outgoing_ = "\r";
   reply_.Expect("", false);

@@ -71,7 +71,6 @@ class AnalyserLink {
   // above the last one taken; returns whether it was kept.
   bool Take(double frequency, double re, double im);
 
-  SweepPlan plan_;
   std::vector<ScanSegment> segments_;
   int sweepsLeft_;  // 0 for sweeps until stopped
   Milliseconds timeout_;
