@@ -1,11 +1,11 @@
-#include <cmath>
+#include <optional>
 
 #include "analyser_measurement.h"
 #include "cli.h"
 #include "cli_options.h"
+#include "command_line.h"
 #include "commands.h"
 #include "console_dialogs.h"
-#include "model/format.h"
 
 namespace kalvex {
 namespace {
@@ -17,35 +17,30 @@ struct MeasureOptions {
   std::optional<std::string> output;
 };
 
-constexpr int kMostSweeps = 100;
+constexpr Range kFrequencies = {kAnalyserLowestHz, kAnalyserHighestHz, "10 kHz to 6 GHz"};
+constexpr Range kPoints = {2, kMostMeasuredPoints, "2 to 1000", false, true};
+constexpr Range kSweeps = {1, 100, "1 to 100", false, true};
 
-// The command's options, read in one place; "" or the usage problem.
-std::string ReadMeasureOptions(const std::vector<std::string>& words, MeasureOptions& options) {
-  std::string problem;
-  const auto arguments =
-      SplitArguments(words, {"--port", "--start", "--stop", "--points", "--sweeps", "-o"}, {}, problem);
-  if (!arguments) return problem;
-  if (!arguments->positional.empty()) return "unexpected " + arguments->positional.front();
-  const auto port = arguments->Option("--port");
-  if (!port || port->empty()) return "--port DEV is needed";
+// The command's options, read in one place; nothing when the command may go
+// on, else its exit code.
+std::optional<int> ReadMeasureOptions(CommandLine& line, const std::vector<std::string>& words,
+                                      MeasureOptions& options, std::ostream& out, std::ostream& err) {
+  std::optional<std::string> port;
+  std::optional<double> start, stop, points, sweeps;
+  line.Text("--port", "DEV", port)
+      .Number("--start", "HZ", start, kFrequencies)
+      .Number("--stop", "HZ", stop, kFrequencies)
+      .Number("--points", "N", points, kPoints)
+      .Number("--sweeps", "K", sweeps, kSweeps)
+      .Text("-o", "OUT", options.output);
+  if (const auto code = line.Parse(words, out, err)) return code;
+  if (!port) return line.Refuse("--port DEV is needed", err);
   options.port = *port;
-  options.output = arguments->Option("-o");
-  // Frequencies are read as the sweep setup's boxes read them: "14.2M" works.
-  if (const auto start = arguments->Option("--start")) options.plan.start = ParseValue(*start);
-  if (const auto stop = arguments->Option("--stop")) options.plan.stop = ParseValue(*stop);
-  for (const auto& [name, count, least, most] :
-       {std::tuple{"--points", &options.plan.points, 2, kMostMeasuredPoints},
-        std::tuple{"--sweeps", &options.sweeps, 1, kMostSweeps}}) {
-    const auto word = arguments->Option(name);
-    if (!word) continue;
-    const auto value = CliNumber(*word);
-    if (!value || *value != std::floor(*value) || *value < least || *value > most) {
-      return std::string(name) + " takes a whole number " + std::to_string(least) + ".." + std::to_string(most);
-    }
-    *count = static_cast<int>(*value);
-  }
-  if (const std::string planProblem = PlanProblem(options.plan); !planProblem.empty()) return planProblem;
-  return "";
+  options.plan = {start.value_or(options.plan.start), stop.value_or(options.plan.stop),
+                  static_cast<int>(points.value_or(options.plan.points))};
+  options.sweeps = static_cast<int>(sweeps.value_or(1));
+  if (const std::string problem = PlanProblem(options.plan); !problem.empty()) return line.Refuse(problem, err);
+  return std::nullopt;
 }
 
 std::string Plural(int count, const std::string& noun) {
@@ -57,30 +52,29 @@ std::string Plural(int count, const std::string& noun) {
 int RunMeasureCommand(const Command& command, const std::vector<std::string>& words, std::ostream& out,
                       std::ostream& err) {
   MeasureOptions options;
-  if (const std::string problem = ReadMeasureOptions(words, options); !problem.empty()) {
-    return UsageError(command, problem, err);
-  }
+  CommandLine line(command);
+  if (const auto code = ReadMeasureOptions(line, words, options, out, err)) return *code;
   const AnalyserMeasurement measurement = MeasureOnPort(options.port, options.plan, options.sweeps);
   const std::string who = measurement.version.empty() ? "the analyser" : measurement.version;
   if (!measurement.failure.empty()) {
-    err << "kalvex-cli measure: " << options.port << ": " << measurement.failure << "\n";
+    err << line.Prefix() << options.port << ": " << measurement.failure << "\n";
   }
   if (measurement.sweeps.empty()) {
-    if (measurement.failure.empty()) err << "kalvex-cli measure: " << who << " gave no sweep\n";
+    if (measurement.failure.empty()) err << line.Prefix() << who << " gave no sweep\n";
     return kExitFailed;
   }
   const MeasuredSweep mean = AverageSweeps(measurement.sweeps);
   if (mean.leftOutLines > 0) {
-    err << "kalvex-cli measure: " << Plural(mean.leftOutLines, "malformed line") << " from " << who
+    err << line.Prefix() << Plural(mean.leftOutLines, "malformed line") << " from " << who
         << " left out\n";
   }
   if (mean.points.empty()) {
-    err << "kalvex-cli measure: " << who << " gave no readable point\n";
+    err << line.Prefix() << who << " gave no readable point\n";
     return kExitFailed;
   }
   const int finished = static_cast<int>(measurement.sweeps.size());
   if (finished < options.sweeps) {
-    err << "kalvex-cli measure: " << finished << " of " << options.sweeps << " sweeps finished; "
+    err << line.Prefix() << finished << " of " << options.sweeps << " sweeps finished; "
         << (finished == 1 ? "it is" : "their average is") << " written\n";
   }
   ConsoleDialogs dialogs(err);

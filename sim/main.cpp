@@ -16,7 +16,9 @@
 #include <thread>
 #include <vector>
 
-#include "cli_options.h"
+#include <CLI/CLI.hpp>
+
+#include "command_line.h"
 #include "simulated_analyser.h"
 
 namespace {
@@ -39,10 +41,10 @@ int Usage(const std::string& problem) {
 }
 
 // The link's name, removed on every way out, a signal's too.
-std::string linkName;
+std::string linkPath;
 
 void RemoveLink() {
-  if (!linkName.empty()) unlink(linkName.c_str());
+  if (!linkPath.empty()) unlink(linkPath.c_str());
 }
 
 void EndOnSignal(int) {
@@ -59,21 +61,6 @@ int main(int argc, char** argv) {
     std::cout << kUsage;
     return 0;
   }
-  std::string problem;
-  const auto arguments = SplitArguments(
-      words,
-      {"--load", "--resistance", "--resonance", "--q", "--most-per-scan", "--scan-time", "--drop-every",
-       "--garble-every", "--stall-after", "--vanish-after", "--link"},
-      {"--no-scan"}, problem);
-  if (!arguments) return Usage(problem);
-  if (!arguments->positional.empty()) return Usage("unexpected " + arguments->positional[0]);
-  const auto number = [&arguments](const char* name, double fallback, double least) -> std::optional<double> {
-    const auto word = arguments->Option(name);
-    if (!word) return fallback;
-    const auto value = CliNumber(*word);
-    if (!value || *value < least) return std::nullopt;
-    return value;
-  };
   struct Numbered {
     const char* name;
     double fallback, least;
@@ -82,28 +69,45 @@ int main(int argc, char** argv) {
   Numbered numbers[] = {{"--resistance", 60, 0.001},   {"--resonance", 14.15e6, 1},  {"--q", 12, 0},
                         {"--most-per-scan", 101, 1},   {"--scan-time", 100, 0},      {"--drop-every", 0, 0},
                         {"--garble-every", 0, 0},      {"--stall-after", 0, 0},      {"--vanish-after", 0, 0}};
-  for (Numbered& n : numbers) {
-    const auto value = number(n.name, n.fallback, n.least);
-    if (!value) return Usage(std::string(n.name) + " needs a number of at least " + std::to_string(n.least));
+  // Numbers are read as kalvex-cli reads them, so "14.15M" works.
+  CLI::App app("kalvex-sim-vna");
+  std::vector<std::string> numberWords(std::size(numbers));
+  for (std::size_t k = 0; k < std::size(numbers); ++k) app.add_option(numbers[k].name, numberWords[k]);
+  std::string loadFile, linkName;
+  bool noScan = false;
+  app.add_option("--load", loadFile);
+  app.add_option("--link", linkName);
+  app.add_flag("--no-scan", noScan);
+  try {
+    app.parse(argc, argv);
+  } catch (const CLI::ParseError& error) {
+    return Usage(error.what());
+  }
+  for (std::size_t k = 0; k < std::size(numbers); ++k) {
+    Numbered& n = numbers[k];
+    const auto value = numberWords[k].empty() ? std::optional<double>(n.fallback) : CliNumber(numberWords[k]);
+    if (!value || *value < n.least) {
+      return Usage(std::string(n.name) + " needs a number of at least " + std::to_string(n.least));
+    }
     n.value = *value;
   }
   const auto [resistance, resonance, q, mostPerScan, scanTime, dropEvery, garbleEvery, stallAfter, vanishAfter] =
       numbers;
 
   SimulatedLoad load = SimulatedLoad::Antenna(resistance.value, resonance.value, q.value);
-  if (const auto file = arguments->Option("--load")) {
+  if (!loadFile.empty()) {
     std::string messages;
-    load = SimulatedLoad::FromFile(*file, messages);
+    load = SimulatedLoad::FromFile(loadFile, messages);
     std::cerr << messages;
     if (load.Empty()) {
-      std::cerr << "kalvex-sim-vna: " << *file << " gives no load point\n";
+      std::cerr << "kalvex-sim-vna: " << loadFile << " gives no load point\n";
       return 1;
     }
   }
   SimulatedAnalyser analyser(std::move(load),
                              {static_cast<int>(dropEvery.value), static_cast<int>(garbleEvery.value),
                               static_cast<int>(stallAfter.value), static_cast<int>(vanishAfter.value)},
-                             !arguments->Option("--no-scan"), static_cast<int>(mostPerScan.value));
+                             !noScan, static_cast<int>(mostPerScan.value));
   const auto sweepTime = std::chrono::milliseconds(static_cast<long>(scanTime.value));
   analyser.OnMeasuring([sweepTime] { std::this_thread::sleep_for(sweepTime); });
 
@@ -123,15 +127,15 @@ int main(int argc, char** argv) {
   }
   cfmakeraw(&raw);
   tcsetattr(terminal, TCSANOW, &raw);
-  if (const auto link = arguments->Option("--link")) {
+  if (!linkName.empty()) {
     std::error_code error;
-    std::filesystem::remove(*link, error);
-    std::filesystem::create_symlink(name, *link, error);
+    std::filesystem::remove(linkName, error);
+    std::filesystem::create_symlink(name, linkName, error);
     if (error) {
-      std::cerr << "kalvex-sim-vna: cannot link " << *link << ": " << error.message() << "\n";
+      std::cerr << "kalvex-sim-vna: cannot link " << linkName << ": " << error.message() << "\n";
       return 1;
     }
-    linkName = *link;
+    linkPath = linkName;
     std::atexit(RemoveLink);
     std::signal(SIGTERM, EndOnSignal);
     std::signal(SIGINT, EndOnSignal);
