@@ -88,6 +88,13 @@ constexpr std::array kCommands = {
             "the parts list of FILE as CSV: stage, part, value with its unit, the smallest\n"
             "      standard series that holds the value, and the default tolerance",
             RunBomCommand},
+    Command{"measure",
+            "measure --port DEV [--start HZ] [--stop HZ] [--points N] [--sweeps K] [-o OUT]",
+            "reads the load from a pocket vector network analyser on the serial port DEV:\n"
+            "      one sweep, or the average of K, of --points (2..1000, default 101) from\n"
+            "      --start to --stop (default 1M..30M), as a one-port Touchstone file for --load;\n"
+            "      to OUT or standard output",
+            RunMeasureCommand},
     Command{"render",
             "render [FILE] --page welcome|design|analysis|band [--grid 1..6] [--zoom N]\n"
             "             [--aspect A] [--q-arcs] [--vswr-circle] [--sweep] [--load LOADFILE]\n"

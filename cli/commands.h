@@ -34,6 +34,8 @@ int RunSnapCommand(const Command& self, const std::vector<std::string>& words, s
                    std::ostream& err);
 int RunBomCommand(const Command& self, const std::vector<std::string>& words, std::ostream& out,
                   std::ostream& err);
+int RunMeasureCommand(const Command& self, const std::vector<std::string>& words, std::ostream& out,
+                      std::ostream& err);
 int RunPrintCommand(const Command& self, const std::vector<std::string>& words, std::ostream& out,
                     std::ostream& err);
 int RunRenderCommand(const Command& self, const std::vector<std::string>& words, std::ostream& out,

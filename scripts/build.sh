@@ -1,7 +1,7 @@
 # Shared by ./run and ./test: installs what the build needs, then configures
 # and builds Kalvex (Release) in build/. Sourced, not run.
 
-kalvex_packages=(cmake ninja-build g++ qt6-base-dev qt6-svg-dev fonts-dejavu-core
+kalvex_packages=(cmake ninja-build g++ qt6-base-dev qt6-svg-dev qt6-serialport-dev fonts-dejavu-core
                  libgtest-dev libbenchmark-dev libnlopt-cxx-dev libcli11-dev nlohmann-json3-dev)
 
 # Installs the build's packages, and any more named as arguments.

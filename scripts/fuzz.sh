@@ -12,7 +12,7 @@ cmake --build build-fuzz
 mkdir -p build-fuzz/findings
 status=0
 for target in network_file defaults_file load_data_file parse_value touchstone sweep_outputs \
-              deck_name arguments; do
+              deck_name arguments analyser_answers; do
   # libFuzzer adds what it finds to its first corpus folder: a copy, not the seeds.
   work=build-fuzz/corpus/$target
   mkdir -p "$work"

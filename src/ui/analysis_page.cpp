@@ -15,8 +15,10 @@
 #include "ui/exit_dialog.h"
 #include "ui/band_window.h"
 #include "ui/keys.h"
+#include "ui/live_load_window.h"
 #include "ui/page_menus.h"
 #include "ui/session_history.h"
+#include "model/format.h"
 #include "model/network_state.h"
 #include "ui/match_dialog.h"
 #include "ui/optimise_dialog.h"
@@ -163,6 +165,13 @@ AnalysisPage::AnalysisPage(Session& session, Dialogs& dialogs)
   commands.vswrCircle = [this] { cmdVSWRon->click(); };
   commands.sweep = [this] { if (cmdSweep->isEnabled()) cmdSweep->click(); };
   commands.band = [this] { BandWindow::Show(session_, dialogs_); };
+  commands.liveLoad = [this] { LiveLoadWindow::Show(session_, dialogs_); };
+  // A sweep moves the working frequency only when its points change; the box
+  // follows then, and is left alone while the user types in it otherwise.
+  LiveLoadWindow::Follow(this, [this, shown = session_.Frequency]() mutable {
+    if (session_.Frequency != shown) tuning->txtFreq->setText(Q(FormatSI(shown = session_.Frequency)));
+    Redraw();
+  });
   // A new network: the page opens again on it, as a visit would.
   commands.match = [this] {
     MatchDialog dialog(session_, dialogs_, this);
@@ -186,7 +195,9 @@ AnalysisPage::AnalysisPage(Session& session, Dialogs& dialogs)
        commands.band},
       {QKeySequence(Qt::CTRL | Qt::Key_T), "Optimise: tune the chosen parts for the best match over the band",
        commands.optimise},
-      {QKeySequence(Qt::CTRL | Qt::Key_M), "Match: compute a matching network for the load", commands.match}};
+      {QKeySequence(Qt::CTRL | Qt::Key_M), "Match: compute a matching network for the load", commands.match},
+      {QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_L), "Live load: read the load from a vector network analyser",
+       commands.liveLoad}};
   for (Key& key : HistoryKeys(this)) keys.push_back(std::move(key));
   commands.keys = BindKeys(this, dialogs_, std::move(keys));
   SetMenuBar(BuildMenuBar(this, dialogs_, session_.Version, commands));
@@ -226,7 +237,8 @@ void AnalysisPage::Redraw() {
   ShowSwitch(cmdVSWRon, OverlayOn(session_, Overlay::VSWRCircle));
   ShowSwitch(cmdSweep, session_.SweepShown == 1);
   update();
-  ShowMatchStatus(session_);
+  const QString live = LiveLoadWindow::StatusText();
+  ShowStatus(Q(MatchStatusText(session_)) + live, Q(MatchStatusText(session_, StatusForm::Brief)) + live);
   BandWindow::RefreshOpen();
 }
 

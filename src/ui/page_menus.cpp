@@ -84,6 +84,7 @@ QMenuBar* BuildMenuBar(QWidget* page, Dialogs& dialogs, const std::string& versi
   AddItem(file, "Get net", "Ctrl+O", c.getNet);
   AddItem(file, "Save net", "Ctrl+S", c.saveNet);
   AddItem(file, "Get freq/load", "Ctrl+L", c.getLoad);
+  AddItem(file, "Live load", "Ctrl+Shift+L", c.liveLoad);
   AddItem(file, "Write SPICE deck", "Ctrl+Shift+E", c.writeSpice);
   file->addSeparator();
   AddItem(file, "Export image", "Ctrl+E", c.exportImage);

@@ -1,0 +1,163 @@
+#include <gtest/gtest.h>
+
+#include <cmath>
+
+#include "cli/cli_test.h"
+#include "device/measured_sweep.h"
+#include "device/sweep_plan.h"
+#include "files/load_data_file.h"
+#include "simulated_load.h"
+#include "support/fake_dialogs.h"
+#include "support/simulated_analyser_process.h"
+
+namespace kalvex {
+namespace {
+
+// Wide sweeps are cut into scans the analyser takes: together exactly the
+// plan's frequencies, each once, rising, none over the limit, none of one point.
+TEST(SegmentSweepTest, CoversThePlanOnceInScansWithinTheLimit) {
+  struct Case {
+    SweepPlan plan;
+    int most;
+    std::size_t scans;
+  };
+  for (const Case& c : {Case{{1e6, 30e6, 2}, 101, 1}, Case{{1e6, 30e6, 101}, 101, 1},
+                        Case{{1e6, 30e6, 102}, 101, 2}, Case{{100e3, 900e6, 1000}, 101, 10},
+                        Case{{14e6, 14.35e6, 301}, 101, 3}, Case{{1e6, 2e6, 11}, 4, 3}}) {
+    const std::vector<ScanSegment> scans = SegmentSweep(c.plan, c.most);
+    ASSERT_EQ(scans.size(), c.scans) << c.plan.points;
+    int k = 0;
+    for (const ScanSegment& scan : scans) {
+      EXPECT_GE(scan.points, 2);
+      EXPECT_LE(scan.points, c.most);
+      const double exact = c.plan.start + (c.plan.stop - c.plan.start) * k / (c.plan.points - 1);
+      EXPECT_EQ(scan.start, std::llround(exact)) << "scan starting at point " << k;
+      k += scan.points;
+      const double last = c.plan.start + (c.plan.stop - c.plan.start) * (k - 1) / (c.plan.points - 1);
+      EXPECT_EQ(scan.stop, std::llround(last)) << "scan ending at point " << k - 1;
+    }
+    EXPECT_EQ(k, c.plan.points);
+  }
+}
+
+TEST(SweepPlanTest, RefusesWhatTheAnalyserCannotSweep) {
+  for (const SweepPlan& plan : {SweepPlan{5e3, 30e6, 101}, SweepPlan{1e6, 7e9, 101}, SweepPlan{30e6, 1e6, 101},
+                                SweepPlan{1e6, 1e6, 101}, SweepPlan{1e6, 30e6, 1}, SweepPlan{1e6, 30e6, 1001},
+                                SweepPlan{NAN, 30e6, 101}}) {
+    EXPECT_STRNE(PlanProblem(plan), "") << plan.start << ".." << plan.stop << " in " << plan.points;
+  }
+  EXPECT_STREQ(PlanProblem({10e3, 6e9, 1000}), "");
+}
+
+MeasuredSweep SweepOf(std::vector<std::pair<double, std::complex<double>>> points) {
+  MeasuredSweep sweep;
+  for (const auto& [f, s11] : points) sweep.points.push_back({f, s11});
+  return sweep;
+}
+
+// A sweep becomes the load data as a load-data file would; the working point
+// stays where the user moved it while sweeps of one size follow; an open
+// circuit's point has no impedance and is left out; Stop brings back the load
+// of before and keeps the parts as tuned.
+TEST(MeasuredLoadTest, ReplacesTheLoadDataAndGivesItBack) {
+  auto session = std::make_unique<Session>();
+  InitialiseSession(*session);
+  session->LoadSource = 1;
+  session->SweepStart = 3e6;
+  session->SweepStop = 4e6;
+  session->SweepPoints = 7;
+  const NetworkState before = NetworkStateOf(*session);
+
+  const MeasuredSweep sweep = SweepOf({{1e6, 0.0}, {2e6, {0.2, 0.1}}, {3e6, 1.0}, {4e6, {-0.5, 0}}});
+  ASSERT_EQ(TakeMeasuredLoad(*session, sweep), 3);
+  EXPECT_EQ(session->LoadSource, 2);
+  EXPECT_EQ(session->SweepPoints, 3);
+  EXPECT_EQ(session->SweepStart, 1e6);
+  EXPECT_EQ(session->SweepStop, 4e6);
+  EXPECT_EQ(session->DataIndex, 2);
+  EXPECT_EQ(session->Frequency, 2e6);
+  const std::complex<double> z = ImpedanceOfS11({0.2, 0.1});
+  EXPECT_DOUBLE_EQ(session->Value[0][1], z.real());
+  EXPECT_DOUBLE_EQ(session->Value[0][2], z.imag());
+  EXPECT_DOUBLE_EQ(session->LoadR[3], 50.0 / 3);  // S11 -0.5
+
+  session->DataIndex = 3;
+  TakeMeasuredLoad(*session, SweepOf({{1e6, 0.0}, {2e6, 0.0}, {4e6, {0.6, 0}}}));
+  EXPECT_EQ(session->DataIndex, 3);
+  EXPECT_EQ(session->Frequency, 4e6);
+  EXPECT_DOUBLE_EQ(session->Value[0][1], 200);
+
+  EXPECT_EQ(TakeMeasuredLoad(*session, SweepOf({{1e6, 1.0}})), 0);
+  EXPECT_EQ(session->SweepPoints, 3) << "a sweep of nothing usable changes nothing";
+
+  session->Value[1][1] = 5e-12;  // a part tuned while measuring
+  RestoreLoad(*session, before);
+  EXPECT_EQ(session->Value[1][1], 5e-12);
+  EXPECT_EQ(session->LoadSource, 1);
+  EXPECT_EQ(session->SweepPoints, 7);
+  EXPECT_EQ(session->SweepStart, 3e6);
+  EXPECT_EQ(session->Value[0][1], 50);
+  EXPECT_EQ(session->Frequency, 1e6);
+}
+
+TEST(MeasuredLoadTest, AveragesFrequencyByFrequency) {
+  const MeasuredSweep mean = AverageSweeps({SweepOf({{1e6, {0.1, 0.2}}, {2e6, {0.3, 0}}}),
+                                            SweepOf({{1e6, {0.3, 0.4}}}),
+                                            SweepOf({{1e6, {0.2, 0.0}}, {2e6, {0.5, 0}}})});
+  ASSERT_EQ(mean.points.size(), 2u);
+  EXPECT_NEAR(mean.points[0].s11.real(), 0.2, 1e-15);
+  EXPECT_NEAR(mean.points[0].s11.imag(), 0.2, 1e-15);
+  EXPECT_NEAR(mean.points[1].s11.real(), 0.4, 1e-15) << "the sweep without 2 MHz does not count there";
+}
+
+using MeasureCommandTest = testing::CliTest;
+
+// kalvex-cli measure: averaged sweeps as a Touchstone file that --load takes
+// at once, with the load's impedances.
+TEST_F(MeasureCommandTest, WritesAFileThatLoadsAsTheAntenna) {
+  const testing::SimulatedAnalyserProcess simulator({"--scan-time", "0", "--garble-every", "40"});
+  ASSERT_EQ(Run({"measure", "--port", simulator.Port(), "--start", "13M", "--stop", "15M", "--points", "21",
+                 "--sweeps", "3", "-o", PathOf("antenna.s1p")}),
+            kExitOk)
+      << err.str();
+  EXPECT_NE(err.str().find("1 malformed line from kalvex-sim-vna 1.0 left out"), std::string::npos) << err.str();
+  const std::string text = ReadFile("antenna.s1p");
+  EXPECT_NE(text.find("\n# Hz S RI R 50\n"), std::string::npos) << text;
+  EXPECT_NE(text.find("the average of 3 sweeps"), std::string::npos) << text;
+
+  auto session = std::make_unique<Session>();
+  testing::FakeDialogs dialogs;
+  ASSERT_TRUE(ApplyLoadDataFile(*session, dialogs, PathOf("antenna.s1p")));
+  ASSERT_EQ(session->SweepPoints, 21);
+  const SimulatedLoad antenna = SimulatedLoad::Antenna(60, 14.15e6, 12);
+  for (int k = 1; k <= 21; ++k) {
+    EXPECT_DOUBLE_EQ(session->LoadFreq[k], 13e6 + 1e5 * (k - 1));
+    const std::complex<double> expected = antenna.ImpedanceAt(session->LoadFreq[k]);
+    EXPECT_NEAR(session->LoadR[k], expected.real(), 1e-5 * std::abs(expected));
+    EXPECT_NEAR(session->LoadX[k], expected.imag(), 1e-5 * std::abs(expected));
+  }
+  SaveNetwork(SeriesCapacitor, 100e-12, 1000);
+  EXPECT_EQ(Run({"sweep", PathOf("net.SSF"), "--load", PathOf("antenna.s1p"), "--table"}), kExitOk) << err.str();
+}
+
+TEST_F(MeasureCommandTest, RefusesWrongArgumentsAndSaysWhatWentWrong) {
+  struct Case {
+    std::vector<std::string> words;
+    int code;
+    const char* said;
+  };
+  for (const Case& c : {Case{{"measure"}, kExitUsage, "--port DEV is needed"},
+                        Case{{"measure", "--port", "/dev/null", "--points", "1"}, kExitUsage, "outside its range"},
+                        Case{{"measure", "--port", "/dev/null", "--sweeps", "2.5"}, kExitUsage, "outside its range"},
+                        Case{{"measure", "--port", "/dev/null", "--start", "30M", "--stop", "1M"}, kExitUsage,
+                             "the start must lie below the stop"},
+                        Case{{"measure", "--port", "/nonexistent/ttyACM0"}, kExitFailed,
+                             "cannot open /nonexistent/ttyACM0"}}) {
+    EXPECT_EQ(Run(c.words), c.code) << c.words.size();
+    EXPECT_NE(err.str().find(c.said), std::string::npos) << err.str();
+    EXPECT_EQ(out.str(), "");
+  }
+}
+
+}  // namespace
+}  // namespace kalvex
