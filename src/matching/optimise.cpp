@@ -39,6 +39,10 @@ void AddVariables(std::vector<Variable>& variables, int s, int16_t type, bool fr
       add(3, 1e-12, 1e-3, true);
       break;
     case SeriesResistor: case ShuntResistor: add(1, 1, 1e6, true); break;
+    // A feed line's length (m) and a transformer's ratio; the cable's make
+    // and the windings stay as they are.
+    case CoaxialCable: add(1, 0.01, 1000, true); break;
+    case Transformer: add(1, 1.0 / 100, 100, true); break;
     default: break;
   }
 }
