@@ -3,8 +3,8 @@
 #include <algorithm>
 
 #include "model/elements.h"
-#include "model/vector_state.h"
 #include "model/feed_parts.h"
+#include "model/vector_state.h"
 
 namespace kalvex {
 namespace {

@@ -97,7 +97,9 @@ TEST(NetworkBatchTest, EveryTypeMatchesTheCalculationOverTheWholeRangeAndNearLin
   std::vector<double> f = WideBand(301);
   const std::vector<double> poles = NearPoles();
   f.insert(f.end(), poles.begin(), poles.end());
-  for (const testing::Part& part : testing::ThirteenParts()) {
+  std::vector<testing::Part> parts = testing::ThirteenParts();
+  parts.insert(parts.end(), testing::FeedParts().begin(), testing::FeedParts().end());
+  for (const testing::Part& part : parts) {
     SCOPED_TRACE(part.name);
     // Alone, and between a lossy series inductor and a shunt capacitor.
     ExpectBatchMatchesScalar(WithStages({part}), f);
