@@ -17,9 +17,8 @@ constexpr Colour kSelectedLines = 2;  // nearly black: the selected cell's symbo
 constexpr float kListingScale = 0.9f;
 
 bool IsShownPart(int16_t type, double firstValue) {
-  return type >= SeriesCapacitor && type <= ShuntResistor && firstValue > 0;
+  return IsPart(type) && firstValue > 0;
 }
-
 
 std::string WithPlus(double x) { return (x > 0 ? "+" : "") + FormatGeneral(x); }
 
@@ -40,6 +39,7 @@ std::vector<std::string> PartLines(int16_t type, const std::array<double, kSlotC
     case SeriesParallelLC:
       return {FormatInductance(v[1]), FormatCapacitance(v[3]),
               WithPlus(1 / (1 / (omega * v[1]) - omega * v[3]))};
+    case CoaxialCable: case Transformer: return PartValueLines(type, v);
     default: return {FormatGeneral(v[1])};  // the resistors
   }
 }

@@ -44,6 +44,10 @@ TuningPanel PanelOf(const Session& session, int stage) {
       return {"L enter", FormatInductance(v[1]), "C enter", FormatCapacitance(v[3])};
     case SeriesResistor: case ShuntResistor:
       return {"R enter", FormatGeneral(v[1]), "", "", false};
+    // The cable steps its length in metres, the transformer its ratio; their
+    // other figures come from the catalogue or the part's own numbers.
+    case CoaxialCable: return {"Len enter", FormatGeneral(v[1]), "", "", false};
+    case Transformer: return {"N enter", FormatGeneral(v[1]), "", "", false};
     default:  // the load, and an empty stage
       return {"R enter", FormatGeneral(v[1]), "X enter", FormatGeneral(v[2])};
   }

@@ -32,6 +32,12 @@ void SetNeutral(Session& session, const Slots& saved, int s) {
       v[1] = saved[s][1] / 1000;
       v[3] = saved[s][3] * 1000;
       break;
+    case CoaxialCable: v[1] = 0; break;
+    case Transformer:  // 1:1 with neither winding inductance is no transformer at all
+      v[1] = 1;
+      v[2] = 0;
+      v[3] = 0;
+      break;
     default: break;
   }
 }
@@ -55,6 +61,15 @@ void SetGrown(Session& session, const Slots& saved, int s, float t) {
     case SeriesParallelLC:
       v[1] = t * static_cast<float>(saved[s][1]);
       v[3] = saved[s][3] / t;
+      break;
+    case CoaxialCable: v[1] = t * saved[s][1]; break;
+    case Transformer:
+      // The ratio grows from 1; the magnetising inductance comes in from an
+      // open circuit and the leakage inductance from a short, as the shunt and
+      // series inductors do.
+      v[1] = 1 + t * (saved[s][1] - 1);
+      v[2] = saved[s][2] / t;
+      v[3] = t * saved[s][3];
       break;
     default: break;
   }

@@ -7,6 +7,7 @@
 
 #include "design/symbols.h"
 #include "model/format.h"
+#include "model/trim.h"
 
 namespace kalvex {
 namespace {
@@ -41,7 +42,11 @@ std::optional<std::vector<std::string>> StageLabels(int16_t type, const std::arr
       break;
     case SeriesResistor:
     case ShuntResistor:
+    case Transformer:
       if (v[1] <= 0) return std::nullopt;
+      break;
+    case CoaxialCable:
+      if (v[1] <= 0 || v[2] <= 0 || v[3] <= 0) return std::nullopt;
       break;
     default: break;
   }
@@ -68,6 +73,14 @@ std::vector<std::string> PartValueLines(int16_t type, const std::array<double, k
               "Q: " + FormatGeneral(v[4])};
     case SeriesResistor:
     case ShuntResistor: return {FormatGeneral(v[1])};
+    case CoaxialCable:
+      return {FormatGeneral(v[1]) + " m", FormatGeneral(v[2]) + " ohms", "VF " + FormatGeneral(v[3])};
+    case Transformer: {
+      std::vector<std::string> lines{Trimmed(FormatGeneral(v[1])) + ":1"};
+      if (v[2] > 0) lines.push_back("Lm " + FormatInductance(v[2]));
+      if (v[3] > 0) lines.push_back("Ll " + FormatInductance(v[3]));
+      return lines;
+    }
     default: return {};
   }
 }
@@ -95,7 +108,7 @@ StagePositions DrawNetwork(Session& session, Canvas& canvas, float coilArcRadius
   stageX[1] = Rounded16(pen.ListX + 150);
   for (int s = 1; s <= kLastStage; ++s) {
     const int16_t type = session.ElementType[s];
-    if (type >= Empty && type <= InsertPlaceholder) {
+    if (type == Empty || type == InsertPlaceholder || IsPart(type)) {
       pen.DrawStageSeparator();
       const auto labels = StageLabels(type, session.Value[s]);
       if (!labels) {

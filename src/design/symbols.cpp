@@ -20,15 +20,16 @@ struct Layout {
   double bodyWidth;
 };
 
-// Indexed by type 0..14.
-constexpr std::array<Layout, 15> kDesignLayout = {{
+// Indexed by type 0..16.
+constexpr int kSymbolTypes = Transformer + 1;
+constexpr std::array<Layout, kSymbolTypes> kDesignLayout = {{
     {6, 0, 0}, {2, 2, 360}, {3, 3, 0}, {1, 0, 900}, {3, 3, 0}, {1, 0, 960}, {0, 1, 640},
     {1, 1, 640}, {1, 1, 720}, {1, 1, 720}, {2, 2, 0}, {1, 1, 640}, {0, 0, 1040}, {0, 0, 0},
-    {2, 2, 360}}};
-constexpr std::array<Layout, 15> kStripLayout = {{
+    {2, 2, 360}, {1, 1, 960}, {1, 1, 640}}};
+constexpr std::array<Layout, kSymbolTypes> kStripLayout = {{
     {0, 0, 0}, {1, 1, 360}, {2, 2, 0}, {1, 1, 900}, {2, 2, 0}, {1, 1, 800}, {1, 1, 640},
     {1, 1, 640}, {1, 1, 720}, {1, 1, 720}, {2, 2, 0}, {1, 1, 640}, {1, 1, 880}, {0, 2, 0},
-    {2, 2, 360}}};
+    {2, 2, 360}, {1, 1, 960}, {1, 1, 640}}};
 
 Layout LayoutOf(SymbolFamily family, int type) {
   if (family == SymbolFamily::Strip || family == SymbolFamily::Paper) return kStripLayout[type];
@@ -46,10 +47,10 @@ struct Backdrop {
   double from;
   double to;
 };
-constexpr std::array<Backdrop, 15> kBackdrops = {{
+constexpr std::array<Backdrop, kSymbolTypes> kBackdrops = {{
     {0, 0}, {-200, 1200}, {-200, 1200}, {-100, 1200}, {-200, 1200}, {-100, 1200},
     {-200, 1000}, {-200, 1100}, {-200, 1200}, {-200, 1200}, {-200, 800}, {-200, 1200},
-    {-100, 1100}, {-300, 300}, {-200, 1200}}};
+    {-100, 1100}, {-300, 300}, {-200, 1200}, {-200, 1200}, {-200, 900}}};
 
 }  // namespace
 
@@ -109,7 +110,7 @@ void SymbolPen::Backdrop(int type) {
 }
 
 void SymbolPen::DrawElementSymbol(int type) {
-  if (type < 0 || type > InsertPlaceholder) return;
+  if (type < 0 || type >= kSymbolTypes) return;
   const Layout layout = LayoutOf(family_, type);
   Backdrop(type);
   Leads(layout.leadsBefore);
@@ -140,6 +141,8 @@ void SymbolPen::DrawBody(int type) {
     case SeriesResistor: SeriesResistorBody(); break;
     case ShuntResistor: ShuntResistorBody(); break;
     case InsertPlaceholder: InsertBody(); break;
+    case CoaxialCable: CableBody(); break;
+    case Transformer: TransformerBody(); break;
     default: break;  // the plain wire is leads only
   }
 }
@@ -273,6 +276,33 @@ void SymbolPen::SeriesResistorBody() {
 void SymbolPen::ShuntResistorBody() {
   PathAt({{0, 0}, {0, 320}, {60, 350}, {-60, 410}, {60, 470}, {-60, 530}, {60, 590},
           {-60, 650}, {0, 680}, {0, kGroundRail}});
+}
+
+// A coax cylinder: the centre conductor runs through a long tube whose
+// shield is tied to the ground rail at both ends.
+void SymbolPen::CableBody() {
+  const double tubeRadius = StripLike() ? 80 : coilRadius_;
+  LineAt(0, 0, 960, 0);
+  TubeEnd(160, 0, tubeRadius, 0, Canvas::kFullTurn);
+  TubeEnd(800, 0, tubeRadius, 4.71239, 0);
+  TubeEnd(800, 0, tubeRadius, 0, 1.5708);
+  LineAt(160, -120, 800, -120);
+  LineAt(160, 120, 800, 120);
+  for (const double end : {240, 720}) LineAt(end, 120, end, kGroundRail);
+  LineAt(0, kGroundRail, 960, kGroundRail);
+}
+
+// Two windings facing each other across a two-bar core; the ground rail runs
+// under both.
+void SymbolPen::TransformerBody() {
+  PathAt({{0, 0}, {160, 0}, {160, 280}});
+  for (int turn = 0; turn < 3; ++turn) ArcAt(160, 360 + 160 * turn, 80, 3 * kPi / 2, kPi / 2);
+  PathAt({{160, 760}, {160, kGroundRail}});
+  for (const double bar : {290, 350}) LineAt(bar, 200, bar, 840);
+  PathAt({{480, 280}, {480, 0}, {640, 0}});
+  for (int turn = 0; turn < 3; ++turn) ArcAt(480, 360 + 160 * turn, 80, kPi / 2, 3 * kPi / 2);
+  PathAt({{480, 760}, {480, kGroundRail}});
+  LineAt(0, kGroundRail, 640, kGroundRail);
 }
 
 void SymbolPen::InsertBody() {

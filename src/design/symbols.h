@@ -25,7 +25,8 @@ class SymbolPen {
   // value also gives the symbol its pale-green backdrop.
   Colour HighlightFlag = 0;
 
-  // Element types 0..14: the plain wire, the thirteen parts, the insert mark.
+  // Element types 0..16: the plain wire, the thirteen parts, the insert mark,
+  // the cable and the transformer.
   void DrawElementSymbol(int type);
   void DrawLead();
   void DrawStageSeparator();
@@ -61,6 +62,8 @@ class SymbolPen {
   void SeriesResistorBody();
   void ShuntResistorBody();
   void InsertBody();
+  void CableBody();
+  void TransformerBody();
 
   // The strip and the paper share their layouts and most shapes.
   bool StripLike() const {

@@ -7,6 +7,7 @@
 
 #include "files/safe_write.h"
 #include "files/text_file.h"
+#include "model/feed_parts.h"
 #include "model/format.h"
 
 namespace kalvex {
@@ -71,6 +72,61 @@ class Deck {
   std::string text_;
 };
 
+// The cable from node `in`, exact at the working frequency. ngspice has no line
+// element that runs this in an AC analysis: LTRA refuses a line with both L
+// and G ("nonzero G not supported"), and TXL's AC analysis gives the line's
+// impedance whatever its load. A line of real impedance Z0 whose loss is
+// split evenly between R and G is, at one frequency, a lossless line of the
+// same delay cascaded with a resistive T pad of image impedance Z0 and the
+// line's loss (the two commute). So the deck writes that pad and a lossless T;
+// the per-metre constants go along as a comment, for a model of one's own.
+std::string CableSection(Deck& deck, const std::string& name, const CableSlots& cable,
+                         double frequency, const std::string& in) {
+  const LinePerMetre line = CablePerMetre(cable, frequency);
+  deck.Comment("Per metre at the working frequency: R=" + deck.Num(line.R) + " L=" + deck.Num(line.L) +
+               " G=" + deck.Num(line.G) + " C=" + deck.Num(line.C) + "; matched loss " +
+               deck.Num(CableMatchedLossDb(cable, frequency)) + " dB.");
+  const double z0 = cable.characteristicZ;
+  if (z0 <= 0 || cable.velocityFactor <= 0) return in;  // passed over, as in the calculation
+  const double nepers = line.R / z0 * cable.lengthMetres;
+  std::string node = in;
+  if (nepers != 0) {
+    const std::string middle = deck.NewNode();
+    const std::string out = deck.NewNode();
+    const double arm = z0 * std::tanh(nepers / 2);
+    deck.Line("RPA" + name + " " + node + " " + middle + " " + deck.Num(arm));
+    deck.Line("RPS" + name + " " + middle + " 0 " + deck.Num(z0 / std::sinh(nepers)));
+    deck.Line("RPB" + name + " " + middle + " " + out + " " + deck.Num(arm));
+    node = out;
+  }
+  const std::string out = deck.NewNode();
+  deck.Line("T" + name + " " + node + " 0 " + out + " 0 Z0=" + deck.Num(z0) +
+            " TD=" + deck.Num(cable.lengthMetres * line.L / z0));
+  return out;
+}
+
+// The ideal N:1 transformer as a voltage-controlled voltage source on the
+// generator side and a current-controlled current source on the load side
+// (turns ratio sqrt N), then the magnetising inductance across the generator
+// side and the leakage inductance in series with it.
+std::string TransformerSection(Deck& deck, const std::string& name,
+                               const TransformerSlots& transformer, const std::string& in) {
+  if (transformer.ratio <= 0) return in;  // passed over, as in the calculation
+  const std::string turns = deck.Num(1 / std::sqrt(transformer.ratio));
+  const std::string winding = deck.NewNode();
+  const std::string sense = deck.NewNode();
+  deck.Line("EX" + name + " " + winding + " " + sense + " " + in + " 0 " + turns);
+  deck.Line("VX" + name + " " + sense + " 0 0");
+  deck.Line("FX" + name + " 0 " + in + " VX" + name + " " + turns);
+  if (transformer.magnetisingH > 0) {
+    deck.Line("LM" + name + " " + winding + " 0 " + deck.Num(transformer.magnetisingH));
+  }
+  if (transformer.leakageH <= 0) return winding;
+  const std::string out = deck.NewNode();
+  deck.Line("LL" + name + " " + winding + " " + out + " " + deck.Num(transformer.leakageH));
+  return out;
+}
+
 // One stage from node `in`; returns the node it leaves the signal on.
 std::string Stage(Deck& deck, int s, int16_t type, const std::array<double, kSlotCount>& v,
                   double frequency, const std::string& in) {
@@ -126,6 +182,8 @@ std::string Stage(Deck& deck, int s, int16_t type, const std::array<double, kSlo
     case ShuntResistor:
       deck.Line("R" + name + " " + in + " 0 " + deck.Num(v[1]));
       return in;
+    case CoaxialCable: return CableSection(deck, name, CableOf(v), frequency, in);
+    case Transformer: return TransformerSection(deck, name, TransformerOf(v), in);
     default: return in;
   }
 }
@@ -157,7 +215,7 @@ SpiceDeck MakeSpiceDeck(const Session& session) {
   }
   for (int s = 1; s <= kLastStage; ++s) {
     const int16_t type = session.ElementType[s];
-    if (type >= SeriesCapacitor && type <= ShuntResistor) {
+    if (IsPart(type)) {
       node = Stage(deck, s, type, session.Value[s], f, node);
     }
   }

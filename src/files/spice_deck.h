@@ -13,7 +13,9 @@ inline constexpr const char* kSpiceDeckFilter = "SPICE decks (*.cir)|*.cir";
 // The network as a SPICE deck that ngspice and LTspice both run: the load as
 // its resistance and the inductor or capacitor with its reactance at the
 // working frequency, each part with its Q loss as a series resistor |X| / Q at
-// the working frequency, lines and stubs as lossless T elements, the
+// the working frequency, lines and stubs as lossless T elements, a cable as a
+// lossless T with a resistive pad of its loss at the working frequency, a
+// transformer as controlled sources with its winding inductances, the
 // generator end driven by "I1 0 in AC 1" so that V(in) is the input impedance,
 // and an AC sweep over the sweep settings. Numbers are plain exponent forms;
 // names taken from the session go into comments only, as one line each.

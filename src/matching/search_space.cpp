@@ -20,7 +20,7 @@ struct Range {
   double high;
 };
 
-enum class PartKind { Capacitor, Inductor, Resistor, LineLength, LineImpedance };
+enum class PartKind { Capacitor, Inductor, Resistor, LineLength, LineImpedance, CableLength, Ratio };
 
 // What the Design page accepts for each kind of value.
 Range WideRange(PartKind kind) {
@@ -30,6 +30,8 @@ Range WideRange(PartKind kind) {
     case PartKind::Resistor: return {1, 1e6};
     case PartKind::LineLength: return {0.01, 360};
     case PartKind::LineImpedance: return {1, 1000};
+    case PartKind::CableLength: return {0.01, 1000};  // metres
+    case PartKind::Ratio: return {1.0 / 100, 100};
   }
   return {0, 0};
 }
@@ -42,6 +44,7 @@ Range PracticalRange(PartKind kind, double omega, double z0) {
     case PartKind::Resistor: return reactance;
     case PartKind::LineLength: return WideRange(kind);
     case PartKind::LineImpedance: return {kLowestLineZ, kHighestLineZ};
+    case PartKind::CableLength: case PartKind::Ratio: return WideRange(kind);
   }
   return {0, 0};
 }
@@ -86,6 +89,10 @@ std::vector<SearchVariable> SearchVariables(const Session& session, const std::v
         add(s, 3, PartKind::Capacitor);
         break;
       case SeriesResistor: case ShuntResistor: add(s, 1, PartKind::Resistor); break;
+      // A feed line's length and a transformer's ratio; the cable's make and
+      // the windings stay as they are.
+      case CoaxialCable: add(s, 1, PartKind::CableLength); break;
+      case Transformer: add(s, 1, PartKind::Ratio); break;
       default: break;
     }
   }

@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include "model/element_arithmetic.h"
+#include "model/feed_parts.h"
 #include "model/reflection.h"
 #include "model/vector_state.h"
 
@@ -90,6 +91,16 @@ template <class Through>
       const double resistance = ShuntResistance(s1);
       return EachPoint(b, [=](double, double, Impedance in) { return Parallel(in, {resistance, 0}); });
     }
+    // The cable's complex hyperbolic tangent and the transformer are the
+    // scalar calculation's, point by point: the same bits.
+    case CoaxialCable: {
+      const CableSlots cable = CableOf(stage.slot);
+      return EachPoint(b, [=](double f, double, Impedance in) { return CableStage(cable, f, in); });
+    }
+    case Transformer: {
+      const TransformerSlots transformer = TransformerOf(stage.slot);
+      return EachPoint(b, [=](double f, double, Impedance in) { return TransformerStage(transformer, f, in); });
+    }
     default:
       return;
   }
@@ -163,7 +174,7 @@ std::vector<VectorPath> VectorPaths() {
 NetworkBatch::NetworkBatch(const Session& session) {
   for (int s = 1; s <= kLastStage; ++s) {
     const int16_t type = session.ElementType[s];
-    if (type >= SeriesCapacitor && type <= ShuntResistor) stages_.push_back({type, session.Value[s]});
+    if (IsPart(type)) stages_.push_back({type, session.Value[s]});
   }
 }
 

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "model/elements.h"
+#include "model/feed_parts.h"
 #include "model/vector_state.h"
 
 namespace kalvex {
@@ -26,6 +27,8 @@ Impedance CalculateStage(int16_t type, const std::array<double, kSlotCount>& slo
     case SeriesParallelLC: return SeriesParallelLCStage(lc, f, in);
     case SeriesResistor: return SeriesResistorStage(slot[1], in);
     case ShuntResistor: return ShuntResistorStage(slot[1], in);
+    case CoaxialCable: return CableStage(CableOf(slot), f, in);
+    case Transformer: return TransformerStage(TransformerOf(slot), f, in);
     default: return in;  // empty stages and the insert placeholder
   }
 }

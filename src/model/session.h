@@ -28,6 +28,11 @@ enum ElementKind : int16_t {
   ShuntResistor = 13,
   // A stage opened by an insertion on the Design page that has no part yet.
   InsertPlaceholder = 14,
+  // The parts between a real antenna and the radio: a lossy feed line and an
+  // impedance transformer (unun, balun). Their slots are described in
+  // model/elements.h.
+  CoaxialCable = 15,
+  Transformer = 16,
 };
 
 // What each element type is called in texts: "series capacitor", ...
@@ -36,8 +41,14 @@ inline const char* PartName(int16_t type) {
       "wire", "series capacitor", "shunt capacitor", "series inductor", "shunt inductor",
       "line section", "series shorted stub", "series open stub", "shunt shorted stub",
       "shunt open stub", "shunt series LC", "series parallel LC", "series resistor",
-      "shunt resistor"};
-  return type >= 0 && type <= ShuntResistor ? kNames[type] : "unknown part";
+      "shunt resistor", "unknown part", "coaxial cable", "transformer"};
+  return type >= 0 && type <= Transformer ? kNames[type] : "unknown part";
+}
+
+// A stage that holds a part: not empty, not the insert placeholder, not an unknown code.
+inline bool IsPart(int16_t type) {
+  return (type >= SeriesCapacitor && type <= ShuntResistor) || type == CoaxialCable ||
+         type == Transformer;
 }
 
 inline constexpr int kLastStage = 5;       // stages 1..5 run from the load to the generator

@@ -37,7 +37,7 @@ void PrintSchematic(const Session& session, Canvas& canvas) {
     canvas.Line({pen.ListX, pen.ListY - 400}, {pen.ListX, pen.ListY + 1440}, kPaperSeparator);
     canvas.SetLineWidth(kSymbolWidth);
     const int16_t type = session.ElementType[s];
-    if (type >= SeriesCapacitor && type <= ShuntResistor) {
+    if (IsPart(type)) {
       const std::vector<std::string> lines = PartValueLines(type, session.Value[s]);
       for (std::size_t line = 0; line < lines.size(); ++line) {
         canvas.Text({pen.ListX + 100, pen.ListY + 1400 + 200.0 * line}, lines[line]);

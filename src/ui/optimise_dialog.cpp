@@ -36,7 +36,7 @@ OptimiseDialog::OptimiseDialog(Session& session, QWidget* parent)
     const int16_t type = session_.ElementType[s];
     QCheckBox*& box = chkStage[s - 1];
     box = new QCheckBox(QString("Stage %1: %2").arg(s).arg(PartName(type)), this);
-    box->setEnabled(type >= SeriesCapacitor && type <= ShuntResistor);
+    box->setEnabled(IsPart(type));
     box->setChecked(box->isEnabled());
     layout->addWidget(box);
   }

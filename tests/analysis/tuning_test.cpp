@@ -68,13 +68,15 @@ TEST_F(StripTest, SelectedPartsShowTheirValuesOnThePanel) {
         {SeriesInductor, {0, 2e-6, 80, 0}, {"L enter", "2 uH", "Q enter", "80 "}},
         {ShuntOpenStub, {0, 45, 14e6, 75}, {"Len enter", "45 ", "Z enter", "75 "}},
         {SeriesParallelLC, {0, 1e-6, 100, 1e-10}, {"L enter", "1 uH", "C enter", "100 pF"}},
-        {ShuntResistor, {0, 33, 0, 0}, {"R enter", "33 ", "", ""}}}) {
+        {ShuntResistor, {0, 33, 0, 0}, {"R enter", "33 ", "", ""}},
+        {CoaxialCable, {0, 30, 50, 0.66}, {"Len enter", "30 ", "", ""}},
+        {Transformer, {0, 49, 2e-5, 0}, {"N enter", "49 ", "", ""}}}) {
     session.ElementType[2] = static_cast<int16_t>(type);
     std::copy(values.begin(), values.end(), session.Value[2].begin());
     const TuningPanel panel = SelectPart(session, 2);
     EXPECT_EQ(session.SelectedStage, 2);
     EXPECT_EQ((Texts{panel.topCaption, panel.topText, panel.bottomCaption, panel.bottomText}), texts);
-    EXPECT_EQ(panel.bottomRow, type != ShuntResistor) << type;
+    EXPECT_EQ(panel.bottomRow, !texts[2].empty()) << type;
   }
 }
 

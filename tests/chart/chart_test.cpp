@@ -201,6 +201,8 @@ TEST_P(NetworkPaths, EachStageGrowsFromWhereTheLastEnded) {
 
 INSTANTIATE_TEST_SUITE_P(AllThirteen, NetworkPaths, ::testing::ValuesIn(testing::ThirteenParts()),
                          testing::PartName);
+INSTANTIATE_TEST_SUITE_P(CableAndTransformer, NetworkPaths, ::testing::ValuesIn(testing::FeedParts()),
+                         testing::PartName);
 
 // Two series resistors of 1E+308 overflow the calculation: those points are
 // left out rather than drawn at infinite or undefined places.

@@ -71,13 +71,33 @@ TEST_F(SchematicTest, StageLabelsUnderEachPart) {
   EXPECT_EQ(session.ElementType[3], SeriesInductor);
 }
 
+// The transformer shows its ratio and whichever winding inductances it has;
+// the cable its length, impedance and velocity factor.
+TEST_F(SchematicTest, CableAndTransformerShowTheirFigures) {
+  session.ElementType = {0, Transformer, CoaxialCable, Transformer};
+  session.Value[1] = {0, 49, 20e-6, 0};
+  session.Value[2] = {0, 30, 75, 0.82, 0.6, 0.004};
+  session.Value[3] = {0, 2.25, 0, 1e-7};
+  DrawNetwork(session, list, 80);
+  for (const char* text : {"49:1", "Lm 20 uH", "30  m", "75  ohms", "VF 0.82 ", "2.25:1", "Ll 100 nH"}) {
+    EXPECT_NE(FindText(list, text), nullptr) << text;
+  }
+  const std::vector<std::string> texts = testing::Texts(list);
+  EXPECT_EQ(std::count_if(texts.begin(), texts.end(), [](const std::string& t) {
+              return t.starts_with("Lm ") || t.starts_with("Ll ");
+            }),
+            2);
+  EXPECT_EQ(Wires(), 2);
+}
+
 // Parts that cannot work are drawn as wires and their stage emptied; the
 // values stay.
 TEST_F(SchematicTest, UnusableStagesAreEmptied) {
   for (const auto& [type, slots] :
        {std::pair{SeriesCapacitor, std::array<double, 5>{0, 100e-12, 0}}, {ShuntCapacitor, {0, 0, 1000}},
         {ShuntOpenStub, {0, 45, 14e6, 0}}, {ShuntSeriesLC, {0, 1e-6, 1, 0, 1}},
-        {SeriesResistor, {0, -5}}, {ShuntResistor, {0, 0}}}) {
+        {SeriesResistor, {0, -5}}, {ShuntResistor, {0, 0}}, {CoaxialCable, {0, 10, 50, 0}},
+        {CoaxialCable, {0, 0, 50, 0.66}}, {Transformer, {0, 0, 1e-5}}}) {
     SetUp();
     session.ElementType[2] = static_cast<int16_t>(type);
     std::copy(slots.begin(), slots.end(), session.Value[2].begin());

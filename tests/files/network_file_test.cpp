@@ -94,6 +94,22 @@ TEST_F(NetworkFileTest, RoundTripRestoresTheSession) {
             std::tuple(written.VSWRCircle, written.SweepStop, written.SweepPoints));
 }
 
+// The cable fills all five written slots, the transformer three; both come
+// back with their type numbers and values.
+TEST_F(NetworkFileTest, CableAndTransformerStagesRoundTrip) {
+  written.ElementType = {0, Transformer, CoaxialCable, SeriesInductor, CoaxialCable};
+  written.Value[1] = {0, 49, 2.2e-5, 1.5e-7};
+  written.Value[2] = {0, 30.48, 50, 0.66, 1.3916, 0.0213};
+  written.Value[4] = {0, 0.25, 450, 0.91, 0.05, 0};
+  const std::vector<std::string> lines = WrittenLines();
+  EXPECT_EQ(std::tuple(lines[9], lines[16], lines[21]),
+            std::tuple("Element type for stage 1: 16 ", "Element type for stage 2: 15 ",
+                       "   Value(5):  .0213 "));
+  ASSERT_TRUE(ReadLines(lines));
+  EXPECT_EQ(read.ElementType, written.ElementType);
+  EXPECT_EQ(read.Value, written.Value);
+}
+
 // A first run in an empty folder: what the program writes with its start
 // values reads back.
 TEST_F(NetworkFileTest, FirstRunNetworkReadsBack) {

@@ -55,6 +55,8 @@ TEST_P(SpiceDecks, NgspiceFindsTheCalculatedInputImpedance) {
 
 INSTANTIATE_TEST_SUITE_P(AllThirteen, SpiceDecks, ::testing::ValuesIn(testing::ThirteenParts()),
                          testing::PartName);
+INSTANTIATE_TEST_SUITE_P(CableAndTransformer, SpiceDecks, ::testing::ValuesIn(testing::FeedParts()),
+                         testing::PartName);
 
 TEST(SpiceDeck, WritesPlainExponentsAndTheSweep) {
   Session session;

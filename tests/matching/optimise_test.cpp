@@ -60,6 +60,26 @@ TEST(Optimise, FindsTheMatchFromValuesTenTimesWrong) {
   EXPECT_LT(PlotImpedance(session.InputR, session.InputX, 50).rho, 1e-6);
 }
 
+// A transformer's ratio and a cable's length are free values too: an
+// end-fed's 2450 ohms through a 9:1 transformer and 10 m of lossless 75 ohm
+// cable are matched to 50 ohms.
+TEST(Optimise, FreesTheTransformerRatioAndTheCableLength) {
+  Session session;
+  InitialiseSession(session);
+  session.LoadSource = 1;
+  session.Frequency = 7.1e6;
+  session.Value[0][1] = 2450;
+  session.ElementType = {0, Transformer, CoaxialCable};
+  session.Value[1] = {0, 9};
+  session.Value[2] = {0, 10, 75, 0.66};
+  const OptimiseResult result = Optimise(session, {{1, 2}, false, false});
+  ApplyOptimised(session, result);
+  CalculateNetwork(session, 0);
+  EXPECT_LT(PlotImpedance(session.InputR, session.InputX, 50).rho, 1e-4);
+  EXPECT_NE(session.Value[1][1], 9);
+  EXPECT_NE(session.Value[2][1], 10);
+}
+
 // Over a band, with two free values, the result is within 0.05 dB of the
 // best worst-case return loss a fine grid over the same ranges finds.
 TEST(Optimise, MatchesAGridSearchOverTheBand) {

@@ -97,6 +97,7 @@ Session WithStages(const std::vector<testing::Part>& parts) {
 // and between a lossy series inductor and a shunt capacitor.
 TEST(NetworkBatchTest, EveryTypeAndEdgeValueMatchesTheCalculationOverTheRangeAndNearLinePoles) {
   std::vector<testing::Part> parts = testing::ThirteenParts();
+  parts.insert(parts.end(), testing::FeedParts().begin(), testing::FeedParts().end());
   parts.insert(parts.end(), {
       {"capacitor of 0", SeriesCapacitor, {0, 0, 500}},
       {"shunt capacitor of 0", ShuntCapacitor, {0, 0, 0}},

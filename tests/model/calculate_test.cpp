@@ -87,7 +87,14 @@ Complex Expected(const testing::Part& part, Complex z) {
     case ShuntSeriesLC: return Parallel(z, Inductor(v[1], v[2]) + Capacitor(v[3], v[4]));
     case SeriesParallelLC: return z + Parallel(Inductor(v[1], v[2]), Capacitor(v[3], v[4]));
     case SeriesResistor: return z + v[1];
-    default: return Parallel(z, v[1]);
+    case ShuntResistor: return Parallel(z, v[1]);
+    case CoaxialCable: {
+      const double nepersPerMetre = (v[4] * std::sqrt(kF / 1e6) + v[5] * kF / 1e6) / 100 * std::log(10) / 20;
+      const Complex gammaL = Complex(nepersPerMetre, kOmega / (299792458 * v[3])) * v[1];
+      return v[2] * (z * std::cosh(gammaL) + v[2] * std::sinh(gammaL)) /
+             (v[2] * std::cosh(gammaL) + z * std::sinh(gammaL));
+    }
+    default: return Parallel(z / v[1], Complex(0, kOmega * v[2])) + Complex(0, kOmega * v[3]);
   }
 }
 
@@ -102,7 +109,7 @@ TEST_P(ElementTypes, MatchCircuitFormulasInEveryStage) {
     SetUp();
     session.VelocityFactor = 0.66;
     std::vector<Stage> stages(position - 1, Stage{SeriesResistor, {5}});
-    stages.push_back({part.type, {part.values[1], part.values[2], part.values[3], part.values[4]}});
+    stages.push_back({part.type, {part.values.begin() + 1, part.values.end()}});
     const Complex load(30, -20);
     const Complex actual = Calculate(load, kF, stages);
     const Complex expected = Expected(part, load + 5.0 * (position - 1));
@@ -115,6 +122,8 @@ TEST_P(ElementTypes, MatchCircuitFormulasInEveryStage) {
 }
 
 INSTANTIATE_TEST_SUITE_P(AllThirteen, ElementTypes, ::testing::ValuesIn(testing::ThirteenParts()),
+                         testing::PartName);
+INSTANTIATE_TEST_SUITE_P(CableAndTransformer, ElementTypes, ::testing::ValuesIn(testing::FeedParts()),
                          testing::PartName);
 
 // The five-stage network of the benchmarks, stage by stage with complex numbers.

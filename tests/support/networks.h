@@ -13,11 +13,11 @@
 // Networks and sweep results the tests share.
 namespace kalvex::testing {
 
-// One part of each of the thirteen types with plausible values, Value(s, 1..4).
+// One part of each of the thirteen types with plausible values, Value(s, 1..5).
 struct Part {
   const char* name;
   int16_t type;
-  std::array<double, 5> values;  // slot 0 unused
+  std::array<double, 6> values;  // slot 0 unused
 };
 
 inline const std::vector<Part>& ThirteenParts() {
@@ -34,6 +34,14 @@ inline const std::vector<Part>& ThirteenParts() {
   return parts;
 }
 
+// A lossy cable (12 m of 75 ohm, VF 0.8, k1 1.39, k2 0.021) and a 4:1
+// transformer with both winding inductances.
+inline const std::vector<Part>& FeedParts() {
+  static const std::vector<Part> parts = {{"cable", CoaxialCable, {0, 12, 75, 0.8, 1.39, 0.021}},
+                                          {"transformer", Transformer, {0, 4, 20e-6, 0.1e-6}}};
+  return parts;
+}
+
 // The part in stage 2 of a network at 10 MHz, after a series resistor of 20
 // ohms on a 30 − j20 load and before a series inductor in stage 3.
 inline Session NetworkAround(const Part& part) {
@@ -45,7 +53,7 @@ inline Session NetworkAround(const Part& part) {
   session.Value[0][2] = -20;
   session.ElementType = {0, SeriesResistor, part.type, SeriesInductor};
   session.Value[1][1] = 20;
-  for (int k = 1; k <= 4; ++k) session.Value[2][k] = part.values[k];
+  for (int k = 1; k <= 5; ++k) session.Value[2][k] = part.values[k];
   session.Value[3] = {0, 0.3e-6, 200};
   return session;
 }
