@@ -40,26 +40,6 @@ Session MistunedL() {
   return session;
 }
 
-double WorstReturnLoss(Session session, const std::vector<double>& frequencies) {
-  double worst = 1e9;
-  for (const double f : frequencies) {
-    session.Frequency = f;
-    CalculateNetwork(session, 0);
-    worst = std::min(worst, ReturnLossDb(PlotImpedance(session.InputR, session.InputX, session.SystemZ).rho));
-  }
-  return worst;
-}
-
-TEST(Optimise, FindsTheMatchFromValuesTenTimesWrong) {
-  Session session = MistunedL();
-  session.Value[1][2] = session.Value[2][2] = 0;  // lossless, so a perfect match exists
-  const OptimiseResult result = Optimise(session, {{1, 2}, false, false});
-  EXPECT_GT(result.before, 10);
-  ApplyOptimised(session, result);
-  CalculateNetwork(session, 0);
-  EXPECT_LT(PlotImpedance(session.InputR, session.InputX, 50).rho, 1e-6);
-}
-
 // A transformer's ratio and a cable's length are free values too: an
 // end-fed's 2450 ohms through a 9:1 transformer and 10 m of lossless 75 ohm
 // cable are matched to 50 ohms.
@@ -78,27 +58,6 @@ TEST(Optimise, FreesTheTransformerRatioAndTheCableLength) {
   EXPECT_LT(PlotImpedance(session.InputR, session.InputX, 50).rho, 1e-4);
   EXPECT_NE(session.Value[1][1], 9);
   EXPECT_NE(session.Value[2][1], 10);
-}
-
-// Over a band, with two free values, the result is within 0.05 dB of the
-// best worst-case return loss a fine grid over the same ranges finds.
-TEST(Optimise, MatchesAGridSearchOverTheBand) {
-  Session session = MistunedL();
-  const OptimiseResult result = Optimise(session, {{1, 2}, false, true});
-  std::vector<double> frequencies;
-  for (int k = 0; k < 41; ++k) frequencies.push_back(13e6 + k * 2e6 / 40);
-  Session grid = session;
-  double bestGrid = 0;
-  for (int i = 0; i <= 200; ++i) {
-    for (int j = 0; j <= 200; ++j) {
-      grid.Value[1][1] = 100e-12 * std::pow(10.0, i / 200.0);  // 100..1000 pF
-      grid.Value[2][1] = 0.5e-6 * std::pow(10.0, j / 200.0);   // 0.5..5 uH
-      bestGrid = std::max(bestGrid, WorstReturnLoss(grid, frequencies));
-    }
-  }
-  ApplyOptimised(session, result);
-  EXPECT_GT(WorstReturnLoss(session, frequencies), bestGrid - 0.05);
-  EXPECT_NEAR(ReturnLossDb((result.after - 1) / (result.after + 1)), WorstReturnLoss(session, frequencies), 1e-9);
 }
 
 // The same input gives the same result; locked stages keep their values.
@@ -195,6 +154,7 @@ TEST(Optimise, PracticalBoundsAndUselessParts) {
     EXPECT_GE(reactance, 0.5 * (1 - 1e-9));
     EXPECT_LE(reactance, 5000 * (1 + 1e-9));
   }
+  EXPECT_GT(practical.before, 10);
   EXPECT_LT(practical.after, 1.001);
   EXPECT_EQ(OptimisedPartsNote(practical), "");
   // With the L network exact, the series capacitor can only spoil it: it
