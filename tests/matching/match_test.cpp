@@ -29,25 +29,25 @@ Session WithLoad(double r, double x) {
   return session;
 }
 
-// The input impedance of `solution`'s stages as they are (lossless).
-Impedance InputOf(Session session, const MatchSolution& solution) {
-  for (std::size_t k = 0; k < solution.stages.size(); ++k) {
-    session.ElementType[k + 1] = solution.stages[k].type;
-    for (int j = 1; j <= kValueSlots; ++j) session.Value[k + 1][j] = solution.stages[k].values[j];
-  }
-  CalculateNetwork(session, 1);
-  return {session.InputR, session.InputX};
-}
-
-// |Γ| of `stages` on `session`'s load at `f`.
-double ReflectionAt(Session session, const std::vector<MatchStage>& stages, double f) {
+// The input impedance of `stages` on `session`'s load at `f` (lossless).
+Impedance InputAt(Session session, const std::vector<MatchStage>& stages, double f) {
   for (std::size_t k = 0; k < stages.size(); ++k) {
     session.ElementType[k + 1] = stages[k].type;
     for (int j = 1; j <= kValueSlots; ++j) session.Value[k + 1][j] = stages[k].values[j];
   }
   session.Frequency = f;
   CalculateNetwork(session, 1);
-  return PlotImpedance(session.InputR, session.InputX, session.SystemZ).rho;
+  return {session.InputR, session.InputX};
+}
+
+Impedance InputOf(const Session& session, const MatchSolution& solution) {
+  return InputAt(session, solution.stages, session.Frequency);
+}
+
+// |Γ| of `stages` on `session`'s load at `f`.
+double ReflectionAt(const Session& session, const std::vector<MatchStage>& stages, double f) {
+  const Impedance z = InputAt(session, stages, f);
+  return PlotImpedance(z.R, z.X, session.SystemZ).rho;
 }
 
 // Whether `solution`'s parts vanish at `f`: the input impedance there is the
@@ -59,20 +59,33 @@ bool PartsVanishAt(Session session, const MatchSolution& solution, double f) {
   return std::hypot(z.R - load.R, z.X - load.X) < 1e-3 * (std::hypot(load.R, load.X) + session.SystemZ);
 }
 
-// Each solution's labels against what its parts do in the calculation: DC
-// reaches the load when the parts vanish far below the working frequency; a
-// lumped network passes the end of the spectrum where its parts vanish, one
-// with a line is band-pass (a line repeats along the frequency axis). The
-// table and the JSON write the same labels.
-TEST(Match, ResponseAndDCPathFollowTheParts) {
+// Every solution of every kind turns the load into the system impedance, for
+// loads inductive and capacitive, above and below it, near the centre and
+// near the rim; the L networks number as many as exist. Each solution's
+// labels follow what its parts do in the calculation: DC reaches the load
+// when the parts vanish far below the working frequency; a lumped network
+// passes the end of the spectrum where its parts vanish, one with a line is
+// band-pass (a line repeats along the frequency axis). The table and the
+// JSON write the same labels.
+TEST(Match, EverySolutionMatchesWithTheLabelsItsPartsEarn) {
+  struct Case {
+    double r, x;
+    int lNetworks;
+  };
   std::set<std::pair<std::string, bool>> seen;
   std::set<MatchKind> kinds;
-  for (const auto& [r, x] : {std::pair{25.0, 80.0}, {100, -50}, {10, -20}, {200, 0}, {2, -150}, {1000, 400}}) {
-    const Session session = WithLoad(r, x);
+  // 10 - j20 lies on the unit-conductance circle: its one shunt-first network
+  // is a series-first one without the series part, so two in all.
+  for (const Case& c : {Case{25, 80, 4}, Case{100, 50, 2}, Case{100, -50, 2}, Case{10, -20, 2},
+                        Case{200, 0, 2}, Case{20, 0, 2}, Case{49, 1, 2}, Case{2, -150, 4},
+                        Case{1000, 400, 2}}) {
+    const Session session = WithLoad(c.r, c.x);
     const MatchResult result = FindMatches(session, MatchRequest{});
+    EXPECT_TRUE(result.refusals.empty());
     const std::string table = MatchTable(session, result);
     const auto json = nlohmann::json::parse(MatchJson(session, result))["solutions"];
     std::size_t row = table.find(" #  kind");
+    int lNetworks = 0;
     for (std::size_t n = 0; n < result.solutions.size(); ++n) {
       const MatchSolution& solution = result.solutions[n];
       const bool lows = PartsVanishAt(session, solution, 14e-3);
@@ -82,7 +95,7 @@ TEST(Match, ResponseAndDCPathFollowTheParts) {
       });
       const std::string response = lines || lows == highs ? "band-pass" : lows ? "low-pass" : "high-pass";
       const std::string dc = lows ? "passes" : "blocks";
-      const std::string where = std::to_string(r) + "+j" + std::to_string(x) + " " + MatchPartsText(solution);
+      const std::string where = std::to_string(c.r) + "+j" + std::to_string(c.x) + " " + MatchPartsText(solution);
       EXPECT_EQ(MatchResponseName(solution.response), response) << where;
       EXPECT_EQ(solution.passesDC, lows) << where;
       row = table.find('\n', row) + 1;
@@ -93,45 +106,23 @@ TEST(Match, ResponseAndDCPathFollowTheParts) {
       EXPECT_EQ(json[n]["dc"], dc) << where;
       seen.insert({response, lows});
       kinds.insert(solution.kind);
-    }
-  }
-  // Every kind, every label and both DC paths came up.
-  EXPECT_EQ(kinds.size(), MatchRequest{}.kinds.size());
-  EXPECT_EQ(seen.size(), 4u);
-}
-
-// Every solution of every kind turns the load into the system impedance, for
-// loads inductive and capacitive, above and below it, near the centre and
-// near the rim; the L networks number as many as exist.
-TEST(Match, EverySolutionMatchesExactly) {
-  struct Case {
-    double r, x;
-    int lNetworks;
-  };
-  // 10 - j20 lies on the unit-conductance circle: its one shunt-first network
-  // is a series-first one without the series part, so two in all.
-  for (const Case& c : {Case{25, 80, 4}, Case{100, 50, 2}, Case{100, -50, 2}, Case{10, -20, 2},
-                        Case{200, 0, 2}, Case{20, 0, 2}, Case{49, 1, 2}, Case{2, -150, 4},
-                        Case{1000, 400, 2}}) {
-    const Session session = WithLoad(c.r, c.x);
-    const MatchResult result = FindMatches(session, MatchRequest{});
-    EXPECT_TRUE(result.refusals.empty());
-    int lNetworks = 0;
-    for (const MatchSolution& solution : result.solutions) {
       const Impedance z = InputOf(session, solution);
       if (solution.kind == MatchKind::Chebyshev) {
         // An equal-ripple transformer is within its ripple at the centre, not exact.
-        EXPECT_LE(PlotImpedance(z.R, z.X, 50).rho, 1.03 * RippleReflection(0.1)) << c.r << "+j" << c.x;
+        EXPECT_LE(PlotImpedance(z.R, z.X, 50).rho, 1.03 * RippleReflection(0.1)) << where;
         continue;
       }
-      EXPECT_NEAR(z.R, 50, 5e-8) << c.r << "+j" << c.x << " " << MatchKindName(solution.kind);
-      EXPECT_NEAR(z.X, 0, 5e-8) << c.r << "+j" << c.x << " " << MatchKindName(solution.kind);
+      EXPECT_NEAR(z.R, 50, 5e-8) << where;
+      EXPECT_NEAR(z.X, 0, 5e-8) << where;
       lNetworks += solution.kind == MatchKind::L ? 1 : 0;
     }
     EXPECT_EQ(lNetworks, c.lNetworks) << c.r << "+j" << c.x;
     EXPECT_TRUE(std::is_sorted(result.solutions.begin(), result.solutions.end(),
                                [](const auto& a, const auto& b) { return a.loadedQ < b.loadedQ; }));
   }
+  // Every kind, every label and both DC paths came up.
+  EXPECT_EQ(kinds.size(), MatchRequest{}.kinds.size());
+  EXPECT_EQ(seen.size(), 4u);
 }
 
 bool IsSeriesPart(int16_t type) { return type == SeriesCapacitor || type == SeriesInductor; }
@@ -221,10 +212,8 @@ TEST(Match, WorstVSWROverTheBandInView) {
 TEST(Match, BinomialSectionsFromTheirClosedForm) {
   const std::vector<double> binomial = BinomialSections(50, 200, 3);
   // ln(Z[n+1]/Z[n]) = 2^-N C(N, n) ln(ZL/Z0): steps of 1/8, 3/8, 3/8, 1/8 of ln 4.
-  ASSERT_EQ(binomial.size(), 3u);
-  EXPECT_NEAR(binomial[0], 50 * std::pow(4, 1.0 / 8), 1e-9);
-  EXPECT_NEAR(binomial[1], 50 * std::pow(4, 4.0 / 8), 1e-9);
-  EXPECT_NEAR(binomial[2], 50 * std::pow(4, 7.0 / 8), 1e-9);
+  EXPECT_EQ(binomial.size(), 3u);
+  for (std::size_t n = 0; n < binomial.size(); ++n) EXPECT_NEAR(binomial[n], 50 * std::pow(4, (1 + 3 * n) / 8.0), 1e-9);
 }
 
 // The equal-ripple steps as the textbook writes them out for N = 2..5, with
