@@ -35,6 +35,15 @@ Session SeriesResonance() {
   return session;
 }
 
+// The same sweep with no network: the load R + jX alone.
+Session BareLoad(double r, double x) {
+  Session session = SeriesResonance();
+  session.ElementType[1] = session.ElementType[2] = Empty;
+  session.Value[0][1] = r;
+  session.Value[0][2] = x;
+  return session;
+}
+
 // The band edges at VSWR 2 lie where ωL − 1/(ωC) = ∓50/√2: the roots of
 // Lω² ∓ 35.355ω − 1/C = 0.
 TEST(BandFigures, EdgesSolveTheCalculation) {
@@ -86,10 +95,7 @@ TEST(BandFigures, EdgesBetweenLoadDataPointsTakeTheLoadOnTheLineBetweenThem) {
 
 // A load no network was built for keeps its VSWR of 4: no edges at all.
 TEST(BandFigures, ACurveThatNeverCrossesHasNoEdges) {
-  Session session = SeriesResonance();
-  session.ElementType[1] = session.ElementType[2] = Empty;
-  session.Value[0][1] = 200;
-  const BandFigures figures = ComputeBandFigures(session);
+  const BandFigures figures = ComputeBandFigures(BareLoad(200, 0));
   for (const BandEdges& e : figures.edges) {
     EXPECT_FALSE(e.low || e.high || e.hertz || e.percent) << e.vswr;
   }
@@ -100,10 +106,7 @@ TEST(BandFigures, ACurveThatNeverCrossesHasNoEdges) {
 // The Bode–Fano limit of a series RC from its formula, and the parallel form
 // of the same load.
 TEST(BandFigures, BodeFanoBoundOfASeriesRC) {
-  Session session = SeriesResonance();
-  session.ElementType[1] = session.ElementType[2] = Empty;
-  session.Value[0][2] = -100;  // 50 − j100 at 14 MHz
-  const BandFigures figures = ComputeBandFigures(session);
+  const BandFigures figures = ComputeBandFigures(BareLoad(50, -100));
   const double c = 1 / (kTwoPi * 14e6 * 100);
   const double gamma = std::exp(-std::numbers::pi * 50 * c / (1 / (kTwoPi * 10e6) - 1 / (kTwoPi * 18e6)));
   EXPECT_TRUE(figures.series.capacitive);
@@ -119,10 +122,7 @@ TEST(BandFigures, BodeFanoBoundOfASeriesRC) {
 // A lossless load (R = 0) cannot be matched over any band: the bound is
 // |Γ| = 1 in both forms and the report says so.
 TEST(BandFigures, ALosslessLoadHasNoMatchOverABand) {
-  Session session = SeriesResonance();
-  session.Value[0][1] = 0;
-  session.Value[0][2] = -100;
-  const BandFigures figures = ComputeBandFigures(session);
+  const BandFigures figures = ComputeBandFigures(BareLoad(0, -100));
   for (const BodeFanoFit& fit : {figures.series, figures.parallel}) {
     EXPECT_TRUE(fit.lossless);
     EXPECT_EQ(fit.gamma, 1);
@@ -144,17 +144,16 @@ TEST(BandFigures, LoadModelSetsTheLoadAcrossTheBand) {
     EXPECT_EQ(LoadAtFrequency({20, c.x}, 14e6, c.f, LoadModel::Fitted).R, 20);
   }
   // 50 - j100 alone: at 10 MHz, fitted, the load is 50 - j140.
-  Session session = SeriesResonance();
-  session.ElementType[1] = session.ElementType[2] = Empty;
-  session.Value[0][2] = -100;
-  const BandFigures fitted = ComputeBandFigures(session, {2}, LoadModel::Fitted);
+  const BandFigures fitted = ComputeBandFigures(BareLoad(50, -100), {2}, LoadModel::Fitted);
   EXPECT_EQ(fitted.worst.frequency, 10e6);
   const double rho = std::abs(std::complex<double>(0, -140) / std::complex<double>(100, -140));
   EXPECT_NEAR(fitted.worst.vswr, (1 + rho) / (1 - rho), 1e-9);
   EXPECT_NE(BandReport(fitted).find("load model fitted"), std::string::npos);
 }
 
-// The plot: each threshold's line and label, the edges marked, the bound dashed.
+// The plot: each threshold's line and label, the edges marked, the bound
+// dashed, and beside it, word for word however the column wraps its lines,
+// the figures kalvex-cli band prints.
 TEST(BandPlot, DrawsThresholdsEdgesAndBound) {
   const BandFigures figures = ComputeBandFigures(SeriesResonance());
   DisplayList plot;
@@ -175,6 +174,17 @@ TEST(BandPlot, DrawsThresholdsEdgesAndBound) {
       return std::fabs(l.a.y - circle.a.y) < 1e-9 && l.a.x < circle.a.x && l.b.x > circle.a.x;
     }));
   }
+  std::string shown;
+  for (const DrawCommand& c : testing::OfKind(plot, DrawCommand::Kind::Text)) {
+    if (c.a.x >= 8000) shown += c.text + " ";
+  }
+  const auto words = [](const std::string& text) {
+    std::istringstream in(text);
+    std::string joined;
+    for (std::string word; in >> word;) joined += word + " ";
+    return joined;
+  };
+  EXPECT_EQ(words(shown), words(BandReport(figures)));
 }
 
 // However far the curve runs, every label stands clear of the others and of
@@ -189,19 +199,10 @@ TEST(BandPlot, LabelsNeitherOverlapNorLeaveThePage) {
   };
   const Case cases[] = {
       {"resonance", [](Session&) {}},
-      {"VSWR 20 to 28", [](Session& s) {
-         s.ElementType[2] = Empty;
-         s.Value[0][1] = 1000;
-       }},
-      {"narrow sweep", [](Session& s) {
-         s.SweepStart = 13.9e6;
-         s.SweepStop = 14.1e6;
-       }},
+      {"VSWR 20 to 28", [](Session& s) { s.ElementType[2] = Empty, s.Value[0][1] = 1000; }},
+      {"narrow sweep", [](Session& s) { s.SweepStart = 13.9e6, s.SweepStop = 14.1e6; }},
       {"edge at the band's end", [](Session& s) { s.SweepStart = 13e6; }},
-      {"open circuit", [](Session& s) {
-         s.ElementType[1] = s.ElementType[2] = Empty;
-         s.Value[0][1] = 1e12;
-       }}};
+      {"open circuit", [](Session& s) { s = BareLoad(1e12, 0); }}};
   for (const Case& c : cases) {
     for (const BandQuantity quantity : {BandQuantity::VSWR, BandQuantity::ReturnLoss, BandQuantity::Gamma}) {
       Session session = SeriesResonance();
@@ -228,25 +229,6 @@ TEST(BandPlot, LabelsNeitherOverlapNorLeaveThePage) {
       }
     }
   }
-}
-
-// The figures beside the plot are those kalvex-cli band prints.
-TEST(BandPlot, ShowsTheBandsFiguresBesideThePlot) {
-  const BandFigures figures = ComputeBandFigures(SeriesResonance());
-  DisplayList plot;
-  DrawBandPlot(figures, BandQuantity::VSWR, plot);
-  std::string shown;
-  for (const DrawCommand& c : testing::OfKind(plot, DrawCommand::Kind::Text)) {
-    if (c.a.x >= 8000) shown += c.text + " ";
-  }
-  // Word for word, however the column wraps its lines.
-  const auto words = [](const std::string& text) {
-    std::istringstream in(text);
-    std::string joined;
-    for (std::string word; in >> word;) joined += word + " ";
-    return joined;
-  };
-  EXPECT_EQ(words(shown), words(BandReport(figures)));
 }
 
 }  // namespace
