@@ -24,15 +24,18 @@ namespace {
 class SweepTest : public ::testing::Test {
  protected:
   void SetUp() override { session = testing::FiveStageNetwork(); }
+  void SweepFrom13To15MHz(int16_t points) {
+    session.SweepStart = 13e6;
+    session.SweepStop = 15e6;
+    session.SweepPoints = points;
+  }
   Session session;
 };
 
 // Evenly spaced from start to stop, each point's reflection worked out here
 // (the impedances are the calculation's: TheBatchLeavesWhatAPointByPointLoopLeaves).
 TEST_F(SweepTest, ManualPointsAreEvenlySpacedWithTheirReflections) {
-  session.SweepStart = 13e6;
-  session.SweepStop = 15e6;
-  session.SweepPoints = 5;
+  SweepFrom13To15MHz(5);
   const SweepIndexes indexes = RunSweepPoints(session, SweepUse::Chart);
   EXPECT_EQ(std::pair(indexes.first, indexes.last), std::pair(0, 4));
   for (int k = 0; k <= 4; ++k) EXPECT_DOUBLE_EQ(session.SweepFreq[k], 13e6 + k * 0.5e6) << k;
@@ -88,9 +91,7 @@ TEST_F(SweepTest, TableFileAndPrintoutKeepTheSamePoints) {
   for (const auto& [henries, rows] : {std::pair{1e36, 5u}, std::pair{1e308, 0u}}) {
     session.ElementType = {0, SeriesInductor};
     session.Value[1] = {0, henries, 200};
-    session.SweepStart = 13e6;
-    session.SweepStop = 15e6;
-    session.SweepPoints = 5;
+    SweepFrom13To15MHz(5);
     const std::vector<std::string> table = TabulateSweep(session);
     EXPECT_EQ(table.size(), rows) << henries;
     for (const std::string& row : table) EXPECT_EQ(row.find("inf"), std::string::npos) << row;
@@ -156,9 +157,7 @@ using Kind = DrawCommand::Kind;
 // The points as circles of radius 30 in the sweep's green at their
 // reflection, ringed letters on the first and last, the legend at x 3700.
 TEST_F(SweepTest, ManualSweepOnTheChartMarksEachPointAndItsEnds) {
-  session.SweepStart = 13e6;
-  session.SweepStop = 15e6;
-  session.SweepPoints = 3;
+  SweepFrom13To15MHz(3);
   const double frequency = session.Frequency;
   DisplayList list;
   RunSweep(session, list);

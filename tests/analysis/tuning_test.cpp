@@ -125,8 +125,7 @@ TEST_F(TuningTest, LoadResistanceOfZeroBecomesFiftyOhms) {
   session.Value[0][2] = -30;
   SelectPart(session, 0);
   EXPECT_EQ(EnterTopValue(session, dialogs, "0"), Entered::LoadReset);
-  EXPECT_EQ(session.Value[0][1], 50);
-  EXPECT_EQ(session.Value[0][2], 0);
+  EXPECT_EQ(std::pair(session.Value[0][1], session.Value[0][2]), std::pair(50.0, 0.0));
   EXPECT_EQ(dialogs.MessageTexts(),
             std::vector<std::string>{
                 "You have set the real value for the antenna to zero or less;\r\n"
