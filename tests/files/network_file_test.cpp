@@ -110,19 +110,6 @@ TEST_F(NetworkFileTest, CableAndTransformerStagesRoundTrip) {
   EXPECT_EQ(read.Value, written.Value);
 }
 
-// A first run in an empty folder: what the program writes with its start
-// values reads back.
-TEST_F(NetworkFileTest, FirstRunNetworkReadsBack) {
-  Session first;
-  InitialiseSession(first);
-  first.ElementType[1] = SeriesCapacitor;
-  first.Value[1] = {0, 1e-10, 1000};
-  ASSERT_TRUE(WriteNetworkFile(first, dialogs, PathOf("first")));
-  ASSERT_TRUE(ReadNetworkFile(read, dialogs, PathOf("first.SSF")));
-  EXPECT_TRUE(dialogs.messages.empty());
-  EXPECT_EQ(read.Value, first.Value);
-}
-
 // Comment and empty lines are skipped anywhere, labels are not checked, and
 // element types round halves to even.
 TEST_F(NetworkFileTest, ReadsWhatTheLinesHoldAndNotTheirLabels) {
