@@ -160,7 +160,7 @@ TEST_F(NetworkFileTest, CancelledChooserAndMissingFile) {
   ExpectNetworkDefaults();
 }
 
-TEST_F(NetworkFileTest, LastSessionRestoresWhatTheNetworkReaderRefuses) {
+TEST_F(NetworkFileTest, LastSessionRestoresWhatTheNetworkReaderRefusesAndAFailedWriteSaysSo) {
   written.Value[0][1] = 0.5;
   WriteLastSession(written, dialogs, PathOf(kLastSessionFileName));
   EXPECT_EQ(SplitLines(ReadFile(kLastSessionFileName))[0], "Kalvex last-session file");
@@ -177,9 +177,7 @@ TEST_F(NetworkFileTest, LastSessionRestoresWhatTheNetworkReaderRefuses) {
   ReadLastSession(read, PathOf("absent.SSF"));  // missing: silently the defaults
   ExpectNetworkDefaults();
   EXPECT_TRUE(dialogs.messages.empty());
-}
 
-TEST_F(NetworkFileTest, FailedLastSessionWriteBeepsAndSaysSo) {
   WriteLastSession(written, dialogs, PathOf("no-such-folder/LASTSESSION.SSF"));
   EXPECT_EQ(dialogs.beeps, 1);
   EXPECT_EQ(dialogs.MessageTexts(),
