@@ -10,12 +10,12 @@ namespace {
 namespace fs = std::filesystem;
 using testing::Holds;
 
-// A command's words with a refusal expected: its exit code and what standard
-// error must name (the option, or the range).
+// A command's words with a refusal expected: what standard error must name
+// (the option, or the range) and its exit code.
 struct Refusal {
   std::vector<std::string> words;
-  int exitCode;
   std::string named;
+  int exitCode = kExitUsage;
 };
 
 class ArgumentsTest : public testing::CliTest {
@@ -60,111 +60,106 @@ TEST_F(ArgumentsTest, EveryCommandRefusesMalformedArgumentsByName) {
       words.insert(words.end(), free.begin(), free.end());
       return words;
     };
-    ExpectRefusals(command, {{with({"--bogus"}), kExitUsage, "--bogus"},
-                             {with({"extra"}), kExitUsage, "extra"},
-                             {with({"NET"}), kExitUsage, "net.SSF"}});
+    ExpectRefusals(command, {{with({"--bogus"}), "--bogus"},
+                             {with({"extra"}), "extra"},
+                             {with({"NET"}), "net.SSF"}});
   }
-  ExpectRefusals("impedance", {{{}, kExitUsage, "FILE"}}, false);
-  ExpectRefusals("frobnicate", {{{}, kExitUsage, "unknown command frobnicate"}}, false);
+  ExpectRefusals("impedance", {{{}, "FILE"}}, false);
+  ExpectRefusals("frobnicate", {{{}, "unknown command frobnicate"}}, false);
   EXPECT_EQ(Run({}), kExitUsage);
 }
 
 TEST_F(ArgumentsTest, Impedance) {
-  ExpectRefusals("impedance", {{{"--freq"}, kExitUsage, "--freq"},
-                               {{"--freq", ""}, kExitUsage, "--freq"},
-                               {{"--freq", "abc"}, kExitUsage, "--freq"},
-                               {{"--freq", "nan"}, kExitUsage, "--freq"},
-                               {{"--freq", "inf"}, kExitUsage, "--freq"},
-                               {{"--freq", "14M", "--freq", "28M"}, kExitUsage, "--freq"},
-                               {{"--freq", "--bogus"}, kExitUsage, "--freq"},
-                               {{"--freq", "1e30"}, kExitUsage, "10 kHz to 10 GHz"},
-                               {{"--freq", "2e10"}, kExitUsage, "10 kHz to 10 GHz"},
-                               {{"--freq", "1e-300"}, kExitUsage, "10 kHz to 10 GHz"},
-                               {{"--freq", "-14M"}, kExitUsage, "10 kHz to 10 GHz"}});
+  ExpectRefusals("impedance", {{{"--freq"}, "--freq"},
+                               {{"--freq", ""}, "--freq"}, {{"--freq", "abc"}, "--freq"}, {{"--freq", "nan"}, "--freq"},
+                               {{"--freq", "inf"}, "--freq"}, {{"--freq", "14M", "--freq", "28M"}, "--freq"},
+                               {{"--freq", "--bogus"}, "--freq"}, {{"--freq", "1e30"}, "10 kHz to 10 GHz"},
+                               {{"--freq", "2e10"}, "10 kHz to 10 GHz"}, {{"--freq", "1e-300"}, "10 kHz to 10 GHz"},
+                               {{"--freq", "-14M"}, "10 kHz to 10 GHz"}});
   EXPECT_EQ(Run({"impedance", PathOf("net.SSF"), "--freq", "28M"}), kExitOk);
   EXPECT_EQ(out.str(), "50.0568410511 -56.8410511042\n");
 }
 
 TEST_F(ArgumentsTest, SweepAndSpice) {
-  ExpectRefusals("sweep", {{{"-o", "--table"}, kExitUsage, "-o"},
-                           {{"-o", ""}, kExitUsage, "-o"},
-                           {{"--load", ""}, kExitUsage, "--load"},
-                           {{"--load", "--table"}, kExitUsage, "--load"},
-                           {{"--start", "1M", "--start", "2M"}, kExitUsage, "--start"},
-                           {{"--points", "5", "--points", "6"}, kExitUsage, "--points"},
-                           {{"--points", "nan"}, kExitUsage, "--points"},
-                           {{"--start", "inf"}, kExitUsage, "--start"},
-                           {{"--stop", "words"}, kExitUsage, "--stop"},
-                           {{"--stop", ""}, kExitUsage, "--stop"},
-                           {{"--load", "x.RJX", "--points", "5"}, kExitUsage, "--load"},
-                           {{"-o", "NET"}, kExitUsage, "-o names the input file"}});
-  ExpectRefusals("spice", {{{"-o", "--bogus"}, kExitUsage, "-o"},
-                           {{"-o", "a", "-o", "b"}, kExitUsage, "-o"},
-                           {{"-o"}, kExitUsage, "-o"}});
+  ExpectRefusals("sweep", {{{"-o", "--table"}, "-o"},
+                           {{"-o", ""}, "-o"}, {{"--load", ""}, "--load"}, {{"--load", "--table"}, "--load"},
+                           {{"--start", "1M", "--start", "2M"}, "--start"},
+                           {{"--points", "5", "--points", "6"}, "--points"}, {{"--points", "nan"}, "--points"},
+                           {{"--start", "inf"}, "--start"}, {{"--stop", "words"}, "--stop"}, {{"--stop", ""}, "--stop"},
+                           {{"--load", "x.RJX", "--points", "5"}, "--load"},
+                           {{"-o", "NET"}, "-o names the input file"}});
+  ExpectRefusals("spice", {{{"-o", "--bogus"}, "-o"},
+                           {{"-o", "a", "-o", "b"}, "-o"}, {{"-o"}, "-o"}});
 }
 
 TEST_F(ArgumentsTest, Match) {
-  ExpectRefusals("match", {{{"--q", "0"}, kExitUsage, "--q"},
-                           {{"--q", "-2"}, kExitUsage, "--q"},
-                           {{"--q", "1e300"}, kExitUsage, "--q"},
-                           {{"--q", "2", "--q", "3"}, kExitUsage, "--q"},
-                           {{"--sections", "8"}, kExitUsage, "--sections"},
-                           {{"--sections", "2.5"}, kExitUsage, "--sections"},
-                           {{"--ripple", "1e-300"}, kExitUsage, "--ripple"},
-                           {{"--ripple", "-1"}, kExitUsage, "--ripple"},
-                           {{"--ripple", "0.1", "--ripple", "0.2"}, kExitUsage, "--ripple"},
-                           {{"--kinds", "L,XX"}, kExitUsage, "--kinds"},
-                           {{"--kinds", ""}, kExitUsage, "--kinds"},
-                           {{"--apply", "1"}, kExitUsage, "-o OUT"},
-                           {{"--apply", "0", "-o", "OUT"}, kExitUsage, "--apply"},
-                           {{"--apply", "1", "--apply", "2", "-o", "OUT"}, kExitUsage, "--apply"},
-                           {{"--apply", "999", "-o", "OUT"}, kExitFailed, "there is no solution 999"}});
+  ExpectRefusals("match", {{{"--q", "0"}, "--q"},
+                           {{"--q", "-2"}, "--q"}, {{"--q", "1e300"}, "--q"}, {{"--q", "2", "--q", "3"}, "--q"},
+                           {{"--sections", "8"}, "--sections"}, {{"--sections", "2.5"}, "--sections"},
+                           {{"--ripple", "1e-300"}, "--ripple"}, {{"--ripple", "-1"}, "--ripple"},
+                           {{"--ripple", "0.1", "--ripple", "0.2"}, "--ripple"}, {{"--kinds", "L,XX"}, "--kinds"},
+                           {{"--kinds", ""}, "--kinds"}, {{"--apply", "1"}, "-o OUT"},
+                           {{"--apply", "0", "-o", "OUT"}, "--apply"},
+                           {{"--apply", "1", "--apply", "2", "-o", "OUT"}, "--apply"},
+                           {{"--apply", "999", "-o", "OUT"}, "there is no solution 999", kExitFailed}});
 }
 
 TEST_F(ArgumentsTest, Band) {
-  ExpectRefusals("band", {{{"--load", "--json"}, kExitUsage, "--load"},
-                          {{"--thresholds", "1"}, kExitUsage, "--thresholds"},
-                          {{"--thresholds", "2,nan"}, kExitUsage, "--thresholds"},
-                          {{"--thresholds", "1e300"}, kExitUsage, "--thresholds"},
-                          {{"--thresholds", ""}, kExitUsage, "--thresholds"},
-                          {{"--start", "20M", "--stop", "10M"}, kExitUsage, "--start"},
-                          {{"--start", "1e30"}, kExitUsage, "--start"},
-                          {{"-o", "OUT", "-o", "OUT"}, kExitUsage, "-o"}});
+  ExpectRefusals("band", {{{"--load", "--json"}, "--load"},
+                          {{"--thresholds", "1"}, "--thresholds"}, {{"--thresholds", "2,nan"}, "--thresholds"},
+                          {{"--thresholds", "1e300"}, "--thresholds"}, {{"--thresholds", ""}, "--thresholds"},
+                          {{"--start", "20M", "--stop", "10M"}, "--start"}, {{"--start", "1e30"}, "--start"},
+                          {{"-o", "OUT", "-o", "OUT"}, "-o"}});
 }
 
 TEST_F(ArgumentsTest, Optimize) {
   network.ElementType[3] = InsertPlaceholder;
   testing::FakeDialogs dialogs;
   WriteNetworkFile(network, dialogs, PathOf("net"));
-  ExpectRefusals("optimize", {{{}, kExitUsage, "--free"},
-                              {{"--free", "0"}, kExitUsage, "--free"},
-                              {{"--free", "6"}, kExitUsage, "--free"},
-                              {{"--free", "1.5"}, kExitUsage, "--free"},
-                              {{"--free", ""}, kExitUsage, "--free"},
-                              {{"--free", "--json"}, kExitUsage, "--free"},
-                              {{"--free", "2"}, kExitUsage, "stage 2 holds no part"},
-                              {{"--free", "1,3"}, kExitUsage, "stage 3 holds no part"},
-                              {{"--free", "1", "--stop", "1M", "--stop", "2M"}, kExitUsage, "--stop"},
-                              {{"--free", "1", "--start", "15M", "--stop", "13M"}, kExitUsage, "--start"}});
+  ExpectRefusals("optimize", {{{}, "--free"},
+                              {{"--free", "0"}, "--free"}, {{"--free", "6"}, "--free"}, {{"--free", "1.5"}, "--free"},
+                              {{"--free", ""}, "--free"}, {{"--free", "--json"}, "--free"},
+                              {{"--free", "2"}, "stage 2 holds no part"}, {{"--free", "1,3"}, "stage 3 holds no part"},
+                              {{"--free", "1", "--stop", "1M", "--stop", "2M"}, "--stop"},
+                              {{"--free", "1", "--start", "15M", "--stop", "13M"}, "--start"}});
 }
 
 TEST_F(ArgumentsTest, RenderAndPrint) {
-  ExpectRefusals("render", {{{"-o", "OUT"}, kExitUsage, "--page"},
-                            {{"--page", "chart", "-o", "OUT"}, kExitUsage, "--page"},
-                            {{"--page", "design"}, kExitUsage, "-o"},
-                            {{"--page", "design", "--page", "band", "-o", "OUT"}, kExitUsage, "--page"},
-                            {{"--page", "band", "--plot", "", "-o", "OUT"}, kExitUsage, "--plot"},
-                            {{"--page", "design", "--size", "10x10", "-o", "OUT"}, kExitUsage, "--size"},
-                            {{"--page", "design", "--screen", "1x", "-o", "OUT"}, kExitUsage, "--screen"},
-                            {{"--page", "analysis", "--aspect", "2", "-o", "OUT"}, kExitUsage, "--aspect"},
-                            {{"--page", "analysis", "--grid", "7", "-o", "OUT"}, kExitUsage, "--grid"},
-                            {{"--page", "analysis", "--zoom", "nan", "-o", "OUT"}, kExitUsage, "--zoom"}});
-  ExpectRefusals("print", {{{"-o", ""}, kExitUsage, "-o"},
-                           {{}, kExitUsage, "-o"},
-                           {{"--grid", "0", "-o", "OUT"}, kExitUsage, "--grid"},
-                           {{"--grid", "2.5", "-o", "OUT"}, kExitUsage, "--grid"},
-                           {{"--zoom", "9", "-o", "OUT"}, kExitUsage, "--zoom"},
-                           {{"--table", "--points", "", "-o", "OUT"}, kExitUsage, "--points"}});
+  ExpectRefusals("render", {{{"-o", "OUT"}, "--page"},
+                            {{"--page", "chart", "-o", "OUT"}, "--page"}, {{"--page", "design"}, "-o"},
+                            {{"--page", "design", "--page", "band", "-o", "OUT"}, "--page"},
+                            {{"--page", "band", "--plot", "", "-o", "OUT"}, "--plot"},
+                            {{"--page", "design", "--size", "10x10", "-o", "OUT"}, "--size"},
+                            {{"--page", "design", "--screen", "1x", "-o", "OUT"}, "--screen"},
+                            {{"--page", "analysis", "--aspect", "2", "-o", "OUT"}, "--aspect"},
+                            {{"--page", "analysis", "--grid", "7", "-o", "OUT"}, "--grid"},
+                            {{"--page", "analysis", "--zoom", "nan", "-o", "OUT"}, "--zoom"}});
+  ExpectRefusals("print", {{{"-o", ""}, "-o"},
+                           {{}, "-o"}, {{"--grid", "0", "-o", "OUT"}, "--grid"},
+                           {{"--grid", "2.5", "-o", "OUT"}, "--grid"}, {{"--zoom", "9", "-o", "OUT"}, "--zoom"},
+                           {{"--table", "--points", "", "-o", "OUT"}, "--points"}});
+}
+
+TEST_F(ArgumentsTest, YieldSnapAndBom) {
+  ExpectRefusals("yield", {{{"--tolerance", "Q=5"}, "--tolerance"}, {{"--tolerance", "C=100"}, "--tolerance"},
+                           {{"--tolerance", "C5"}, "--tolerance"}, {{"--distribution", "flat"}, "--distribution"},
+                           {{"--samples", "0"}, "--samples"}, {{"--samples", "2.5"}, "--samples"},
+                           {{"--seed", "-1"}, "--seed"}, {{"--vswr", "0.5"}, "--vswr"}});
+  ExpectRefusals("snap", {{{}, "--stages"}, {{"--stages", "2"}, "stage 2"},
+                          {{"--stages", "1", "--series", "C=E25"}, "--series"},
+                          {{"--stages", "1", "--series", "LINE=E12"}, "--series"}});
+  ExpectRefusals("bom", {{{"--json"}, "--json"}});
+  for (const char* command : {"yield", "bom"}) ExpectRefusals(command, {{{}, "FILE"}}, false);
+}
+
+TEST_F(ArgumentsTest, Measure) {
+  ExpectRefusals("measure", {{{}, "--port DEV is needed"},
+                             {{"--port", "/dev/null", "--points", "1"}, "outside its range"},
+                             {{"--port", "/dev/null", "--sweeps", "2.5"}, "outside its range"},
+                             {{"--port", "/dev/null", "--start", "30M", "--stop", "1M"},
+                              "the start must lie below the stop"},
+                             {{"--port", "/nonexistent/ttyACM0"}, "cannot open /nonexistent/ttyACM0", kExitFailed}},
+                 false);
 }
 
 // A list option given twice is one list; a stage named twice is one stage.

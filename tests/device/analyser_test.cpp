@@ -38,14 +38,18 @@ void ExpectPointsOfLoad(const MeasuredSweep& sweep, const SweepPlan& plan, const
 }
 
 // A well-behaved analyser: every point of the plan, whether in one scan, in
-// several, or the old way on firmware without scan.
+// several, or the old way on firmware without scan; on its own antenna or on
+// the load of a file.
 TEST(SimulatedAnalyserTest, GivesTheLoadsImpedanceAtEveryFrequency) {
   struct Case {
     const char* name;
     std::vector<std::string> simulator;
     SweepPlan plan;
     bool takesScan;
+    SimulatedLoad load = kAntenna;
   };
+  const std::string file = KALVEX_EXAMPLES_DIR "/dipole20m.RJX";
+  std::string messages;
   for (const Case& c : {
            Case{"one scan", {}, {13e6, 15e6, 51}, true},
            Case{"the largest single scan", {}, {1e6, 30e6, 101}, true},
@@ -53,6 +57,7 @@ TEST(SimulatedAnalyserTest, GivesTheLoadsImpedanceAtEveryFrequency) {
            Case{"a table of 1000 points", {}, {100e3, 900e6, 1000}, true},
            Case{"firmware without scan", {"--no-scan"}, {13e6, 15e6, 51}, false},
            Case{"firmware without scan, segmented", {"--no-scan"}, {10e6, 20e6, 150}, false},
+           Case{"a load file", {"--load", file}, {13.9e6, 14.5e6, 61}, true, SimulatedLoad::FromFile(file, messages)},
        }) {
     std::vector<std::string> arguments = c.simulator;
     arguments.insert(arguments.end(), {"--scan-time", "0"});
@@ -65,18 +70,8 @@ TEST(SimulatedAnalyserTest, GivesTheLoadsImpedanceAtEveryFrequency) {
     EXPECT_EQ(sweep.leftOutLines, 0) << c.name;
     EXPECT_EQ(measurement.takesScan, c.takesScan) << c.name;
     EXPECT_EQ(measurement.version, "kalvex-sim-vna 1.0") << c.name;
-    ExpectPointsOfLoad(sweep, c.plan, kAntenna, c.name);
+    ExpectPointsOfLoad(sweep, c.plan, c.load, c.name);
   }
-}
-
-TEST(SimulatedAnalyserTest, MeasuresTheLoadOfAFile) {
-  const std::string file = KALVEX_EXAMPLES_DIR "/dipole20m.RJX";
-  const SimulatedAnalyserProcess simulator({"--load", file, "--scan-time", "0"});
-  const SweepPlan plan{13.9e6, 14.5e6, 61};
-  const AnalyserMeasurement measurement = MeasureOnPort(simulator.Port(), plan, 1);
-  ASSERT_EQ(measurement.sweeps.size(), 1u) << measurement.failure;
-  std::string messages;
-  ExpectPointsOfLoad(measurement.sweeps.front(), plan, SimulatedLoad::FromFile(file, messages), "dipole20m");
 }
 
 // A faulty line or device: malformed lines are counted and never become

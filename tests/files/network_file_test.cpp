@@ -110,19 +110,6 @@ TEST_F(NetworkFileTest, CableAndTransformerStagesRoundTrip) {
   EXPECT_EQ(read.Value, written.Value);
 }
 
-// A first run in an empty folder: what the program writes with its start
-// values reads back.
-TEST_F(NetworkFileTest, FirstRunNetworkReadsBack) {
-  Session first;
-  InitialiseSession(first);
-  first.ElementType[1] = SeriesCapacitor;
-  first.Value[1] = {0, 1e-10, 1000};
-  ASSERT_TRUE(WriteNetworkFile(first, dialogs, PathOf("first")));
-  ASSERT_TRUE(ReadNetworkFile(read, dialogs, PathOf("first.SSF")));
-  EXPECT_TRUE(dialogs.messages.empty());
-  EXPECT_EQ(read.Value, first.Value);
-}
-
 // Comment and empty lines are skipped anywhere, labels are not checked, and
 // element types round halves to even.
 TEST_F(NetworkFileTest, ReadsWhatTheLinesHoldAndNotTheirLabels) {
@@ -173,7 +160,7 @@ TEST_F(NetworkFileTest, CancelledChooserAndMissingFile) {
   ExpectNetworkDefaults();
 }
 
-TEST_F(NetworkFileTest, LastSessionRestoresWhatTheNetworkReaderRefuses) {
+TEST_F(NetworkFileTest, LastSessionRestoresWhatTheNetworkReaderRefusesAndAFailedWriteSaysSo) {
   written.Value[0][1] = 0.5;
   WriteLastSession(written, dialogs, PathOf(kLastSessionFileName));
   EXPECT_EQ(SplitLines(ReadFile(kLastSessionFileName))[0], "Kalvex last-session file");
@@ -190,9 +177,7 @@ TEST_F(NetworkFileTest, LastSessionRestoresWhatTheNetworkReaderRefuses) {
   ReadLastSession(read, PathOf("absent.SSF"));  // missing: silently the defaults
   ExpectNetworkDefaults();
   EXPECT_TRUE(dialogs.messages.empty());
-}
 
-TEST_F(NetworkFileTest, FailedLastSessionWriteBeepsAndSaysSo) {
   WriteLastSession(written, dialogs, PathOf("no-such-folder/LASTSESSION.SSF"));
   EXPECT_EQ(dialogs.beeps, 1);
   EXPECT_EQ(dialogs.MessageTexts(),

@@ -126,23 +126,6 @@ INSTANTIATE_TEST_SUITE_P(AllThirteen, ElementTypes, ::testing::ValuesIn(testing:
 INSTANTIATE_TEST_SUITE_P(CableAndTransformer, ElementTypes, ::testing::ValuesIn(testing::FeedParts()),
                          testing::PartName);
 
-// The five-stage network of the benchmarks, stage by stage with complex numbers.
-TEST_F(CalculateNetworkTest, FiveStageNetworkMatchesTheCircuitWorkedByHand) {
-  session = testing::FiveStageNetwork();
-  CalculateNetwork(session, 0);
-  const double omega = 2 * std::numbers::pi * 14.2e6;
-  const Complex j(0, 1);
-  const auto part = [](double x, double q) { return Complex(std::fabs(x / q), x); };
-  Complex z(36, -20);
-  z += part(omega * 1.2e-6, 200);
-  z = Parallel(z, part(-1 / (omega * 150e-12), 1000));
-  z = 75.0 * (z + j * 75.0 * Tan(30)) / (75.0 + j * z * Tan(30));
-  z = Parallel(z, Complex(0, -50 / Tan(45)));
-  z += part(-1 / (omega * 220e-12), 1000);
-  EXPECT_NEAR(session.InputR, z.real(), 1e-9 * std::abs(z));
-  EXPECT_NEAR(session.InputX, z.imag(), 1e-9 * std::abs(z));
-}
-
 // Inputs the Design page normally keeps out still give a finite impedance,
 // with the physical meaning of the degenerate part where it has one.
 TEST_F(CalculateNetworkTest, DegenerateInputsGiveFiniteResults) {

@@ -41,24 +41,18 @@ const Cable kCables[] = {
     {"100 m of 450 ohm at 3.6 MHz", 100, 450, 0.91, 0.05, 0.0008, 3.6e6, 0.05 * std::sqrt(3.6) + 0.0008 * 3.6},
 };
 
-// Loaded by its own impedance the cable shows that impedance, and the
-// matched loss is what the figures give for its length.
-TEST(CoaxialCable, MatchedLoadIsSeenUnchangedWithTheMatchedLoss) {
+// Loaded by its own impedance the cable shows that impedance with the matched
+// loss its figures give for the length; an open or shorted far end returns
+// with twice that loss, the wave going out and back.
+TEST(CoaxialCable, MatchedLoadIsSeenUnchangedAndAMismatchedEndReturnsTwiceTheLoss) {
   for (const Cable& c : kCables) {
-    const CableSlots slots{c.metres, c.z0, c.vf, c.k1, c.k2};
-    const Complex z = Through(CoaxialCable, {0, c.metres, c.z0, c.vf, c.k1, c.k2}, c.f, c.z0);
-    EXPECT_LT(ReflectionMagnitude(z, c.z0), 1e-12) << c.name;
-    EXPECT_NEAR(CableMatchedLossDb(slots, c.f), c.lossDb, 1e-12 * c.lossDb) << c.name;
-  }
-}
-
-// The wave goes out and back: an open or shorted far end returns with twice
-// the matched loss, whatever the length.
-TEST(CoaxialCable, OpenOrShortedEndReturnsTwiceTheMatchedLoss) {
-  for (const Cable& c : kCables) {
+    const auto through = [&c](Complex load) {
+      return Through(CoaxialCable, {0, c.metres, c.z0, c.vf, c.k1, c.k2}, c.f, load);
+    };
+    EXPECT_LT(ReflectionMagnitude(through(c.z0), c.z0), 1e-12) << c.name;
+    EXPECT_NEAR(CableMatchedLossDb({c.metres, c.z0, c.vf, c.k1, c.k2}, c.f), c.lossDb, 1e-12 * c.lossDb) << c.name;
     for (const Complex end : {Complex(1e20), Complex(0)}) {
-      const Complex z = Through(CoaxialCable, {0, c.metres, c.z0, c.vf, c.k1, c.k2}, c.f, end);
-      const double returnLossDb = -20 * std::log10(ReflectionMagnitude(z, c.z0));
+      const double returnLossDb = -20 * std::log10(ReflectionMagnitude(through(end), c.z0));
       EXPECT_NEAR(returnLossDb, 2 * c.lossDb, 1e-9) << c.name << " ending in " << end;
     }
   }
@@ -103,11 +97,6 @@ TEST(TransformerStage, DividesByTheRatioWithItsWindingInductances) {
     const Complex z = Through(Transformer, c.slots, c.f, c.load);
     EXPECT_LT(std::abs(z - c.expected), 1e-12 * std::abs(c.expected)) << c.name << ": " << z;
   }
-  // The shunt winding is what spoils a low band: 37 % reflected at 0.5 MHz,
-  // under 1 % at 30 MHz.
-  const std::array<double, kSlotCount> endFed{0, 49, kMagnetising};
-  EXPECT_GT(ReflectionMagnitude(Through(Transformer, endFed, 0.5e6, 2450), 50), 0.3);
-  EXPECT_LT(ReflectionMagnitude(Through(Transformer, endFed, 30e6, 2450), 50), 0.01);
 }
 
 }  // namespace
