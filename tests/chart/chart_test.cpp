@@ -1,8 +1,7 @@
 #include <gtest/gtest.h>
 
-#include <tuple>
-
 #include <cmath>
+#include <tuple>
 
 #include "chart/analysis_view.h"
 #include "chart/chart_view.h"
@@ -238,12 +237,8 @@ TEST(NetworkPath, EqualsTheWholeNetworkRecalculatedAtEveryPoint) {
     }
     const std::vector<PathPoint> path = TraceNetworkPath(session);
     ASSERT_EQ(path.size(), 5000u);
-    double sumU = 0;
-    double sumV = 0;
-    for (const PathPoint& p : path) {
-      sumU += p.gamma.u;
-      sumV += p.gamma.v;
-    }
+    double sumU = 0, sumV = 0;
+    for (const PathPoint& p : path) { sumU += p.gamma.u; sumV += p.gamma.v; }
     EXPECT_EQ(std::tuple(sumU, sumV, path[1234].gamma.u, path[1234].gamma.v, path[4999].gamma.u, session.Rho),
               std::tuple(c.sumU, c.sumV, c.u1234, c.v1234, c.u4999, c.rho));
   }

@@ -16,18 +16,22 @@ using Kind = DrawCommand::Kind;
 constexpr float kRv = 80;
 constexpr float kS = 0.9f;
 
+// One symbol drawn by a member's pen on the rail at 500, and where the pen's
+// cursor stands after it.
+std::pair<DisplayList, double> Drawn(SymbolFamily family, int type) {
+  DisplayList list;
+  SymbolPen pen(list, family, kRv, kS);
+  pen.ListY = 500;
+  pen.DrawElementSymbol(type);
+  return {list, pen.ListX};
+}
+
 // Which symbol a type gets: a shorted stub's far end returns to the rail
 // where an open one stops, and the shunt forms reach down to the ground rail
 // from the signal rail where the series forms do not.
 TEST(Symbols, EachTypeDrawsItsOwnForm) {
   for (const SymbolFamily family : {SymbolFamily::Design, SymbolFamily::Strip}) {
-    auto lines = [family](int type) {
-      DisplayList list;
-      SymbolPen pen(list, family, kRv, kS);
-      pen.ListY = 500;
-      pen.DrawElementSymbol(type);
-      return testing::OfKind(list, Kind::Line);
-    };
+    auto lines = [family](int type) { return testing::OfKind(Drawn(family, type).first, Kind::Line); };
     EXPECT_GT(lines(SeriesShortedStub).size(), lines(SeriesOpenStub).size());
     EXPECT_GT(lines(ShuntShortedStub).size(), lines(ShuntOpenStub).size());
     const double ground = 500 + 1040 * (family == SymbolFamily::Strip ? kS : 1);
@@ -51,23 +55,14 @@ TEST(Symbols, EachTypeDrawsItsOwnForm) {
 // wire); the gallery's resistors are the strip's shorter zigzag and the
 // padded shunt one.
 TEST(Symbols, EachMembersRailEndsAtTheCursor) {
-  auto drawn = [](SymbolFamily family, int type) {
-    DisplayList list;
-    SymbolPen pen(list, family, kRv, kS);
-    pen.ListY = 500;
-    pen.DrawElementSymbol(type);
-    return std::pair(testing::RailEnd(list, 500), pen.ListX);
-  };
   for (const SymbolFamily family : {SymbolFamily::Design, SymbolFamily::Strip, SymbolFamily::Gallery}) {
     for (int type = Empty; type <= InsertPlaceholder; ++type) {
-      const auto [rail, cursor] = drawn(family, type);
-      if (cursor > 0) {
-        EXPECT_NEAR(rail, cursor, 1e-9) << static_cast<int>(family) << " type " << type;
-      }
+      const auto [list, cursor] = Drawn(family, type);
+      if (cursor > 0) EXPECT_NEAR(testing::RailEnd(list, 500), cursor, 1e-9) << static_cast<int>(family) << " " << type;
     }
   }
-  EXPECT_EQ(drawn(SymbolFamily::Gallery, SeriesResistor).second, 880);
-  EXPECT_EQ(drawn(SymbolFamily::Gallery, ShuntResistor).second, 400);
+  EXPECT_EQ(Drawn(SymbolFamily::Gallery, SeriesResistor).second, 880);
+  EXPECT_EQ(Drawn(SymbolFamily::Gallery, ShuntResistor).second, 400);
 }
 
 // Each stage's list of values is written at its cell's start (on the Design

@@ -35,7 +35,8 @@ TEST_F(PagesInFolder, WelcomePageStartsTheSession) {
   EXPECT_EQ(welcome.windowTitle(), "Kalvex 2.12 - Welcome !");
   EXPECT_EQ(welcome.cmdStart->toolTip(), "Start the program");
   EXPECT_FLOAT_EQ(session.CoilArcRadius, 60.0f * welcome.width() / welcome.height());
-  EXPECT_EQ(std::tuple(session.ElementType[1], session.ChartAspect), std::tuple(SeriesInductor, 1.1f));
+  EXPECT_EQ(std::tuple(session.ElementType[1], session.ChartAspect, session.DefaultInductorQ),
+            std::tuple(SeriesInductor, 1.1f, 150));
   EXPECT_FALSE(welcome.Drawing().Commands().empty());
 
   // Closing the welcome page is a way out too: the session it read is saved.
@@ -187,18 +188,6 @@ TEST_F(AnalysisPageTest, LoadsWithItsViewAndTuningState) {
   EXPECT_TRUE(page->tuning->optTuneSizeFine->styleSheet().contains("rgb(232, 248, 255)"));
 }
 
-TEST_F(AnalysisPageTest, AspectIsTakenWhenTypingEnds) {
-  page->txtAspect->setFocus();
-  page->txtAspect->clear();
-  QTest::keyClicks(page->txtAspect, ".75");
-  session.ChartAspect = 1;  // nothing is taken while typing
-  QTest::keyClick(page->txtAspect, Qt::Key_Return);
-  EXPECT_FLOAT_EQ(session.ChartAspect, 0.75f);
-  page->tuning->txtFreq->setText("7M");
-  QTest::keyClick(page->tuning->txtFreq, Qt::Key_Return);  // Enter presses "Freq enter"
-  EXPECT_EQ(session.Frequency, 7e6);
-}
-
 TEST_F(AnalysisPageTest, StripClickSelectsAndStepsTunePart) {
   Click((session.PartRightEdge[0] + session.PartRightEdge[1]) / 2.0, 800);
   EXPECT_EQ(session.SelectedStage, 1);
@@ -290,25 +279,6 @@ TEST_F(AnalysisPageTest, TabulatePageListsTheRowBuildersRowsAndWritesThemToAFile
   EXPECT_TRUE(std::filesystem::exists("sweep.DAT"));
 }
 
-// The keys do what the buttons do, the hidden ones included.
-TEST_F(DesignPageTest, KeysReachTheHiddenCommands) {
-  QApplication::setActiveWindow(page.get());
-  WriteFile("band.RJX", "14M, 40, -5\r\n14.1M, 45, 0\r\n14.2M, 50, 5\r\n");
-  dialogs.fileNames.push_back("band.RJX");
-  QTest::keyClick(page.get(), Qt::Key_L, Qt::ControlModifier);
-  EXPECT_EQ(dialogs.chooserTitles.back(), "Get frequencies and load data");
-  EXPECT_EQ(std::tuple(session.LoadSource, session.Frequency), std::tuple(2, 14.1e6));
-  EXPECT_EQ(page->txtFrequency->text(), " 14.1 M");  // the page drawn again
-  dialogs.fileNames.push_back("deck");
-  QTest::keyClick(page.get(), Qt::Key_E, Qt::ControlModifier | Qt::ShiftModifier);
-  EXPECT_TRUE(ReadFile("deck.cir").ends_with(".end\n"));
-  dialogs.fileNames.push_back("saved");
-  QTest::keyClick(page.get(), Qt::Key_S, Qt::ControlModifier);
-  EXPECT_TRUE(std::filesystem::exists("saved.SSF"));
-  QTest::keyClick(page.get(), Qt::Key_F1);
-  EXPECT_NE(dialogs.messages.back().text.find("Write LTspice"), std::string::npos);
-}
-
 TEST_F(AnalysisPageTest, KeysZoomAndExportTheChart) {
   QApplication::setActiveWindow(page.get());
   QTest::keyClick(page.get(), Qt::Key_Plus);
@@ -353,45 +323,41 @@ TEST_F(DesignPageTest, MatchDialogAppliesTheChosenNetwork) {
   EXPECT_EQ(session.ElementType[3], Empty);
 }
 
-// The Optimise dialog searches off the window's thread and applies its result.
-TEST_F(AnalysisPageTest, OptimiseDialogTunesTheFreeStages) {
+// The Optimise dialog searches off the window's thread and applies its result;
+// Snap puts the stages that are not free on the chosen series and re-tunes the
+// free ones, and Apply writes both, named as one undo step.
+TEST_F(AnalysisPageTest, OptimiseDialogTunesTheFreeStagesAndSnapsTheLockedOnes) {
+  const auto searchAndApply = [](OptimiseDialog& dialog, QPushButton* search) {
+    search->click();
+    dialog.WaitForSearch();
+    ASSERT_TRUE(dialog.cmdApply->isEnabled()) << dialog.lblWorst->text().toStdString();
+    dialog.cmdApply->click();
+    EXPECT_EQ(dialog.result(), QDialog::Accepted);
+  };
   session.Value[1][1] = 300e-12;  // the series capacitor, far from resonating the load
-  OptimiseDialog dialog(session);
-  dialog.optWorking->setChecked(true);
-  dialog.cmdStart->click();
-  dialog.WaitForSearch();
-  EXPECT_TRUE(dialog.lblWorst->text().startsWith("Worst VSWR"));
-  ASSERT_TRUE(dialog.cmdApply->isEnabled());
-  const double before = session.Value[1][1];
-  dialog.cmdApply->click();
-  EXPECT_EQ(dialog.result(), QDialog::Accepted);
-  EXPECT_NE(session.Value[1][1], before);
-}
+  OptimiseDialog tune(session);
+  tune.optWorking->setChecked(true);
+  searchAndApply(tune, tune.cmdStart);
+  EXPECT_TRUE(tune.lblWorst->text().startsWith("Worst VSWR"));
+  EXPECT_NE(session.Value[1][1], 300e-12);
 
-// Snap puts the stages that are not free on the chosen series and re-tunes
-// the free ones; Apply writes both, named as one undo step.
-TEST_F(AnalysisPageTest, OptimiseDialogSnapsTheLockedStagesToStandardValues) {
   session.ElementType[2] = ShuntInductor;
   session.Value[2] = {0, 1e-6, 100};
   session.Value[1][1] = 123e-12;
-  OptimiseDialog dialog(session);
-  dialog.chkStage[0]->setChecked(false);
-  dialog.cboCapacitorSeries->setCurrentText("E12");
-  dialog.cmdSnap->click();
-  dialog.WaitForSearch();
-  EXPECT_TRUE(dialog.lblWorst->text().contains("snapped")) << dialog.lblWorst->text().toStdString();
-  ASSERT_TRUE(dialog.cmdApply->isEnabled());
-  const double inductor = session.Value[2][1];
-  dialog.cmdApply->click();
-  EXPECT_EQ(dialog.result(), QDialog::Accepted);
-  EXPECT_EQ(dialog.AppliedStep(), "Snapped to standard values");
+  OptimiseDialog snap(session);
+  snap.chkStage[0]->setChecked(false);
+  snap.cboCapacitorSeries->setCurrentText("E12");
+  searchAndApply(snap, snap.cmdSnap);
+  EXPECT_TRUE(snap.lblWorst->text().contains("snapped")) << snap.lblWorst->text().toStdString();
+  EXPECT_EQ(snap.AppliedStep(), "Snapped to standard values");
   EXPECT_EQ(NeighboursOf(session.Value[1][1], ESeries::E12).below, session.Value[1][1]);
-  EXPECT_NE(session.Value[2][1], inductor);
+  EXPECT_NE(session.Value[2][1], 1e-6);
 }
 
-// The menus reach what the buttons and keys do; the status line reads the
-// match at the working frequency.
-TEST_F(DesignPageTest, MenusReachTheCommandsAndTheStatusLineReadsTheMatch) {
+// The menus and keys reach what the buttons do, the hidden commands included;
+// the status line reads the match at the working frequency.
+TEST_F(DesignPageTest, MenusAndKeysReachTheCommandsAndTheStatusLineReadsTheMatch) {
+  QApplication::setActiveWindow(page.get());
   QMenuBar* menus = page->findChild<QMenuBar*>();
   ASSERT_NE(menus, nullptr);
   auto item = [menus](const QString& text) -> QAction* {
@@ -409,6 +375,20 @@ TEST_F(DesignPageTest, MenusReachTheCommandsAndTheStatusLineReadsTheMatch) {
   page->txtFrequency->setText("14M");
   EXPECT_EQ(page->StatusLine()->text().toStdString(),
             "Input 50.1137 -j113.682 ohms    |Gamma| 0.7505 at -41.3 deg    VSWR 7.015    Return loss 2.49 dB    at 14 MHz");
+  WriteFile("band.RJX", "14M, 40, -5\r\n14.1M, 45, 0\r\n14.2M, 50, 5\r\n");
+  dialogs.fileNames.push_back("band.RJX");
+  QTest::keyClick(page.get(), Qt::Key_L, Qt::ControlModifier);
+  EXPECT_EQ(dialogs.chooserTitles.back(), "Get frequencies and load data");
+  EXPECT_EQ(std::tuple(session.LoadSource, session.Frequency), std::tuple(2, 14.1e6));
+  EXPECT_EQ(page->txtFrequency->text(), " 14.1 M");  // the page drawn again
+  dialogs.fileNames.push_back("deck");
+  QTest::keyClick(page.get(), Qt::Key_E, Qt::ControlModifier | Qt::ShiftModifier);
+  EXPECT_TRUE(ReadFile("deck.cir").ends_with(".end\n"));
+  dialogs.fileNames.push_back("saved");
+  QTest::keyClick(page.get(), Qt::Key_S, Qt::ControlModifier);
+  EXPECT_TRUE(std::filesystem::exists("saved.SSF"));
+  QTest::keyClick(page.get(), Qt::Key_F1);
+  EXPECT_NE(dialogs.messages.back().text.find("Write LTspice"), std::string::npos);
 }
 
 // The chart's background is painted once and shown again until the view

@@ -13,7 +13,6 @@
 #include "ui/band_window.h"
 #include "ui/design_page.h"
 #include "ui/session_history.h"
-#include "ui/welcome_page.h"
 
 namespace kalvex {
 namespace {
@@ -48,25 +47,12 @@ class UndoTest : public testing::PagesInFolder {
 // The first state is the session the program started with: nothing to undo,
 // and Ctrl+Z leaves it as it is.
 TEST_F(UndoTest, StartsWithNoStep) {
-  WriteLastSession(session, dialogs);
-  WriteFile("Defaults.TXT", "1.1\r\n900\r\n150\r\n");
-  session = Session();
-  auto* welcome = new WelcomePage(session, dialogs);
-  welcome->show();
-  welcome->cmdStart->click();
-  DesignPage* design = nullptr;
-  for (QWidget* shown : QApplication::topLevelWidgets()) {
-    if (auto* found = qobject_cast<DesignPage*>(shown); found != nullptr && found->isVisible()) design = found;
-  }
-  ASSERT_NE(design, nullptr);
-  page.reset(design);
-  QApplication::setActiveWindow(design);
+  auto& design = Show<DesignPage>();
   const NetworkState started = NetworkStateOf(session);
-  Click(design->Editor().StageX[1] - 600, 1000);  // the load, accepted as it is
-  Key(design->txtValue[0], Qt::Key_Return, {});
-  Key(design->txtFrequency, Qt::Key_Z);
+  Click(design.Editor().StageX[1] - 600, 1000);  // the load, accepted as it is
+  Key(design.txtValue[0], Qt::Key_Return, {});
+  Key(design.txtFrequency, Qt::Key_Z);
   EXPECT_EQ(NetworkStateOf(session), started);
-  EXPECT_EQ(session.DefaultInductorQ, 150);
   EXPECT_EQ(history.Stack().count(), 0);
 }
 
