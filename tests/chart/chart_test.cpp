@@ -128,12 +128,8 @@ TEST_F(ChartTest, QArcsTurnWhiteBeyondTheChartsEnds) {
   }
   // 1,801 points from 0 to 180 degrees on each of the two arcs.
   EXPECT_EQ(white.size() + testing::LinesIn(list, kTeal).size(), 2u * 1800);
-}
-
-TEST_F(ChartTest, QArcsBringTheirValueIntoRange) {
   for (const auto& [entered, drawn] : {std::pair{0.0f, 2.0f}, {0.05f, 0.1f}, {25.0f, 20.0f}}) {
-    session.QArcsOn = 1;
-    session.QCircle = entered;
+    session.QCircle = entered;  // brought into range when drawn
     DrawQArcs(session, list);
     EXPECT_FLOAT_EQ(session.QCircle, drawn) << entered;
   }
