@@ -123,7 +123,8 @@ TEST_F(PrintTest, ChartPageLeavesTheWindowsStripAndValuesAlone) {
   EXPECT_NE(testing::FindText(list, "'F'= 1.1 MHz"), nullptr);  // the sweep's legend
 }
 
-// 41 lines on the first page, 44 on the others; above 40 lines a caution.
+// 41 lines on the first page, 44 on the others; above 40 lines a caution,
+// and No to it prints nothing.
 TEST_F(PrintTest, TablePagesAndCaution) {
   for (const auto& [points, pages, caution] :
        {std::tuple{40, 1, ""}, {41, 2, "1"}, {85, 3, "2"}, {120, 3, "3"}}) {
@@ -138,10 +139,7 @@ TEST_F(PrintTest, TablePagesAndCaution) {
     EXPECT_EQ(TableCautionText(points), *caution == 0 ? "" : expected);
     EXPECT_EQ(dialogs.messages.empty(), *caution == 0) << points;
   }
-}
-
-TEST_F(PrintTest, NoToTheCautionPrintsNothing) {
-  session.SweepPoints = 41;
+  dialogs = testing::FakeDialogs();
   dialogs.answers.push_back(MessageAnswer::No);
   PrintTable(session, dialogs);
   EXPECT_TRUE(dialogs.printed.Commands().empty());
