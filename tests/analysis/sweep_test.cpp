@@ -229,10 +229,8 @@ TEST_F(SweepTest, TheBatchLeavesWhatAPointByPointLoopLeaves) {
       EXPECT_NEAR(batched.SweepRho[k], std::hypot(g.u, g.v), 1e-12) << k;
       EXPECT_NEAR(batched.SweepVSWR[k], (1 + batched.SweepRho[k]) / (1 - batched.SweepRho[k]), 1e-9) << k;
     }
-    EXPECT_EQ(batched.InputR, looped.InputR);
-    EXPECT_EQ(batched.InputX, looped.InputX);
-    EXPECT_EQ(batched.PointIndex, looped.PointIndex);
-    EXPECT_EQ(batched.VelocityFactor, looped.VelocityFactor);
+    EXPECT_EQ(std::tuple(batched.InputR, batched.InputX, batched.PointIndex, batched.VelocityFactor),
+              std::tuple(looped.InputR, looped.InputX, looped.PointIndex, looped.VelocityFactor));
   }
 }
 

@@ -126,10 +126,8 @@ TEST_F(TuningTest, LoadResistanceOfZeroBecomesFiftyOhms) {
   SelectPart(session, 0);
   EXPECT_EQ(EnterTopValue(session, dialogs, "0"), Entered::LoadReset);
   EXPECT_EQ(std::pair(session.Value[0][1], session.Value[0][2]), std::pair(50.0, 0.0));
-  EXPECT_EQ(dialogs.MessageTexts(),
-            std::vector<std::string>{
-                "You have set the real value for the antenna to zero or less;\r\n"
-                "a default value of 50 ohms has been substituted for that value."});
+  EXPECT_EQ(dialogs.MessageTexts(), testing::FakeDialogs::Only("You have set the real value for the antenna to zero or less;\r\n"
+                                                                "a default value of 50 ohms has been substituted for that value."));
   EXPECT_EQ(EnterBottomValue(session, "0"), Entered::Value);  // a load may have no X
 }
 
@@ -153,9 +151,8 @@ TEST_F(TuningTest, FrequencyEntryKeepsWithinItsLimitsAndWritesTheBoxFirst) {
 
 TEST_F(TuningTest, FrequencyStepsRoundTripWithoutLimits) {
   SetFineSteps(session, false);
-  const std::string down = StepTestFrequency(session, "10M", StepDirection::Down, kLargeStep);
+  EXPECT_EQ(StepTestFrequency(session, "10M", StepDirection::Down, kLargeStep), " 9.0909 M");
   EXPECT_DOUBLE_EQ(session.Frequency, 10e6 / 1.1);
-  EXPECT_EQ(down, " 9.0909 M");
   StepTestFrequency(session, "10M", StepDirection::Up, kLargeStep);
   EXPECT_DOUBLE_EQ(session.Frequency, 11e6);
   StepTestFrequency(session, "4k", StepDirection::Down, kLargeStep);

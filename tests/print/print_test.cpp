@@ -153,8 +153,7 @@ TEST_F(PrintTest, ACancelledDialogEndsTheChartSilentlyAndTheTableWithPrinterErro
   EXPECT_EQ(dialogs.printedPage.width, kChartPaper.width);
   PrintTable(session, dialogs);
   ASSERT_EQ(dialogs.messages.size(), 1u);
-  EXPECT_EQ(dialogs.messages[0].title, "Printer Error");
-  EXPECT_EQ(dialogs.messages[0].text, "Printing was cancelled.");
+  EXPECT_EQ(std::tuple(dialogs.messages[0].title, dialogs.messages[0].text), std::tuple("Printer Error", "Printing was cancelled."));
   EXPECT_TRUE(dialogs.printed.Commands().empty());
 }
 
