@@ -147,17 +147,6 @@ TEST_F(NetworkFileTest, FailingChecksSayWhichFileAndFallBackOnDefaults) {
   EXPECT_FLOAT_EQ(read.QCircle, 0.05f);  // a value read before the failure stays
 }
 
-TEST_F(NetworkFileTest, CancelledChooserAndMissingFile) {
-  read.Frequency = 7e6;
-  EXPECT_TRUE(!ReadNetworkFile(read, dialogs, "") && read.Frequency == 7e6);  // left alone
-  EXPECT_FALSE(ReadNetworkFile(read, dialogs, PathOf("absent.SSF")));
-  EXPECT_EQ(dialogs.MessageTexts(),
-            (std::vector<std::string>{"No file was chosen;  we are exiting the file-reading routine.",
-                                      "We had a problem reading file " + PathOf("absent.SSF") +
-                                          kProblemTail}));
-  ExpectNetworkDefaults();
-}
-
 TEST_F(NetworkFileTest, LastSessionRestoresWhatTheNetworkReaderRefusesAndAFailedWriteSaysSo) {
   written.Value[0][1] = 0.5;
   WriteLastSession(written, dialogs, PathOf(kLastSessionFileName));
@@ -175,6 +164,15 @@ TEST_F(NetworkFileTest, LastSessionRestoresWhatTheNetworkReaderRefusesAndAFailed
   ReadLastSession(read, PathOf("absent.SSF"));  // missing: silently the defaults
   ExpectNetworkDefaults();
   EXPECT_TRUE(dialogs.messages.empty());
+  read.Frequency = 7e6;  // a cancelled chooser leaves the network alone; a missing file is the defaults
+  EXPECT_TRUE(!ReadNetworkFile(read, dialogs, "") && read.Frequency == 7e6);
+  EXPECT_FALSE(ReadNetworkFile(read, dialogs, PathOf("absent.SSF")));
+  EXPECT_EQ(dialogs.MessageTexts(),
+            (std::vector<std::string>{"No file was chosen;  we are exiting the file-reading routine.",
+                                      "We had a problem reading file " + PathOf("absent.SSF") +
+                                          kProblemTail}));
+  ExpectNetworkDefaults();
+  dialogs.messages.clear();
 
   WriteLastSession(written, dialogs, PathOf("no-such-folder/LASTSESSION.SSF"));
   EXPECT_EQ(dialogs.beeps, 1);
