@@ -55,7 +55,6 @@ TEST_F(HostileInputTest, NothingInjectedNothingNonFinite) {
            {{"sweep", PathOf("net.SSF"), "--load", PathOf("open.s1p")}, kExitFailed, "no point whose load"},
            {{"sweep", PathOf("net.SSF"), "--load", PathOf("escape.s1p")}, kExitFailed, " [31mRED"},
            {{"impedance", "/proc/self/mem"}, kExitFailed, "cannot read /proc/self/mem: Input/output error"},
-           {{"sweep", PathOf("net.SSF"), "-o", PathOf("net.SSF")}, kExitUsage, "-o names the input file"},
            {{"sweep", PathOf("net.SSF"), "--load", PathOf("y.s1p"), "-o", PathOf("y.s1p")}, kExitUsage,
             "-o names the input file"}}) {
     const std::string network = ReadFile("net.SSF");

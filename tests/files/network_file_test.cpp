@@ -80,34 +80,32 @@ TEST_F(NetworkFileTest, WritesTheLayoutLineByLine) {
   EXPECT_TRUE(ReadFile("net.SSF").ends_with("\r\n"));
 }
 
+// The sample network, then one with a cable (all five slots written) and a
+// transformer (three), come back whole with their type numbers.
 TEST_F(NetworkFileTest, RoundTripRestoresTheSession) {
-  ASSERT_TRUE(ReadLines(WrittenLines()));
-  EXPECT_TRUE(dialogs.messages.empty());
-  EXPECT_EQ(std::tuple(read.Frequency, read.SystemZ, read.Value[0], read.ElementType),
-            std::tuple(written.Frequency, written.SystemZ, written.Value[0], written.ElementType));
-  for (int s = 1; s <= kLastStage; ++s) {
-    for (int k = 1; k <= 5; ++k) {
-      EXPECT_NEAR(read.Value[s][k], written.Value[s][k], 1e-13 * std::abs(written.Value[s][k]));
+  for (const bool feed : {false, true}) {
+    if (feed) {
+      written.ElementType = {0, Transformer, CoaxialCable, SeriesInductor, CoaxialCable};
+      written.Value[1] = {0, 49, 2.2e-5, 1.5e-7};
+      written.Value[2] = {0, 30.48, 50, 0.66, 1.3916, 0.0213};
+      written.Value[4] = {0, 0.25, 450, 0.91, 0.05, 0};
+    }
+    const std::vector<std::string> lines = WrittenLines();
+    if (feed) EXPECT_EQ(std::tuple(lines[9], lines[16], lines[21]),
+                        std::tuple("Element type for stage 1: 16 ", "Element type for stage 2: 15 ",
+                                   "   Value(5):  .0213 "));
+    ASSERT_TRUE(ReadLines(lines));
+    EXPECT_TRUE(dialogs.messages.empty());
+    EXPECT_EQ(std::tuple(read.Frequency, read.SystemZ, read.Value[0], read.ElementType, read.VSWRCircle,
+                         read.SweepStop, read.SweepPoints),
+              std::tuple(written.Frequency, written.SystemZ, written.Value[0], written.ElementType,
+                         written.VSWRCircle, written.SweepStop, written.SweepPoints));
+    for (int s = 1; s <= kLastStage; ++s) {
+      for (int k = 1; k <= 5; ++k) {
+        EXPECT_NEAR(read.Value[s][k], written.Value[s][k], 1e-13 * std::abs(written.Value[s][k])) << s << k;
+      }
     }
   }
-  EXPECT_EQ(std::tuple(read.VSWRCircle, read.SweepStop, read.SweepPoints),
-            std::tuple(written.VSWRCircle, written.SweepStop, written.SweepPoints));
-}
-
-// The cable fills all five written slots, the transformer three; both come
-// back with their type numbers and values.
-TEST_F(NetworkFileTest, CableAndTransformerStagesRoundTrip) {
-  written.ElementType = {0, Transformer, CoaxialCable, SeriesInductor, CoaxialCable};
-  written.Value[1] = {0, 49, 2.2e-5, 1.5e-7};
-  written.Value[2] = {0, 30.48, 50, 0.66, 1.3916, 0.0213};
-  written.Value[4] = {0, 0.25, 450, 0.91, 0.05, 0};
-  const std::vector<std::string> lines = WrittenLines();
-  EXPECT_EQ(std::tuple(lines[9], lines[16], lines[21]),
-            std::tuple("Element type for stage 1: 16 ", "Element type for stage 2: 15 ",
-                       "   Value(5):  .0213 "));
-  ASSERT_TRUE(ReadLines(lines));
-  EXPECT_EQ(read.ElementType, written.ElementType);
-  EXPECT_EQ(read.Value, written.Value);
 }
 
 // Comment and empty lines are skipped anywhere, labels are not checked, and
@@ -149,17 +147,6 @@ TEST_F(NetworkFileTest, FailingChecksSayWhichFileAndFallBackOnDefaults) {
   EXPECT_FLOAT_EQ(read.QCircle, 0.05f);  // a value read before the failure stays
 }
 
-TEST_F(NetworkFileTest, CancelledChooserAndMissingFile) {
-  read.Frequency = 7e6;
-  EXPECT_TRUE(!ReadNetworkFile(read, dialogs, "") && read.Frequency == 7e6);  // left alone
-  EXPECT_FALSE(ReadNetworkFile(read, dialogs, PathOf("absent.SSF")));
-  EXPECT_EQ(dialogs.MessageTexts(),
-            (std::vector<std::string>{"No file was chosen;  we are exiting the file-reading routine.",
-                                      "We had a problem reading file " + PathOf("absent.SSF") +
-                                          kProblemTail}));
-  ExpectNetworkDefaults();
-}
-
 TEST_F(NetworkFileTest, LastSessionRestoresWhatTheNetworkReaderRefusesAndAFailedWriteSaysSo) {
   written.Value[0][1] = 0.5;
   WriteLastSession(written, dialogs, PathOf(kLastSessionFileName));
@@ -177,6 +164,15 @@ TEST_F(NetworkFileTest, LastSessionRestoresWhatTheNetworkReaderRefusesAndAFailed
   ReadLastSession(read, PathOf("absent.SSF"));  // missing: silently the defaults
   ExpectNetworkDefaults();
   EXPECT_TRUE(dialogs.messages.empty());
+  read.Frequency = 7e6;  // a cancelled chooser leaves the network alone; a missing file is the defaults
+  EXPECT_TRUE(!ReadNetworkFile(read, dialogs, "") && read.Frequency == 7e6);
+  EXPECT_FALSE(ReadNetworkFile(read, dialogs, PathOf("absent.SSF")));
+  EXPECT_EQ(dialogs.MessageTexts(),
+            (std::vector<std::string>{"No file was chosen;  we are exiting the file-reading routine.",
+                                      "We had a problem reading file " + PathOf("absent.SSF") +
+                                          kProblemTail}));
+  ExpectNetworkDefaults();
+  dialogs.messages.clear();
 
   WriteLastSession(written, dialogs, PathOf("no-such-folder/LASTSESSION.SSF"));
   EXPECT_EQ(dialogs.beeps, 1);
