@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <numbers>
 
 #include "analysis/redraw.h"
 #include "chart/chart_view.h"
@@ -61,15 +62,76 @@ TEST_F(RedrawTest, GridTypesDrawTheirGridsInTheirColours) {
               std::pair(admittanceColour, impedanceColour)) << type;
     EXPECT_EQ(Label("+5", impedanceColour) != nullptr, impedance) << type;
     EXPECT_EQ(Label("-.5", admittanceColour) != nullptr, admittance) << type;
-    const auto fine = testing::LinesIn(list, RGB(255, 170, 170));
-    EXPECT_EQ(!fine.empty(), impedance) << type;
-    for (const DrawCommand& line : fine) {  // no fine line outside the chart
-      const Gamma g = ChartView::Of(session).PageToGamma(line.a);
-      EXPECT_LE(std::hypot(g.u, g.v), 1 + 1e-6) << type;
-    }
+    EXPECT_EQ(!testing::LinesIn(list, RGB(255, 170, 170)).empty(), impedance) << type;
   }
   StepGridType(session);
   EXPECT_EQ(session.GridType, 1);  // round from six to one
+}
+
+// The impedance grid's fine lines, counted from their formulas: 19 circles of
+// 180 chords (r = 0, .1 .. .9, 1, 1.2 .. 1.8, 2, 3, 4, 5) and 36 arcs (±x for
+// the same values but 0) from where they leave the unit circle, a0 = 90 +
+// 2 arctan(1/x) in single precision, to 270 in steps of 2.
+TEST_F(RedrawTest, FineImpedanceLinesFollowTheirFormulas) {
+  const ChartView view = ChartView::Of(session);
+  DrawImpedanceGrid(list, view, kStrongRed);
+  std::vector<double> xs;
+  for (float x = 0.1f; x < 1; x += 0.1f) xs.push_back(x);
+  for (float x = 1; x < 2; x += 0.2f) xs.push_back(x);
+  for (const double x : {2, 3, 4, 5}) xs.push_back(x);
+  std::size_t arcChords = 0;
+  for (const double x : xs) {
+    const float a0 = static_cast<float>(90 + 2 * std::atan(1 / x) * 180 / std::numbers::pi);
+    arcChords += 2 * static_cast<std::size_t>(std::floor((270 - a0) / 2));
+  }
+  const auto fine = testing::LinesIn(list, RGB(255, 170, 170));
+  EXPECT_EQ(fine.size(), 19 * 180 + arcChords);
+  for (const DrawCommand& line : fine) {
+    const Gamma g = view.PageToGamma(line.a);
+    EXPECT_LE(std::hypot(g.u, g.v), 1 + 1e-6);  // no fine line outside the chart
+  }
+}
+
+// Every label of both grids stands at its formula, in two different views:
+// the whole lists, in the grids' colours, compared at once.
+TEST_F(RedrawTest, LabelsStandAtTheirFormulas) {
+  using Labels = std::vector<std::tuple<std::string, long, long>>;  // text, x, y in thousandths
+  for (const ChartView view : {ChartView{8000, 5000, 3000 * std::sqrt(2.0), 0.5},
+                               ChartView{6500, 5200, 3000, 1.25}}) {
+    const double xc = view.centreX, yc = view.centreY, a = view.aspect, r = view.radius;
+    auto label = [](const char* text, double x, double y) {
+      return std::tuple(std::string(text), std::lround(x * 1000), std::lround(y * 1000));
+    };
+    const Labels impedance = {
+        label("+5", xc + a * 0.92 * r + 15, yc - 0.39 * r - 210), label("+2", xc + a * 0.6 * r - 120, yc - 0.8 * r - 240),
+        label("+1", xc - 180, yc - 0.999 * r - 240), label("+.5", xc - a * (0.62 * r + 240), yc - 0.82 * r - 60),
+        label("+.2", xc - a * (0.97 * r + 90), yc - 0.38 * r - 240), label("0", xc - a * (1.02 * r + 60), yc - 90),
+        label("-.2", xc - a * (0.97 * r + 90), yc + 0.38 * r), label("-.5", xc - a * (0.62 * r + 180), yc + 0.82 * r - 90),
+        label("-1", xc - 180, yc + 1.01 * r), label("-2", xc + a * 0.6 * r - 45, yc + 0.8 * r + 60),
+        label("-5", xc + a * 0.93 * r + 1, yc + 0.39 * r - 60), label(".2", xc - a * (0.67 * r + 120), yc - 70),
+        label(".5", xc - a * (0.33 * r + 120), yc - 70), label("1", xc - 60, yc - 70),
+        label("2", xc + a * (0.33 * r - 60), yc - 70), label("5", xc + a * (0.66 * r + 60), yc - 70)};
+    const Labels admittance = {
+        label("-.5", xc + a * (0.66 * r - 90), yc - 0.79 * r - 180), label("-1", xc + 90, yc - 0.999 * r - 240),
+        label("-2", xc - a * 0.62 * r, yc - 0.82 * r - 210), label("-.2", xc + a * (0.97 * r - 120), yc - 0.38 * r - 90),
+        label("0", xc + a * 1.02 * r, yc - 120), label("+.2", xc + a * (0.97 * r - 120), yc + 0.38 * r + 90),
+        label("+2", xc - a * (0.62 * r - 60), yc + 0.82 * r + 30), label("+1", xc + 90, yc + 1.01 * r),
+        label("+.5", xc + a * (0.66 * r - 120), yc + 0.79 * r - 30), label("5", xc - a * (0.67 * r - 60), yc - 170),
+        label("2", xc - a * (0.33 * r - 60), yc - 170), label("1", xc + 30, yc - 170),
+        label(".5", xc + a * (0.33 * r + 30), yc - 170), label(".2", xc + a * (0.66 * r + 30), yc - 170)};
+    for (const bool impedanceGrid : {true, false}) {
+      list.Reset();
+      if (impedanceGrid) {
+        DrawImpedanceGrid(list, view, kStrongRed);
+      } else {
+        DrawAdmittanceGrid(list, view, kStrongGreen);
+      }
+      Labels drawn;
+      for (const DrawCommand& c : testing::OfKind(list, Kind::Text)) drawn.push_back(label(c.text.c_str(), c.a.x, c.a.y));
+      EXPECT_EQ(drawn, impedanceGrid ? impedance : admittance);
+      EXPECT_NE(Label("0", impedanceGrid ? kStrongRed : kStrongGreen), nullptr);  // in the grid's colour
+    }
+  }
 }
 
 // The layers of a redraw, each first drawn after the one before: face, grids,
