@@ -12,12 +12,6 @@
 namespace kalvex {
 namespace {
 
-bool IsSeries(int16_t type) {
-  return type == SeriesCapacitor || type == SeriesInductor || type == SeriesLine ||
-         type == SeriesShortedStub || type == SeriesOpenStub || type == SeriesParallelLC ||
-         type == SeriesResistor;
-}
-
 // Lumped parts only: series inductors with shunt capacitors pass the low
 // frequencies, series capacitors with shunt inductors the high ones; a mix,
 // and anything made of lines (which repeats along the frequency axis), a band.

@@ -263,8 +263,9 @@ std::vector<Vector> DistinctBest(std::vector<std::pair<double, Vector>> samples,
                                  std::size_t wanted) {
   std::stable_sort(samples.begin(), samples.end(), [](const auto& a, const auto& b) { return a.first < b.first; });
   std::vector<Vector> chosen;
-  for (const auto& [value, x] : samples) {
+  for (const auto& sample : samples) {
     if (chosen.size() == wanted) break;
+    const Vector& x = sample.second;
     const bool near = std::any_of(chosen.begin(), chosen.end(), [&](const Vector& c) {
       for (std::size_t d = 0; d < x.size(); ++d) {
         if (std::fabs(c[d] - x[d]) > 0.1 * (search.High()[d] - search.Low()[d])) return false;
