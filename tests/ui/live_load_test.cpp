@@ -74,15 +74,15 @@ TEST_F(LiveLoadTest, EndsAsTheUserOrTheDeviceChooses) {
     arguments.insert(arguments.end(), {"--scan-time", "20"});
     const testing::SimulatedAnalyserProcess simulator(arguments);
     Start(simulator.Port());
-    ASSERT_TRUE(QTest::qWaitFor([this] { return Measured(); }, 5000)) << c.name << ": no sweep came";
+    ASSERT_TRUE(QTest::qWaitFor([this] { return Measured(); }, 20000)) << c.name << ": no sweep came";
     EXPECT_DOUBLE_EQ(session.LoadFreq[21], 15e6) << c.name;
     EXPECT_EQ(page->tuning->txtFreq->text().trimmed(), "14 M") << c.name << ": the middle point's frequency";
     if (c.button) {
-      ASSERT_TRUE(QTest::qWaitFor([this] { return page->StatusLine()->text().contains(" sweeps/s"); }, 5000))
+      ASSERT_TRUE(QTest::qWaitFor([this] { return page->StatusLine()->text().contains(" sweeps/s"); }, 20000))
           << c.name << ": " << page->StatusLine()->text().toStdString();
       (window->*c.button)->click();
     } else {
-      ASSERT_TRUE(QTest::qWaitFor([this] { return !dialogs.messages.empty(); }, 5000)) << c.name;
+      ASSERT_TRUE(QTest::qWaitFor([this] { return !dialogs.messages.empty(); }, 20000)) << c.name;
     }
     EXPECT_EQ(window->cmdStartStop->text(), "Start") << c.name;
     EXPECT_EQ(Measured(), c.loadKept) << c.name;
@@ -105,7 +105,7 @@ TEST_F(LiveLoadTest, EndsAsTheUserOrTheDeviceChooses) {
 TEST_F(LiveLoadTest, SavesTheLastSweepAsATouchstoneFile) {
   const testing::SimulatedAnalyserProcess simulator({"--scan-time", "20"});
   Start(simulator.Port());
-  ASSERT_TRUE(QTest::qWaitFor([this] { return Measured(); }, 5000));
+  ASSERT_TRUE(QTest::qWaitFor([this] { return Measured(); }, 20000));
   window->cmdFreeze->click();
   dialogs.fileNames.push_back(PathOf("antenna"));
   window->cmdSave->click();
