@@ -194,6 +194,13 @@ std::optional<int> CommandLine::Parse(const std::vector<std::string>& words, std
   } catch (const CLI::CallForHelp&) {
     out << "usage: kalvex-cli " << command_.usage << "\n";
     return kExitOk;
+  } catch (const CLI::ArgumentMismatch& error) {
+    // The parser's own words for a single-valued option given twice.
+    std::string problem = error.what();
+    if (const auto at = problem.find(": At Most 1 required"); at != std::string::npos) {
+      problem = problem.substr(0, at) + ": given more than once";
+    }
+    return Refuse(problem, err);
   } catch (const CLI::ParseError& error) {
     return Refuse(error.what(), err);
   }

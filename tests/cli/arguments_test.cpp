@@ -72,7 +72,7 @@ TEST_F(ArgumentsTest, EveryCommandRefusesMalformedArgumentsByName) {
 TEST_F(ArgumentsTest, Impedance) {
   ExpectRefusals("impedance", {{{"--freq"}, "--freq"},
                                {{"--freq", ""}, "--freq"}, {{"--freq", "abc"}, "--freq"}, {{"--freq", "nan"}, "--freq"},
-                               {{"--freq", "inf"}, "--freq"}, {{"--freq", "14M", "--freq", "28M"}, "--freq"},
+                               {{"--freq", "inf"}, "--freq"}, {{"--freq", "14M", "--freq", "28M"}, "--freq: given more than once"},
                                {{"--freq", "--bogus"}, "--freq"}, {{"--freq", "1e30"}, "10 kHz to 10 GHz"},
                                {{"--freq", "2e10"}, "10 kHz to 10 GHz"}, {{"--freq", "1e-300"}, "10 kHz to 10 GHz"},
                                {{"--freq", "-14M"}, "10 kHz to 10 GHz"}});
