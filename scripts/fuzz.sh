@@ -14,12 +14,13 @@ status=0
 for target in network_file defaults_file load_data_file parse_value touchstone sweep_outputs \
               deck_name arguments analyser_answers; do
   # libFuzzer adds what it finds to its first corpus folder: a copy, not the seeds.
-  work=build-fuzz/corpus/$target
+  # Full paths: a target may work in a folder of its own (the argument lists do).
+  work=$PWD/build-fuzz/corpus/$target
   mkdir -p "$work"
   cp -n fuzz/corpus/$target/* "$work"/ 2>/dev/null || true
   echo "fuzzing $target for ${seconds}s"
   if ! build-fuzz/fuzz/${target}_fuzz "$work" -max_total_time="$seconds" -timeout=10 \
-         -rss_limit_mb=2048 -max_len=65536 -artifact_prefix=build-fuzz/findings/$target- \
+         -rss_limit_mb=2048 -max_len=65536 -artifact_prefix=$PWD/build-fuzz/findings/$target- \
          -print_final_stats=1 2>build-fuzz/$target.log; then
     echo "finding in $target: see build-fuzz/$target.log and build-fuzz/findings/" >&2
     tail -n 30 build-fuzz/$target.log >&2
