@@ -177,6 +177,12 @@ void DesignPage::OpenDesignPage() {
   ShowEditor();
 }
 
+// A value box that loses the focus while the page is being destroyed must
+// not record typing on a page that is already half gone.
+DesignPage::~DesignPage() {
+  for (QLineEdit* box : {txtSystemZ, txtFrequency, txtCapacitorQ, txtInductorQ}) box->disconnect(this);
+}
+
 void DesignPage::ReopenDesignPage() {
   // The Analysis page's opening sequence runs once, as a visit would run it,
   // without showing it.

@@ -21,6 +21,7 @@ class DesignPage : public Page {
 
  public:
   DesignPage(Session& session, Dialogs& dialogs);
+  ~DesignPage() override;
 
   // Rebuilds the page from the session, as after reading a network.
   void ReopenDesignPage();
