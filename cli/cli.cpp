@@ -18,7 +18,7 @@ namespace {
 constexpr std::array kCommands = {
     Command{"impedance", "impedance FILE [--freq HZ]",
             "input resistance and reactance (ohms) of a network file, at its frequency or HZ",
-            RunImpedanceCommand},
+            RunImpedanceCommand, nullptr},
     Command{"sweep",
             "sweep FILE [--start HZ] [--stop HZ] [--points N] [--load LOADFILE] [--table]\n"
             "            [--touchstone] [--load-model fixed|fitted] [-o OUT]",
@@ -28,12 +28,12 @@ constexpr std::array kCommands = {
             "      with --touchstone the input reflection as a one-port Touchstone file; to OUT\n"
             "      or standard output; --load-model fitted takes the load as R with the C or L of\n"
             "      its X at the working frequency (default fixed: R + jX at every frequency)",
-            RunSweepCommand},
+            RunSweepCommand, nullptr},
     Command{"spice", "spice FILE [-o OUT]",
             "the network of FILE as a SPICE deck for ngspice or LTspice: V(in) is the input\n"
             "      impedance, over an AC sweep of the file's sweep settings; to OUT or standard\n"
             "      output",
-            RunSpiceCommand},
+            RunSpiceCommand, nullptr},
     Command{"match",
             "match FILE [--kinds L,PI,T,STUB,QW,MULTI] [--q Q] [--sections N] [--ripple DB]\n"
             "            [--load-model fixed|fitted] [--json] [--apply N -o OUT]",
@@ -44,14 +44,14 @@ constexpr std::array kCommands = {
             "      side of the working frequency when the sweep does not hold it), as a table or\n"
             "      with --json as one object; --apply N writes FILE's network with solution N to\n"
             "      the network file OUT",
-            RunMatchCommand},
+            RunMatchCommand, nullptr},
     Command{"band",
             "band FILE [--start HZ] [--stop HZ] [--points N] [--load LOADFILE]\n"
             "           [--thresholds 1.5,2,3] [--load-model fixed|fitted] [--json] [-o OUT]",
             "the match over the sweep band: worst and best VSWR and return loss, the band\n"
             "      edges at each VSWR threshold with the bandwidth, and the Bode-Fano bound of\n"
             "      the load with how much of it the network reaches; with --json one object",
-            RunBandCommand},
+            RunBandCommand, nullptr},
     Command{"optimize",
             "optimize FILE --free 1,2[,...] [--free-z0] [--start HZ] [--stop HZ] [--points N]\n"
             "            [--load LOADFILE] [--bounds practical|wide] [--load-model fixed|fitted]\n"
@@ -63,7 +63,7 @@ constexpr std::array kCommands = {
             "      one object; -o writes the optimised network file; values stay where parts can\n"
             "      be built (reactance 0.01..100 x the system impedance, lines 20..150 ohms)\n"
             "      unless --bounds wide",
-            RunOptimizeCommand},
+            nullptr, "kalvex-cli-optimise"},
     Command{"snap",
             "snap FILE --stages 1,3 [--series C=E24,L=E12,R=E96] [--start HZ] [--stop HZ]\n"
             "           [--points N] [--load LOADFILE] [--json] [-o OUT]",
@@ -72,7 +72,7 @@ constexpr std::array kCommands = {
             "      for the smallest worst VSWR over the band: every combination of the values\n"
             "      next below and above; prints the worst VSWR before, plainly rounded and\n"
             "      snapped, with the values, with --json as one object; -o writes the network",
-            RunSnapCommand},
+            nullptr, "kalvex-cli-optimise"},
     Command{"yield",
             "yield FILE [--tolerance C=5,L=5,R=1,LINE=2] [--distribution uniform|normal]\n"
             "            [--samples N] [--seed S] [--vswr 2] [--start HZ] [--stop HZ] [--points N]\n"
@@ -83,18 +83,18 @@ constexpr std::array kCommands = {
             "      3 sigma; the worst VSWR nominal and at the worst corner, and each part at its\n"
             "      two ends, largest effect first; with --json one object with the 5-95 %\n"
             "      envelope over frequency",
-            RunYieldCommand},
+            RunYieldCommand, nullptr},
     Command{"bom", "bom FILE [-o OUT.csv]",
             "the parts list of FILE as CSV: stage, part, value with its unit, the smallest\n"
             "      standard series that holds the value, and the default tolerance",
-            RunBomCommand},
+            RunBomCommand, nullptr},
     Command{"measure",
             "measure --port DEV [--start HZ] [--stop HZ] [--points N] [--sweeps K] [-o OUT]",
             "reads the load from a pocket vector network analyser on the serial port DEV:\n"
             "      one sweep, or the average of K, of --points (2..1000, default 101) from\n"
             "      --start to --stop (default 1M..30M), as a one-port Touchstone file for --load;\n"
             "      to OUT or standard output",
-            RunMeasureCommand},
+            RunMeasureCommand, nullptr},
     Command{"render",
             "render [FILE] --page welcome|design|analysis|band [--grid 1..6] [--zoom N]\n"
             "             [--aspect A] [--q-arcs] [--vswr-circle] [--sweep] [--load LOADFILE]\n"
@@ -108,7 +108,7 @@ constexpr std::array kCommands = {
             "      (1..8) and aspect (0.5..1.5), with the Q arcs, the VSWR circle and the sweep\n"
             "      of FILE's settings, over the points of a load-data file with --load; or the\n"
             "      band plot of VSWR, return loss or |Gamma| against frequency over the sweep",
-            nullptr},
+            nullptr, "kalvex-cli-draw"},
     Command{"print",
             "print FILE [--table] [--start HZ] [--stop HZ] [--points N] [--load LOADFILE]\n"
             "            [--grid 1..6] [--zoom N] [--q-arcs] [--vswr-circle] [--sweep] -o OUT",
@@ -116,7 +116,7 @@ constexpr std::array kCommands = {
             "      type, zoom and overlays as for render), or with --table the tabulated sweep\n"
             "      (sweep options as for sweep), every page, to a PDF, or the first page to\n"
             "      an SVG or PNG file, chosen by OUT's suffix",
-            nullptr},
+            nullptr, "kalvex-cli-draw"},
 };
 
 // Passes text on with every control character but the line break made a
@@ -167,7 +167,7 @@ int UsageError(const Command& command, const std::string& problem, std::ostream&
 namespace {
 
 int RunCommand(const std::vector<std::string>& args, std::ostream& out, std::ostream& err,
-               const DrawingCommands& drawing) {
+               CommandFinder find) {
   if (args.empty()) {
     PrintHelp(err);
     return kExitUsage;
@@ -178,9 +178,7 @@ int RunCommand(const std::vector<std::string>& args, std::ostream& out, std::ost
   }
   for (const Command& command : kCommands) {
     if (args.front() == command.name) {
-      const CommandRun run = command.run != nullptr                ? command.run
-                             : std::string_view(command.name) == "render" ? drawing.render
-                                                                          : drawing.print;
+      const CommandRun run = command.run != nullptr ? command.run : find(command);
       return run(command, {args.begin() + 1, args.end()}, out, err);
     }
   }
@@ -192,11 +190,11 @@ int RunCommand(const std::vector<std::string>& args, std::ostream& out, std::ost
 }  // namespace
 
 int RunCli(const std::vector<std::string>& args, std::ostream& out, std::ostream& err,
-           const DrawingCommands& drawing) {
+           CommandFinder find) {
   PrintableBuffer printable(err.rdbuf());
   std::ostream messages(&printable);
   try {
-    return RunCommand(args, out, messages, drawing);
+    return RunCommand(args, out, messages, find);
   } catch (const std::bad_alloc&) {
     messages << "kalvex-cli: not enough memory\n";
   } catch (const std::exception& error) {
@@ -205,10 +203,10 @@ int RunCli(const std::vector<std::string>& args, std::ostream& out, std::ostream
   return kExitFailed;
 }
 
-int RunCliProgram(int argc, char** argv, const DrawingCommands& drawing) {
+int RunCliProgram(int argc, char** argv, CommandFinder find) {
   // A reader that went away is a write error to report, not a signal to die of.
   std::signal(SIGPIPE, SIG_IGN);
-  int code = RunCli({argv + 1, argv + argc}, std::cout, std::cerr, drawing);
+  int code = RunCli({argv + 1, argv + argc}, std::cout, std::cerr, find);
   std::cout.flush();
   if (!std::cout || std::fflush(stdout) != 0 || std::ferror(stdout) != 0) {
     std::cerr << "kalvex-cli: cannot write to standard output: " << std::strerror(errno) << "\n";

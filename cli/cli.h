@@ -15,25 +15,31 @@ struct Command;
 using CommandRun = int (*)(const Command& self, const std::vector<std::string>& words,
                            std::ostream& out, std::ostream& err);
 
-// The commands that draw (render, print) need Qt, which the others never
-// load: each program says how it runs them. The desktop's drawing code runs
-// them in this process (kDrawHere, in the drawing library); kalvex-cli hands
-// them to kalvex-cli-draw, so that its other commands start at once.
-struct DrawingCommands {
-  CommandRun render;
-  CommandRun print;
-};
-extern const DrawingCommands kDrawHere;
+// Some commands load a heavy library: render and print Qt, optimize and snap
+// NLopt. Their code lives in libraries of its own, and each program says how
+// it runs them: the desktop's drawing library runs all of them in this process
+// (FindAnyCommand); kalvex-cli hands them to the program of their library, so
+// that its other commands start without loading either.
+using CommandFinder = CommandRun (*)(const Command& command);
+
+// render and print here, optimize and snap through FindOptimiserCommand.
+CommandRun FindAnyCommand(const Command& command);
+// optimize and snap here; none for the others.
+CommandRun FindOptimiserCommand(const Command& command);
+// Hands the command to the program of its library, which replaces this
+// process and answers for it (see Command::program).
+int RunInItsProgram(const Command& command, const std::vector<std::string>& words,
+                    std::ostream& out, std::ostream& err);
 
 // Runs one kalvex-cli command; `args` excludes the program name. Control
 // characters in what goes to `err` are made blanks; running out of memory or
 // any other failure that escapes a command is a message and exit 1.
 int RunCli(const std::vector<std::string>& args, std::ostream& out, std::ostream& err,
-           const DrawingCommands& drawing = kDrawHere);
+           CommandFinder find = FindAnyCommand);
 
 // A program's main: RunCli on its arguments with standard output and error,
 // then standard output flushed and checked, so that a full disk or a closed
 // pipe is a message and exit 1 rather than output silently lost.
-int RunCliProgram(int argc, char** argv, const DrawingCommands& drawing = kDrawHere);
+int RunCliProgram(int argc, char** argv, CommandFinder find = FindAnyCommand);
 
 }  // namespace kalvex

@@ -1,21 +1,11 @@
 #include "command_json.h"
 
-#include <nlohmann/json.hpp>
+#include "json_pieces.h"
 
 namespace kalvex {
 namespace {
 
-using Json = nlohmann::ordered_json;
-
 Json Optional(const std::optional<double>& value) { return value ? Json(*value) : Json(nullptr); }
-
-// Values 1..`last` of a stage, as the network file stores them.
-template <typename Values>
-Json StageValuesJson(const Values& values, int last) {
-  Json json = Json::array();
-  for (int slot = 1; slot <= last; ++slot) json.push_back(values[slot]);
-  return json;
-}
 
 Json PointJson(const BandPoint& point) {
   return {{"frequency", point.frequency}, {"vswr", point.vswr}, {"return_loss", point.returnLoss}};
@@ -26,8 +16,6 @@ Json FitJson(const BodeFanoFit& fit) {
           {"reactive", fit.reactive},             {"gamma", fit.gamma},
           {"vswr", fit.vswr},                     {"return_loss", Optional(fit.returnLoss)}};
 }
-
-std::string Line(const Json& json) { return json.dump() + "\n"; }
 
 }  // namespace
 
@@ -78,23 +66,6 @@ std::string BandJson(const BandFigures& figures) {
                {"bound_used", Optional(figures.boundUsed)}});
 }
 
-std::string OptimiseJson(const OptimiseResult& result) {
-  Json stages = Json::array();
-  for (const OptimisedStage& stage : result.stages) {
-    stages.push_back({{"stage", stage.stage},
-                      {"type", stage.type},
-                      {"values", StageValuesJson(stage.values, 4)},
-                      {"on_bound", stage.onBound},
-                      {"negligible", stage.negligible}});
-  }
-  return Line({{"before", result.before},
-               {"after", result.after},
-               {"stages", stages},
-               {"evaluations", result.evaluations},
-               {"bounds", result.wideBounds ? "wide" : "practical"},
-               {"load_model", LoadModelName(result.loadModel)}});
-}
-
 std::string YieldJson(const YieldResult& result) {
   Json envelope = Json::array();
   for (const YieldEnvelopePoint& p : result.envelope) {
@@ -113,25 +84,6 @@ std::string YieldJson(const YieldResult& result) {
                {"corners_worst_vswr", result.cornersWorst},
                {"envelope", envelope},
                {"parts", parts}});
-}
-
-std::string SnapJson(const SnapResult& result) {
-  Json parts = Json::array();
-  for (const SnappedPart& p : result.parts) {
-    parts.push_back({{"stage", p.part.stage}, {"part", PartLetter(p.part.kind)}, {"ideal", p.ideal},
-                     {"value", p.value}, {"series", SeriesName(p.series)}});
-  }
-  Json stages = Json::array();
-  for (const OptimisedStage& stage : result.stages) {
-    stages.push_back({{"stage", stage.stage}, {"type", stage.type}, {"snapped", IsSnapped(result, stage.stage)},
-                      {"values", StageValuesJson(stage.values, 4)}});
-  }
-  return Line({{"before", result.before},
-               {"rounded", result.rounded},
-               {"after", result.after},
-               {"combinations", result.combinations},
-               {"parts", parts},
-               {"stages", stages}});
 }
 
 }  // namespace kalvex

@@ -4,8 +4,6 @@
 
 #include "analysis/band.h"
 #include "matching/match.h"
-#include "matching/optimise.h"
-#include "matching/snap.h"
 #include "matching/yield.h"
 #include "model/session.h"
 
@@ -23,16 +21,9 @@ std::string MatchJson(const Session& session, const MatchResult& result);
 // worst, best, bandwidths, bode_fano with series and parallel, bound_used.
 std::string BandJson(const BandFigures& figures);
 
-// before, after, stages with stage, type and values, evaluations.
-std::string OptimiseJson(const OptimiseResult& result);
-
 // yield (0..1), yield_percent, samples, nominal_worst_vswr,
 // corners_worst_vswr, envelope (frequency, nominal, vswr_5, vswr_50, vswr_95,
 // worst) and parts ranked (stage, part, tolerance, low_vswr, high_vswr).
 std::string YieldJson(const YieldResult& result);
-
-// before, rounded, after, combinations, parts (stage, part, ideal, value,
-// series) and stages (stage, type, snapped, values).
-std::string SnapJson(const SnapResult& result);
 
 }  // namespace kalvex

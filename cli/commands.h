@@ -13,7 +13,8 @@ struct Command {
   const char* name;
   const char* usage;    // "impedance FILE [--freq HZ]"
   const char* summary;  // one line for --help
-  CommandRun run;       // none for the drawing commands: DrawingCommands runs them
+  CommandRun run;       // none where the code loads a heavy library (see cli.h)
+  const char* program;  // then the program that links that library
 };
 
 int RunImpedanceCommand(const Command& self, const std::vector<std::string>& words, std::ostream& out,

@@ -1,8 +1,15 @@
+#include <string_view>
+
 #include "cli.h"
 #include "commands.h"
 
 namespace kalvex {
 
-const DrawingCommands kDrawHere = {RunRenderCommand, RunPrintCommand};
+CommandRun FindAnyCommand(const Command& command) {
+  const std::string_view name = command.name;
+  if (name == "render") return RunRenderCommand;
+  if (name == "print") return RunPrintCommand;
+  return FindOptimiserCommand(command);
+}
 
 }  // namespace kalvex

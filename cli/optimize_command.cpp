@@ -3,7 +3,7 @@
 
 #include "cli.h"
 #include "cli_options.h"
-#include "command_json.h"
+#include "optimiser_json.h"
 #include "command_line.h"
 #include "commands.h"
 #include "console_dialogs.h"

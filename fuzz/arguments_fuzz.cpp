@@ -8,8 +8,10 @@
 #include <filesystem>
 #include <fstream>
 #include <sstream>
+#include <string_view>
 
 #include "cli.h"
+#include "commands.h"
 #include "drawing_requests.h"
 #include "files/network_file.h"
 #include "fuzz_input.h"
@@ -88,6 +90,13 @@ int PreparePrintOnly(const kalvex::Command& command, const std::vector<std::stri
   return kalvex::PreparePrint(command, words, out, err, dialogs, session, request).value_or(0);
 }
 
+kalvex::CommandRun FindHere(const kalvex::Command& command) {
+  const std::string_view name = command.name;
+  if (name == "render") return PrepareRenderOnly;
+  if (name == "print") return PreparePrintOnly;
+  return kalvex::FindOptimiserCommand(command);
+}
+
 }  // namespace
 
 // Each byte picks the next word: an option name (high bit set) or a value;
@@ -102,7 +111,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
   }
   std::ostringstream out;
   std::ostringstream err;
-  const int code = kalvex::RunCli(words, out, err, {PrepareRenderOnly, PreparePrintOnly});
+  const int code = kalvex::RunCli(words, out, err, FindHere);
   if (code == kalvex::kExitOk) kalvex::fuzz::RequireFiniteNumbers(out.str());
   if (code != kalvex::kExitOk && code != kalvex::kExitFailed && code != kalvex::kExitUsage) __builtin_trap();
   std::filesystem::remove(Folder() + "/out");

@@ -108,12 +108,16 @@ TEST_F(HostileInputTest, AKilledWritersTemporaryGoesWithTheNextWrite) {
   EXPECT_TRUE(fs::exists(PathOf(living)));
 }
 
-// Standard output is checked: a full disk is a message and exit 1.
+// Standard output is checked: a full disk is a message and exit 1, also in
+// the program kalvex-cli hands optimize to.
 TEST_F(HostileInputTest, AFullStandardOutputIsAFailure) {
-  const std::string command = std::string(KALVEX_CLI) + " impedance '" + PathOf("net.SSF") +
-                              "' >/dev/full 2>'" + PathOf("err") + "'";
-  EXPECT_EQ(WEXITSTATUS(std::system(command.c_str())), kExitFailed);
-  EXPECT_TRUE(Holds(ReadFile("err"), "cannot write to standard output"));
+  for (const char* command : {" impedance '", " optimize --free 1 '"}) {
+    SCOPED_TRACE(command);
+    const std::string line = std::string(KALVEX_CLI) + command + PathOf("net.SSF") +
+                             "' >/dev/full 2>'" + PathOf("err") + "'";
+    EXPECT_EQ(WEXITSTATUS(std::system(line.c_str())), kExitFailed);
+    EXPECT_TRUE(Holds(ReadFile("err"), "cannot write to standard output"));
+  }
 }
 
 }  // namespace
