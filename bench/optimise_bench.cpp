@@ -17,10 +17,7 @@ namespace {
 // Five free parts over a 2,000-point band: the time to converge, with the
 // evaluations and the worst VSWR before and after as counters.
 void BM_OptimiseFivePartsOver2000Points(benchmark::State& state) {
-  kalvex::Session session = kalvex::testing::FiveStageNetwork();
-  session.SweepStart = 13.5e6;
-  session.SweepStop = 15e6;
-  session.SweepPoints = 2000;
+  kalvex::Session session = kalvex::testing::FiveStageNetworkSwept(2000);
   kalvex::OptimiseResult result;
   for (auto _ : state) {
     result = kalvex::Optimise(session, {{1, 2, 3, 4, 5}, false, true});

@@ -81,19 +81,10 @@ void BM_Calculation5000InWorkerThread(benchmark::State& state) {
 }
 BENCHMARK(BM_Calculation5000InWorkerThread)->Unit(benchmark::kMillisecond)->UseRealTime();
 
-// Five free parts over a 2,000-point band, the network and band of
-// kalvex_bench's optimiser benchmark.
-kalvex::Session OptimisedSession() {
-  kalvex::Session session = kalvex::testing::FiveStageNetwork();
-  session.SweepStart = 13.5e6;
-  session.SweepStop = 15e6;
-  session.SweepPoints = 2000;
-  return session;
-}
-
-// The search as kalvex-cli optimize runs it: on the main thread, no Qt.
+// The search as kalvex-cli optimize runs it, on the network and band of
+// kalvex_bench's optimiser benchmark: on the main thread, no Qt.
 void BM_OptimiseAsTheCommandLine(benchmark::State& state) {
-  const kalvex::Session session = OptimisedSession();
+  const kalvex::Session session = kalvex::testing::FiveStageNetworkSwept(2000);
   for (auto _ : state) {
     benchmark::DoNotOptimize(kalvex::Optimise(session, {{1, 2, 3, 4, 5}, false, true}).after);
   }
@@ -102,7 +93,7 @@ void BM_OptimiseAsTheCommandLine(benchmark::State& state) {
 // The same search started from the Optimise dialog (every stage free, over
 // the band): in the dialog's worker thread, while Qt runs.
 void BM_OptimiseDialogSearch(benchmark::State& state) {
-  kalvex::Session session = OptimisedSession();
+  kalvex::Session session = kalvex::testing::FiveStageNetworkSwept(2000);
   kalvex::OptimiseDialog dialog(session);
   for (auto _ : state) {
     dialog.cmdStart->click();

@@ -10,10 +10,7 @@ namespace {
 // The yield of five parts, 10,000 networks over a 201-point band, on every
 // core; the yield and the worst corner as counters.
 void BM_YieldFivePartsTenThousandSamplesOver201Points(benchmark::State& state) {
-  kalvex::Session session = kalvex::testing::FiveStageNetwork();
-  session.SweepStart = 13.5e6;
-  session.SweepStop = 15e6;
-  session.SweepPoints = 201;
+  kalvex::Session session = kalvex::testing::FiveStageNetworkSwept(201);
   kalvex::YieldResult result;
   for (auto _ : state) {
     result = kalvex::ComputeYield(session, {});
@@ -27,7 +24,7 @@ BENCHMARK(BM_YieldFivePartsTenThousandSamplesOver201Points)->Unit(benchmark::kMi
 // left free: three capacitors (stages 1, 3, 5) snapped to E24, the inductor
 // and stub re-tuned over a 201-point band for each of the eight combinations.
 void BM_SnapThreePartsTwoRetuned(benchmark::State& state) {
-  kalvex::Session session = kalvex::testing::FiveStageNetwork();
+  kalvex::Session session = kalvex::testing::FiveStageNetworkSwept(201);
   kalvex::MatchRequest request;
   request.kinds = {kalvex::MatchKind::Pi};
   request.loadedQ = 3;
@@ -38,9 +35,6 @@ void BM_SnapThreePartsTwoRetuned(benchmark::State& state) {
   session.Value[4] = {0, 1, 14.2e6, 50};
   session.ElementType[5] = kalvex::SeriesCapacitor;
   session.Value[5] = {0, 1e-9, 1000};
-  session.SweepStart = 13.5e6;
-  session.SweepStop = 15e6;
-  session.SweepPoints = 201;
   kalvex::SnapResult result;
   for (auto _ : state) {
     result = kalvex::SnapToStandardValues(session, {{1, 3, 5}, {}});

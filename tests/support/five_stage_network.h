@@ -23,4 +23,13 @@ inline Session FiveStageNetwork() {
   return session;
 }
 
+// The same network swept over the 20 m band, 13.5 to 15 MHz, in `points`.
+inline Session FiveStageNetworkSwept(int points) {
+  Session session = FiveStageNetwork();
+  session.SweepStart = 13.5e6;
+  session.SweepStop = 15e6;
+  session.SweepPoints = points;
+  return session;
+}
+
 }  // namespace kalvex::testing
