@@ -3,6 +3,7 @@
 #include <cmath>
 
 #include "model/format.h"
+#include "model/network_state.h"
 #include "model/number_text.h"
 #include "model/trim.h"
 
@@ -11,6 +12,16 @@ namespace {
 
 std::string Frequency(const std::optional<double>& f) {
   return f ? std::string(Trim(FormatSI(*f), " ")) + "Hz" : "none";
+}
+
+// As the status line shows them: a reflection below kMatchedReflection is 0
+// and its return loss "> 120 dB", not the rounding's 4e-24 and 467 dB.
+std::string GammaText(double gamma) {
+  return gamma < kMatchedReflection ? std::string("0") : FormattedNumber("%.4g", gamma);
+}
+
+std::string ReturnLossText(double db) {
+  return db >= kMatchedReturnLossDb ? std::string("> 120 dB") : FormattedNumber("%.3f dB", db);
 }
 
 std::string FitLine(const char* form, const BodeFanoFit& fit) {
@@ -23,8 +34,8 @@ std::string FitLine(const char* form, const BodeFanoFit& fit) {
                                           : std::string(Trim(FormatInductance(fit.reactive), " "));
   return std::string(form) + " R" + (fit.capacitive ? "C" : "L") + " (" +
          FormattedNumber("%.4g", fit.r) + " ohms, " + std::string(Trim(part, " ")) + "): |Gamma| >= " +
-         FormattedNumber("%.4g", fit.gamma) + ", VSWR " + FormattedNumber("%.4g", fit.vswr) + ", return loss " +
-         (fit.returnLoss ? FormattedNumber("%.3f dB", *fit.returnLoss) : std::string("none")) + "\n";
+         GammaText(fit.gamma) + ", VSWR " + FormattedNumber("%.4g", fit.vswr) + ", return loss " +
+         (fit.returnLoss ? ReturnLossText(*fit.returnLoss) : std::string("none")) + "\n";
 }
 
 }  // namespace
@@ -34,9 +45,9 @@ std::string BandReport(const BandFigures& figures) {
                      ", working frequency " + Frequency(figures.workingFrequency) + ", load model " +
                      LoadModelName(figures.loadModel) + "\n";
   text += "Worst: VSWR " + FormattedNumber("%.4g", figures.worst.vswr) + ", return loss " +
-          FormattedNumber("%.3f dB", figures.worst.returnLoss) + " at " + Frequency(figures.worst.frequency) + "\n";
+          ReturnLossText(figures.worst.returnLoss) + " at " + Frequency(figures.worst.frequency) + "\n";
   text += "Best:  VSWR " + FormattedNumber("%.4g", figures.best.vswr) + ", return loss " +
-          FormattedNumber("%.3f dB", figures.best.returnLoss) + " at " + Frequency(figures.best.frequency) + "\n";
+          ReturnLossText(figures.best.returnLoss) + " at " + Frequency(figures.best.frequency) + "\n";
   for (const BandEdges& e : figures.edges) {
     text += "VSWR " + FormattedNumber("%g", e.vswr) + ": " + Frequency(e.low) + " to " + Frequency(e.high) +
             (e.hertz ? ", " + Frequency(e.hertz) + " wide, " + FormattedNumber("%.3f %%", *e.percent) : "") + "\n";

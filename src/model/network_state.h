@@ -38,6 +38,8 @@ void RestoreNetworkState(Session& session, const NetworkState& state);
 // A reflection below this is an exact match: it shows as 0, "matched", with
 // a return loss above 120 dB rather than the rounding's figures.
 inline constexpr double kMatchedReflection = 1e-9;
+// The return loss of that reflection, 20 log10(1 / 1e-9).
+inline constexpr double kMatchedReturnLossDb = 180;
 
 // The match at the working frequency as one line: "Input 50.1 -j113.7 ohms
 // |Gamma| 0.747 at -47.1 deg  VSWR 6.89  Return loss 2.54 dB  at 14 MHz";

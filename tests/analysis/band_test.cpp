@@ -131,6 +131,16 @@ TEST(BandFigures, ALosslessLoadHasNoMatchOverABand) {
   EXPECT_NE(BandReport(figures).find("no match is possible over a band"), std::string::npos);
 }
 
+// A bound or a match below the matched reflection reads as the status line
+// reads it, not as the rounding's 4e-24 and 467 dB.
+TEST(BandFigures, ReportShowsANegligibleReflectionAsMatched) {
+  BandFigures figures = ComputeBandFigures(BareLoad(50, 0));
+  figures.series = {true, 36, 560e-12, 4.5e-24, 1, 467, false};
+  const std::string report = BandReport(figures);
+  EXPECT_NE(report.find("|Gamma| >= 0, VSWR 1, return loss > 120 dB"), std::string::npos) << report;
+  EXPECT_NE(report.find("Worst: VSWR 1, return loss > 120 dB"), std::string::npos) << report;
+}
+
 // Fixed, the load is R + jX at every frequency; fitted, R with the capacitor or
 // inductor of X at the working frequency, whose reactance scales with 1/f or f.
 TEST(BandFigures, LoadModelSetsTheLoadAcrossTheBand) {
