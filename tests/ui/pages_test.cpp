@@ -20,6 +20,7 @@
 #include "ui/welcome_page.h"
 #include "ui/analysis_page.h"
 #include "ui/overlay_setup_dialog.h"
+#include "ui/session_history.h"
 #include "ui/sweep_setup_dialog.h"
 #include "ui/tabulate_page.h"
 
@@ -323,6 +324,40 @@ TEST_F(DesignPageTest, MatchDialogAppliesTheChosenNetwork) {
   EXPECT_EQ(session.ElementType[3], Empty);
 }
 
+// Snap in the Match dialog puts the chosen network's parts on the series
+// chosen per kind, and Apply writes the snapped network as one undo step. A
+// snap belongs to its solution: choosing another drops it.
+TEST_F(DesignPageTest, MatchDialogSnapsTheChosenNetworkAsOneStep) {
+  session.Value[0][1] = 25;
+  session.Value[0][2] = 80;
+  session.ElementType[1] = Empty;
+  SessionHistory history(session);
+  WhenModalShows<MatchDialog>([](MatchDialog& dialog) {
+    dialog.cboKind->setCurrentIndex(1);  // L networks
+    dialog.cmdCompute->click();
+    dialog.series->cboCapacitorSeries->setCurrentText("E6");
+    dialog.series->cmdSnap->click();
+    dialog.WaitForSnap();
+    EXPECT_TRUE(dialog.lblSnap->text().contains("snapped")) << dialog.lblSnap->text().toStdString();
+    dialog.lstSolutions->selectRow(3);
+    EXPECT_TRUE(dialog.lblSnap->text().isEmpty());
+    dialog.series->cmdSnap->click();
+    dialog.WaitForSnap();
+    dialog.cmdApply->click();
+  });
+  QApplication::setActiveWindow(page.get());
+  QTest::keyClick(page.get(), Qt::Key_M, Qt::ControlModifier);
+  ASSERT_EQ(history.Stack().count(), 1);
+  EXPECT_EQ(history.Stack().undoText(), "Match applied (L, 2 parts), snapped");
+  for (int s = 1; s <= 2; ++s) {
+    const bool capacitor = session.ElementType[s] == SeriesCapacitor || session.ElementType[s] == ShuntCapacitor;
+    const double value = session.Value[s][1];
+    EXPECT_EQ(NeighboursOf(value, capacitor ? ESeries::E6 : ESeries::E12).below, value) << "stage " << s;
+  }
+  history.Undo();
+  EXPECT_EQ(session.ElementType[1], Empty);
+}
+
 // The Optimise dialog searches off the window's thread and applies its result;
 // Snap puts the stages that are not free on the chosen series and re-tunes the
 // free ones, and Apply writes both, named as one undo step.
@@ -346,8 +381,8 @@ TEST_F(AnalysisPageTest, OptimiseDialogTunesTheFreeStagesAndSnapsTheLockedOnes) 
   session.Value[1][1] = 123e-12;
   OptimiseDialog snap(session);
   snap.chkStage[0]->setChecked(false);
-  snap.cboCapacitorSeries->setCurrentText("E12");
-  searchAndApply(snap, snap.cmdSnap);
+  snap.series->cboCapacitorSeries->setCurrentText("E12");
+  searchAndApply(snap, snap.series->cmdSnap);
   EXPECT_TRUE(snap.lblWorst->text().contains("snapped")) << snap.lblWorst->text().toStdString();
   EXPECT_EQ(snap.AppliedStep(), "Snapped to standard values");
   EXPECT_EQ(NeighboursOf(session.Value[1][1], ESeries::E12).below, session.Value[1][1]);
