@@ -15,8 +15,8 @@ constexpr Colour kNominalBlue = RGB(17, 17, 255);
 constexpr Colour kEnvelopeBlue = RGB(190, 205, 255);
 constexpr Colour kWorstRed = RGB(255, 17, 17);
 constexpr Colour kGoalOrange = RGB(238, 153, 17);
-// The envelope is filled in strips this wide, narrower than a pixel of a
-// full-screen window.
+// The envelope is filled in strips this far apart, narrower than a pixel of
+// a full-screen window; each reaches over the next so that no seam shows.
 constexpr double kStrip = 10;
 
 // Ranked parts' columns: stage, part, tolerance, the worst VSWR at each end.
@@ -55,10 +55,10 @@ double Between(const std::vector<YieldEnvelopePoint>& points, double f, double Y
 void DrawEnvelope(Canvas& canvas, const Plot& plot, const std::vector<YieldEnvelopePoint>& points) {
   const double span = plot.HighFrequency() - plot.LowFrequency();
   for (double x = kLeft; x < kRight; x += kStrip) {
-    const double right = std::min(x + kStrip, kRight);
-    const double f = plot.LowFrequency() + ((x + right) / 2 - kLeft) / (kRight - kLeft) * span;
+    const double f = plot.LowFrequency() + (x + kStrip / 2 - kLeft) / (kRight - kLeft) * span;
     canvas.FillRect({x, plot.Y(Between(points, f, &YieldEnvelopePoint::high))},
-                    {right, plot.Y(Between(points, f, &YieldEnvelopePoint::low))}, kEnvelopeBlue);
+                    {std::min(x + 2 * kStrip, kRight), plot.Y(Between(points, f, &YieldEnvelopePoint::low))},
+                    kEnvelopeBlue);
   }
 }
 
@@ -81,9 +81,10 @@ void DrawGoal(Canvas& canvas, Labels& labels, const Plot& plot, double goal) {
 
 std::string Summary(const YieldResult& result, const YieldRequest& request) {
   return "Yield " + FormattedNumber("%.1f", 100 * result.yield) + " % at VSWR " + Number(request.goal) +
-         " or better\n" + std::to_string(result.samples) + " networks, " +
-         (request.spread == Spread::Uniform ? "uniform" : "normal (3 sigma)") + ", seed " +
-         std::to_string(request.seed) + "\nNominal worst VSWR " + Number(result.nominalWorst) +
+         " or better\n" + std::to_string(result.samples) + " networks, seed " + std::to_string(request.seed) +
+         "\nSpread " +
+         (request.spread == Spread::Uniform ? "uniform" : "normal, tolerance = 3 sigma") +
+         "\nNominal worst VSWR " + Number(result.nominalWorst) +
          "\nCorners worst VSWR " + Number(result.cornersWorst) + "\n";
 }
 
@@ -107,9 +108,7 @@ double DrawLegend(Canvas& canvas, double top) {
 }
 
 void DrawRanking(Canvas& canvas, const YieldResult& result, double top) {
-  top = DrawFigures(canvas, "Parts by their share of the spread: the worst VSWR with the part at each end of "
-                            "its tolerance, the others nominal",
-                    top);
+  top = DrawFigures(canvas, "Parts by their share of the spread: worst VSWR with one part at each end", top);
   const double step = TextBox({}, "0", kFiguresPoints).bottom;
   const auto row = [&](const std::vector<std::string>& cells) {
     for (std::size_t c = 0; c < cells.size(); ++c) canvas.Text({kColumns[c], top}, cells[c]);

@@ -7,6 +7,10 @@
 
 namespace kalvex {
 
+// The figures' column ends above this height, however many parts are ranked:
+// a window may put controls of its own below it.
+inline constexpr double kYieldFiguresBottom = 6150;
+
 // The yield over the band, drawn as the band plot is: the nominal network's
 // VSWR, the band that 5 to 95 % of the built networks lie in, the worst of
 // the corners at each frequency and the goal, with the yield, how the

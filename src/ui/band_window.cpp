@@ -20,9 +20,9 @@ constexpr int kFewestSamples = 100;
 constexpr int kMostSamples = 1'000'000;
 constexpr double kHighestTolerance = 99;
 
-// The controls sit in the figures' column, below the ranking of ten parts.
+// The controls sit in the figures' column, below its text.
 constexpr double kControlsLeft = 8100;
-constexpr double kControlsTop = 5650;
+constexpr double kControlsTop = kYieldFiguresBottom;
 constexpr double kRowHeight = 330;
 constexpr double kRowStep = 400;
 
@@ -96,9 +96,9 @@ void BandWindow::PlaceYieldControls() {
   txtGoal->setText(Figure(settings.goal));
   txtSamples->setText(QString::number(settings.samples));
   txtSeed->setText(QString::number(settings.seed));
-  cboSpread->addItems({"uniform", "normal (3 sigma)"});
+  cboSpread->addItems({"uniform", "normal"});
   cboSpread->setCurrentIndex(settings.spread == Spread::Uniform ? 0 : 1);
-  cboSpread->setToolTip("Each part evenly within its tolerance, or normally with the tolerance at 3 sigma");
+  cboSpread->setToolTip("Each part evenly within its tolerance, or normally with the tolerance at 3 sigma (and never beyond it)");
   tblTolerances->setColumnCount(3);
   tblTolerances->setHorizontalHeaderLabels({"Stage", "Part", "+/- %"});
   tblTolerances->verticalHeader()->hide();
@@ -111,8 +111,8 @@ void BandWindow::PlaceYieldControls() {
   Place(lblSamples, kControlsLeft + 1900, top, 850, kRowHeight);
   Place(txtSamples, kControlsLeft + 2750, top, 1000, kRowHeight);
   Place(lblSpread, kControlsLeft, top + kRowStep, 900, kRowHeight);
-  Place(cboSpread, kControlsLeft + 900, top + kRowStep, 1700, kRowHeight);
-  Place(lblSeed, kControlsLeft + 2750 - 550, top + kRowStep, 500, kRowHeight);
+  Place(cboSpread, kControlsLeft + 900, top + kRowStep, 1300, kRowHeight);
+  Place(lblSeed, kControlsLeft + 2300, top + kRowStep, 450, kRowHeight);
   Place(txtSeed, kControlsLeft + 2750, top + kRowStep, 1000, kRowHeight);
   Place(tblTolerances, kControlsLeft, top + 2 * kRowStep, 3750, kBandPage.height - 100 - (top + 2 * kRowStep));
   for (QLineEdit* box : {txtGoal, txtSamples, txtSeed}) {
