@@ -9,6 +9,7 @@
 
 #include "analysis/tabulate.h"
 #include "files/network_file.h"
+#include "model/network_state.h"
 #include "support/five_stage_network.h"
 #include "support/image_box.h"
 #include "support/pages_in_folder.h"
@@ -330,32 +331,41 @@ TEST_F(DesignPageTest, MatchDialogAppliesTheChosenNetwork) {
 TEST_F(DesignPageTest, MatchDialogSnapsTheChosenNetworkAsOneStep) {
   session.Value[0][1] = 25;
   session.Value[0][2] = 80;
-  session.ElementType[1] = Empty;
   SessionHistory history(session);
-  WhenModalShows<MatchDialog>([](MatchDialog& dialog) {
-    dialog.cboKind->setCurrentIndex(1);  // L networks
-    dialog.cmdCompute->click();
-    dialog.series->cboCapacitorSeries->setCurrentText("E6");
-    dialog.series->cmdSnap->click();
-    dialog.WaitForSnap();
-    EXPECT_TRUE(dialog.lblSnap->text().contains("snapped")) << dialog.lblSnap->text().toStdString();
-    dialog.lstSolutions->selectRow(3);
-    EXPECT_TRUE(dialog.lblSnap->text().isEmpty());
-    dialog.series->cmdSnap->click();
-    dialog.WaitForSnap();
-    dialog.cmdApply->click();
-  });
-  QApplication::setActiveWindow(page.get());
-  QTest::keyClick(page.get(), Qt::Key_M, Qt::ControlModifier);
-  ASSERT_EQ(history.Stack().count(), 1);
-  EXPECT_EQ(history.Stack().undoText(), "Match applied (L, 2 parts), snapped");
-  for (int s = 1; s <= 2; ++s) {
-    const bool capacitor = session.ElementType[s] == SeriesCapacitor || session.ElementType[s] == ShuntCapacitor;
-    const double value = session.Value[s][1];
-    EXPECT_EQ(NeighboursOf(value, capacitor ? ESeries::E6 : ESeries::E12).below, value) << "stage " << s;
+  const NetworkState started = NetworkStateOf(session);
+  for (const bool snapChosen : {true, false}) {
+    WhenModalShows<MatchDialog>([snapChosen](MatchDialog& dialog) {
+      dialog.cboKind->setCurrentIndex(1);  // L networks
+      dialog.cmdCompute->click();
+      dialog.series->cboCapacitorSeries->setCurrentText("E6");
+      dialog.series->cmdSnap->click();
+      dialog.WaitForSnap();
+      EXPECT_TRUE(dialog.lblSnap->text().contains("snapped")) << dialog.lblSnap->text().toStdString();
+      dialog.lstSolutions->selectRow(3);
+      EXPECT_TRUE(dialog.lblSnap->text().isEmpty());
+      if (snapChosen) {
+        dialog.series->cmdSnap->click();
+        dialog.WaitForSnap();
+      }
+      dialog.cmdApply->click();
+    });
+    const int steps = history.Stack().count();
+    QApplication::setActiveWindow(page.get());
+    QTest::keyClick(page.get(), Qt::Key_M, Qt::ControlModifier);
+    ASSERT_EQ(history.Stack().count(), steps + 1);
+    EXPECT_EQ(history.Stack().undoText(),
+              snapChosen ? "Match applied (L, 2 parts), snapped" : "Match applied (L, 2 parts)");
+    int standard = 0;
+    for (int s = 1; s <= 2; ++s) {
+      const bool capacitor = session.ElementType[s] == SeriesCapacitor || session.ElementType[s] == ShuntCapacitor;
+      const double value = session.Value[s][1];
+      standard += NeighboursOf(value, capacitor ? ESeries::E6 : ESeries::E12).below == value;
+    }
+    EXPECT_EQ(standard, snapChosen ? 2 : 0);
   }
   history.Undo();
-  EXPECT_EQ(session.ElementType[1], Empty);
+  history.Undo();
+  EXPECT_EQ(NetworkStateOf(session), started);
 }
 
 // The Optimise dialog searches off the window's thread and applies its result;
