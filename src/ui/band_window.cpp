@@ -102,6 +102,8 @@ void BandWindow::PlaceYieldControls() {
   tblTolerances->setColumnCount(3);
   tblTolerances->setHorizontalHeaderLabels({"Stage", "Part", "+/- %"});
   tblTolerances->verticalHeader()->hide();
+  // Rows as tall as the window's font, which follows the window's size.
+  tblTolerances->verticalHeader()->setSectionResizeMode(QHeaderView::ResizeToContents);
   tblTolerances->horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
   tblTolerances->setToolTip("Each part's tolerance: C 5 %, L 5 %, R 1 % and lines and stubs 2 % of their length "
                             "unless changed here; a part of 0 % is built exact");
