@@ -8,17 +8,21 @@
 
 namespace kalvex {
 
+std::string StageText(const OptimisedStage& stage) {
+  std::array<double, kSlotCount> values{};
+  std::copy(stage.values.begin(), stage.values.end(), values.begin());
+  std::string text = "Stage " + std::to_string(stage.stage) + ": " + PartName(stage.type);
+  for (const std::string& part : PartValueLines(stage.type, values)) text += ", " + part;
+  return text;
+}
+
 std::string SnapReport(const SnapResult& result) {
   std::string text = "Worst VSWR " + FormattedNumber("%.6g", result.before) + " before, " +
                      FormattedNumber("%.6g", result.rounded) + " rounded, " +
                      FormattedNumber("%.6g", result.after) + " snapped (" + std::to_string(result.combinations) +
                      " combinations)\n";
   for (const OptimisedStage& s : result.stages) {
-    std::array<double, kSlotCount> values{};
-    std::copy(s.values.begin(), s.values.end(), values.begin());
-    text += "Stage " + std::to_string(s.stage) + ": " + PartName(s.type);
-    for (const std::string& part : PartValueLines(s.type, values)) text += ", " + part;
-    text += IsSnapped(result, s.stage) ? " (standard)\n" : " (re-tuned)\n";
+    text += StageText(s) + (IsSnapped(result, s.stage) ? " (standard)\n" : " (re-tuned)\n");
   }
   return text;
 }
