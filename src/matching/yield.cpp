@@ -100,8 +100,14 @@ YieldResult ComputeYield(const Session& session, const YieldRequest& request, co
     result.nominalWorst = std::max(result.nominalWorst, vswr[k]);
   }
 
+  const auto cancelled = [] {
+    YieldResult none;
+    none.cancelled = true;
+    return none;
+  };
   // Every part at one end or the other: 2^n networks, n at most ten.
   for (std::uint32_t corner = 0; corner < (1u << parts.size()); ++corner) {
+    if (corner % kBlock == 0 && cancel && cancel->load()) return cancelled();
     for (std::size_t p = 0; p < parts.size(); ++p) deviations[p] = (corner >> p) & 1 ? 1 : -1;
     SetParts(nominal, parts, deviations);
     band.VSWRs(nominal, vswr);
@@ -165,11 +171,7 @@ YieldResult ComputeYield(const Session& session, const YieldRequest& request, co
   for (int t = 1; t < threads; ++t) pool.emplace_back(work);
   work();
   pool.clear();
-  if (stopped) {
-    YieldResult none;
-    none.cancelled = true;
-    return none;
-  }
+  if (stopped) return cancelled();
 
   const auto good = std::count_if(result.sampleWorst.begin(), result.sampleWorst.end(),
                                   [&](double worst) { return worst <= request.goal; });

@@ -73,7 +73,7 @@ void SetTolerance(YieldRequest& request, const NetworkPart& part, double percent
 // data's). Sample k's parts come from the seed and k alone, so the figures
 // are the same for a seed whatever the number of threads. Each network's VSWR
 // at each point is kept for the envelope: samples × points doubles. Setting `cancel`
-// stops the run at its next block of samples.
+// stops the run at its next block of corners or samples.
 YieldResult ComputeYield(const Session& session, const YieldRequest& request,
                          const std::atomic<bool>* cancel = nullptr);
 
