@@ -51,6 +51,9 @@ class YieldViewTest : public testing::PagesInFolder {
 // on the network as it stands: a change while a computation runs stops it,
 // and the figures follow the newest network.
 TEST_F(YieldViewTest, ShowsTheCoresFiguresForItsSeed) {
+  const auto figure = [](const YieldResult& result) {
+    return "Nominal worst VSWR " + FormattedNumber("%.4g", result.nominalWorst);
+  };
   for (const double inductor : {1.2e-6, 1.5e-6}) {
     session.Value[1][1] = inductor;
     BandWindow::RefreshOpen();
@@ -68,9 +71,16 @@ TEST_F(YieldViewTest, ShowsTheCoresFiguresForItsSeed) {
       EXPECT_EQ(shown.envelope[k].high, core.envelope[k].high) << k;
       EXPECT_EQ(shown.envelope[k].low, core.envelope[k].low) << k;
     }
-    const std::string figure = "Yield " + FormattedNumber("%.1f", 100 * core.yield) + " % at VSWR 2 or better";
-    EXPECT_NE(testing::FindText(window->Drawing(), figure), nullptr) << figure;
+    const std::string yield = "Yield " + FormattedNumber("%.1f", 100 * core.yield) + " % at VSWR 2 or better";
+    EXPECT_NE(testing::FindText(window->Drawing(), yield), nullptr) << yield;
+    EXPECT_NE(testing::FindText(window->Drawing(), figure(core)), nullptr) << figure(core);
   }
+  // Printed during a computation, the page waits for it and shows its yield.
+  session.Value[1][1] = 0.9e-6;
+  BandWindow::RefreshOpen();
+  QTest::keyClick(window, Qt::Key_P, Qt::ControlModifier);
+  const YieldResult core = ComputeYield(session, window->YieldComputedWith());
+  EXPECT_NE(testing::FindText(dialogs.printed, figure(core)), nullptr) << figure(core);
 }
 
 // Each part's tolerance as entered reaches the computation: a part of 0 %
