@@ -16,8 +16,8 @@ namespace {
 
 QPointer<BandWindow> openWindow;
 
-constexpr int kFewestSamples = 100;
-constexpr int kMostSamples = 1'000'000;
+// As kalvex-cli yield takes them: each sample keeps its VSWR at every point.
+constexpr int kMostSamples = 100'000;
 constexpr double kHighestTolerance = 99;
 
 // The controls sit in the figures' column, below its text.
@@ -215,8 +215,7 @@ void BandWindow::SettingsEntered() {
   const double goal = ParseValue(txtGoal->text().toStdString());
   if (goal > 1) settings.goal = goal;
   const double samples = ParseValue(txtSamples->text().toStdString());
-  if (samples >= 1) settings.samples = static_cast<int>(std::clamp(std::round(samples), 1.0 * kFewestSamples,
-                                                                   1.0 * kMostSamples));
+  if (samples >= 1) settings.samples = static_cast<int>(std::min(std::round(samples), 1.0 * kMostSamples));
   bool read = false;
   const qulonglong seed = txtSeed->text().trimmed().toULongLong(&read);
   if (read) settings.seed = seed;

@@ -112,5 +112,25 @@ TEST_F(YieldViewTest, EachPartsToleranceReachesTheComputation) {
   }
 }
 
+// The boxes take what reads as a setting and write it back as taken; what
+// does not read leaves the setting as it was.
+TEST_F(YieldViewTest, SettingsBoxesKeepTheLastGoodSetting) {
+  const struct {
+    QLineEdit* box;
+    const char* typed;
+    const char* shown;
+  } cases[] = {{window->txtSamples, "10k", "10000"}, {window->txtSamples, "5e6", "100000"},
+               {window->txtSamples, "none", "100000"}, {window->txtGoal, "1.5", "1.5"},
+               {window->txtGoal, "0.9", "1.5"}, {window->txtSeed, "-3", "7"},
+               {window->txtSeed, "18446744073709551615", "18446744073709551615"}};
+  for (const auto& c : cases) {
+    Enter(c.box, c.typed);
+    EXPECT_EQ(c.box->text(), c.shown) << c.typed;
+  }
+  window->WaitForYield();
+  EXPECT_EQ(window->YieldComputedWith().samples, 100'000);
+  EXPECT_EQ(window->YieldComputedWith().goal, 1.5);
+}
+
 }  // namespace
 }  // namespace kalvex
