@@ -15,9 +15,6 @@ namespace {
 
 using namespace frequency_plot;
 
-constexpr Colour kCurveBlue = RGB(17, 17, 255);
-constexpr Colour kThresholdOrange = RGB(238, 153, 17);
-constexpr Colour kEdgeRed = RGB(255, 17, 17);
 constexpr Colour kWorkingGreen = RGB(17, 136, 17);
 constexpr Colour kBoundPurple = RGB(153, 51, 204);
 

@@ -21,6 +21,11 @@ inline constexpr double kLabelPoints = 9;
 inline constexpr double kFiguresPoints = 8;
 inline constexpr Colour kBlack = 0;
 inline constexpr Colour kAxisGrey = RGB(190, 190, 190);
+// The network's curve, a VSWR threshold or goal, and the worst point or case:
+// the same in every plot.
+inline constexpr Colour kCurveBlue = RGB(17, 17, 255);
+inline constexpr Colour kThresholdOrange = RGB(238, 153, 17);
+inline constexpr Colour kEdgeRed = RGB(255, 17, 17);
 
 // Where labels may go: the page left of the figures, and inside the frame
 // clear of its lines.

@@ -11,10 +11,7 @@ namespace {
 
 using namespace frequency_plot;
 
-constexpr Colour kNominalBlue = RGB(17, 17, 255);
 constexpr Colour kEnvelopeBlue = RGB(190, 205, 255);
-constexpr Colour kWorstRed = RGB(255, 17, 17);
-constexpr Colour kGoalOrange = RGB(238, 153, 17);
 // The envelope is filled in strips this far apart, narrower than a pixel of
 // a full-screen window; each reaches over the next so that no seam shows.
 constexpr double kStrip = 10;
@@ -70,8 +67,8 @@ void DrawCurve(Canvas& canvas, const Plot& plot, const std::vector<YieldEnvelope
 
 void DrawGoal(Canvas& canvas, Labels& labels, const Plot& plot, double goal) {
   const double y = plot.Y(goal);
-  canvas.Line({kLeft, y}, {kRight, y}, kGoalOrange);
-  canvas.SetTextColour(kGoalOrange);
+  canvas.Line({kLeft, y}, {kRight, y}, kThresholdOrange);
+  canvas.SetTextColour(kThresholdOrange);
   const std::string name = "goal VSWR " + Number(goal);
   const double w = Labels::Width(name);
   const double h = Labels::Height();
@@ -94,10 +91,10 @@ double DrawLegend(Canvas& canvas, double top) {
   const struct {
     Colour colour;
     const char* text;
-  } entries[] = {{kNominalBlue, "nominal network"},
+  } entries[] = {{kCurveBlue, "nominal network"},
                  {kEnvelopeBlue, "5 to 95 % of the networks"},
-                 {kWorstRed, "worst corner at each frequency"},
-                 {kGoalOrange, "goal"}};
+                 {kEdgeRed, "worst corner at each frequency"},
+                 {kThresholdOrange, "goal"}};
   for (const auto& entry : entries) {
     canvas.FillRect({kFiguresLeft, top + step * 0.3}, {kFiguresLeft + 300, top + step * 0.7}, entry.colour);
     canvas.SetTextColour(kBlack);
@@ -150,9 +147,9 @@ void DrawYieldPlot(const YieldResult& result, const YieldRequest& request, const
     DrawEnvelope(canvas, plot, points);
     canvas.OutlineRect({kLeft, kTop}, {kRight, kBottom}, kBlack);
     canvas.SetLineWidth(1);
-    DrawCurve(canvas, plot, points, &YieldEnvelopePoint::worst, kWorstRed);
+    DrawCurve(canvas, plot, points, &YieldEnvelopePoint::worst, kEdgeRed);
     canvas.SetLineWidth(2);
-    DrawCurve(canvas, plot, points, &YieldEnvelopePoint::nominal, kNominalBlue);
+    DrawCurve(canvas, plot, points, &YieldEnvelopePoint::nominal, kCurveBlue);
     canvas.SetLineWidth(1);
     DrawGoal(canvas, labels, plot, request.goal);
   } else {
