@@ -74,11 +74,11 @@ constexpr std::array kCommands = {
             "      snapped, with the values, with --json as one object; -o writes the network",
             nullptr, "kalvex-cli-optimise"},
     Command{"yield",
-            "yield FILE [--tolerance C=5,L=5,R=1,LINE=2] [--distribution uniform|normal]\n"
+            "yield FILE [--tolerance C=5,L=5,R=1,LINE=2,3=10] [--distribution uniform|normal]\n"
             "            [--samples N] [--seed S] [--vswr 2] [--start HZ] [--stop HZ] [--points N]\n"
             "            [--load LOADFILE] [--json]",
             "how many networks built from FILE with parts within their tolerances (per cent\n"
-            "      by kind; lines by their length) meet the VSWR goal over the band: a seeded\n"
+            "      by kind or by stage; lines by their length) meet the VSWR goal over the band: a seeded\n"
             "      Monte-Carlo of N networks (10000), uniform or normal with the tolerance at\n"
             "      3 sigma; the worst VSWR nominal and at the worst corner, and each part at its\n"
             "      two ends, largest effect first; with --json one object with the 5-95 %\n"

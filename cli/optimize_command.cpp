@@ -1,5 +1,4 @@
 #include <algorithm>
-#include <array>
 
 #include "cli.h"
 #include "cli_options.h"
@@ -7,9 +6,9 @@
 #include "command_line.h"
 #include "commands.h"
 #include "console_dialogs.h"
-#include "design/schematic.h"
 #include "files/network_file.h"
 #include "matching/optimise.h"
+#include "matching/snap_text.h"
 #include "model/number_text.h"
 #include "session_options.h"
 
@@ -24,13 +23,7 @@ std::string Report(const OptimiseResult& result) {
                      std::to_string(result.evaluations) + " evaluations; " +
                      (result.wideBounds ? "wide" : "practical") + " bounds, load " + LoadModelName(result.loadModel) +
                      ")\n";
-  for (const OptimisedStage& s : result.stages) {
-    std::array<double, kSlotCount> values{};
-    std::copy(s.values.begin(), s.values.end(), values.begin());
-    text += "Stage " + std::to_string(s.stage) + ": " + PartName(s.type);
-    for (const std::string& part : PartValueLines(s.type, values)) text += ", " + part;
-    text += "\n";
-  }
+  for (const OptimisedStage& s : result.stages) text += StageText(s) + "\n";
   return text + OptimisedPartsNote(result);
 }
 

@@ -1,5 +1,4 @@
 #include <algorithm>
-#include <array>
 
 #include "cli.h"
 #include "cli_options.h"
@@ -7,10 +6,9 @@
 #include "command_line.h"
 #include "commands.h"
 #include "console_dialogs.h"
-#include "design/schematic.h"
 #include "files/network_file.h"
 #include "matching/snap.h"
-#include "model/number_text.h"
+#include "matching/snap_text.h"
 #include "part_options.h"
 #include "session_options.h"
 
@@ -18,21 +16,6 @@ namespace kalvex {
 namespace {
 
 constexpr Range kStages = {1, kLastStage, "stage numbers 1 to 5", false, true};
-
-std::string Report(const SnapResult& result) {
-  std::string text = "Worst VSWR " + FormattedNumber("%.6g", result.before) + " before, " +
-                     FormattedNumber("%.6g", result.rounded) + " rounded, " +
-                     FormattedNumber("%.6g", result.after) + " snapped (" + std::to_string(result.combinations) +
-                     " combinations)\n";
-  for (const OptimisedStage& s : result.stages) {
-    std::array<double, kSlotCount> values{};
-    std::copy(s.values.begin(), s.values.end(), values.begin());
-    text += "Stage " + std::to_string(s.stage) + ": " + PartName(s.type);
-    for (const std::string& part : PartValueLines(s.type, values)) text += ", " + part;
-    text += IsSnapped(result, s.stage) ? " (standard)\n" : " (re-tuned)\n";
-  }
-  return text;
-}
 
 // The series of a --series list; nothing for a list the command does not take.
 std::optional<SeriesChoice> SeriesOf(const std::string& text) {
@@ -98,7 +81,7 @@ int RunSnapCommand(const Command& command, const std::vector<std::string>& words
       return kExitFailed;
     }
   }
-  out << (json ? SnapJson(result) : Report(result));
+  out << (json ? SnapJson(result) : SnapReport(result));
   return kExitOk;
 }
 

@@ -1,3 +1,5 @@
+#include <sstream>
+
 #include "cli.h"
 #include "cli_options.h"
 #include "command_json.h"
@@ -30,22 +32,39 @@ std::string Report(const YieldResult& result, const YieldRequest& request) {
   return text;
 }
 
-// The per-kind tolerances of a --tolerance list; nothing for a list the
-// command does not take.
-std::optional<Tolerances> TolerancesOf(const std::string& text) {
-  const auto entries = PartKindList(text);
-  if (!entries) return std::nullopt;
-  Tolerances tolerances;
-  for (const auto& [kind, word] : *entries) {
-    const auto percent = CliNumber(word);
+// A --tolerance list: per kind (C=5,L=5,R=1,LINE=2) and per stage (2=10:
+// every part of stage 2), in any order, a stage's entry over its kind's.
+struct ToleranceList {
+  Tolerances kinds;
+  std::vector<std::pair<int, double>> stages;
+};
+
+// Nothing for a list the command does not take.
+std::optional<ToleranceList> TolerancesOf(const std::string& text) {
+  ToleranceList list;
+  std::istringstream entries(text);
+  for (std::string entry; std::getline(entries, entry, ',');) {
+    const std::size_t equals = entry.find('=');
+    if (equals == std::string::npos) return std::nullopt;
+    const std::string key = entry.substr(0, equals);
+    const auto percent = CliNumber(entry.substr(equals + 1));
     if (!percent || *percent < 0 || *percent >= 100) return std::nullopt;
-    tolerances.Of(kind) = *percent;
+    if (key.size() == 1 && key[0] >= '1' && key[0] < '1' + kLastStage) {
+      list.stages.emplace_back(key[0] - '0', *percent);
+    } else if (const auto kind = PartKindNamed(key)) {
+      list.kinds.Of(*kind) = *percent;
+    } else {
+      return std::nullopt;
+    }
   }
-  return tolerances;
+  if (text.empty()) return std::nullopt;
+  return list;
 }
 
 std::string ToleranceProblem(const std::string& text) {
-  return TolerancesOf(text) ? "" : "per-cent values 0 to under 100 by kind, such as C=5,L=5,R=1,LINE=2";
+  return TolerancesOf(text) ? ""
+                            : "per-cent values 0 to under 100 by kind or by stage 1 to 5, such as "
+                              "C=5,L=5,R=1,LINE=2,3=10";
 }
 
 }  // namespace
@@ -62,7 +81,7 @@ int RunYieldCommand(const Command& command, const std::vector<std::string>& word
   bool json = false;
   CommandLine line(command);
   line.File(file)
-      .Text("--tolerance", "C=5,L=5,R=1,LINE=2", tolerances, ToleranceProblem)
+      .Text("--tolerance", "C=5,L=5,R=1,LINE=2,3=10", tolerances, ToleranceProblem)
       .Choice("--distribution", distribution, {"uniform", "normal"})
       .Number("--samples", "N", samples, kSamples)
       .Number("--seed", "S", seed, kSeeds)
@@ -71,7 +90,8 @@ int RunYieldCommand(const Command& command, const std::vector<std::string>& word
   sweep.AddTo(line);
   if (const auto stop = line.Parse(words, out, err)) return *stop;
   YieldRequest request;
-  if (tolerances) request.tolerances = *TolerancesOf(*tolerances);
+  const ToleranceList toleranceList = tolerances ? *TolerancesOf(*tolerances) : ToleranceList{};
+  request.tolerances = toleranceList.kinds;
   request.spread = distribution == "normal" ? Spread::Normal : Spread::Uniform;
   request.samples = static_cast<int>(samples.value_or(request.samples));
   request.seed = static_cast<std::uint64_t>(seed.value_or(static_cast<double>(request.seed)));
@@ -80,6 +100,16 @@ int RunYieldCommand(const Command& command, const std::vector<std::string>& word
   Session session;
   ConsoleDialogs dialogs(err);
   if (!ReadCommandNetwork(file, session, dialogs)) return kExitFailed;
+  const std::vector<NetworkPart> parts = PartsOf(session);
+  for (const auto& [stage, percent] : toleranceList.stages) {
+    bool any = false;
+    for (const NetworkPart& part : parts) {
+      if (part.stage != stage) continue;
+      SetTolerance(request, part, percent);
+      any = true;
+    }
+    if (!any) return line.Refuse("--tolerance: stage " + std::to_string(stage) + " holds no part", err);
+  }
   if (const auto stop = ApplySweepOptions(session, dialogs, sweep, line, err, true)) return *stop;
   const YieldResult result = ComputeYield(session, request);
   return WriteOutput(command.name, json ? YieldJson(result) : Report(result, request), std::nullopt, out, err);

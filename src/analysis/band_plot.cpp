@@ -2,32 +2,19 @@
 
 #include <algorithm>
 #include <cmath>
-#include <initializer_list>
 
 #include "analysis/band_text.h"
+#include "analysis/frequency_plot.h"
 #include "model/format.h"
 #include "model/number_text.h"
 #include "model/reflection.h"
 #include "model/trim.h"
-#include "platform/drawing_extent.h"
 
 namespace kalvex {
 namespace {
 
-// The plot on the left, the figures in a column on its right.
-constexpr double kLeft = 1300;
-constexpr double kRight = 7700;
-constexpr double kTop = 1000;
-constexpr double kBottom = 7600;
-constexpr double kFiguresLeft = 8100;
-constexpr double kFiguresRight = 11850;
-constexpr double kLabelPoints = 9;
-constexpr double kFiguresPoints = 8;
-constexpr Colour kBlack = 0;
-constexpr Colour kAxisGrey = RGB(190, 190, 190);
-constexpr Colour kCurveBlue = RGB(17, 17, 255);
-constexpr Colour kThresholdOrange = RGB(238, 153, 17);
-constexpr Colour kEdgeRed = RGB(255, 17, 17);
+using namespace frequency_plot;
+
 constexpr Colour kWorkingGreen = RGB(17, 136, 17);
 constexpr Colour kBoundPurple = RGB(153, 51, 204);
 
@@ -39,118 +26,6 @@ double Value(BandQuantity quantity, double vswr) {
     case BandQuantity::Gamma: return gamma;
   }
   return vswr;
-}
-
-// A step of 1, 2 or 5 times a power of ten that cuts `span` into about five parts.
-double NiceStep(double span) {
-  const double raw = span / 5;
-  const double power = std::pow(10.0, std::floor(std::log10(raw)));
-  for (const double m : {1.0, 2.0, 5.0}) {
-    if (m * power >= raw) return m * power;
-  }
-  return 10 * power;
-}
-
-std::string Hertz(double f) { return std::string(Trim(FormatSI(f), " ")) + "Hz"; }
-
-// The vertical scale: VSWR on a logarithmic axis from 1, which holds a curve
-// of 1.2 and one of 28 alike; return loss and |Gamma| linear.
-class Plot {
- public:
-  Plot(double f1, double f2, double y1, double y2, bool logarithmic)
-      : f1_(f1), f2_(f2), y1_(y1), y2_(y2), log_(logarithmic) {}
-  double X(double f) const { return kLeft + (f - f1_) / (f2_ - f1_) * (kRight - kLeft); }
-  double Y(double v) const {
-    const double c = std::clamp(v, y1_, y2_);
-    const double share = log_ ? std::log(c / y1_) / std::log(y2_ / y1_) : (c - y1_) / (y2_ - y1_);
-    return kBottom - share * (kBottom - kTop);
-  }
-  double Low() const { return y1_; }
-  double High() const { return y2_; }
-  bool Logarithmic() const { return log_; }
-
- private:
-  double f1_, f2_, y1_, y2_;
-  bool log_;
-};
-
-// Puts each label at the first of its candidate places that lies in its
-// area and clear of every label placed before it and of the plot's frame;
-// a label with no such place is left out rather than drawn over another.
-class Labels {
- public:
-  explicit Labels(Canvas& canvas) : canvas_(canvas) {}
-
-  bool Place(const std::string& text, std::initializer_list<Point> candidates, const Box& area) {
-    for (const Point& at : candidates) {
-      const Box box = TextBox(at, text, kLabelPoints);
-      if (!box.Inside(area) || CrossesFrame(box)) continue;
-      if (std::any_of(placed_.begin(), placed_.end(), [&box](const Box& b) { return b.Overlaps(box); })) continue;
-      placed_.push_back(box);
-      canvas_.Text(at, text);
-      return true;
-    }
-    return false;
-  }
-  static double Width(const std::string& text) { return TextBox({}, text, kLabelPoints).right; }
-  static double Height() { return TextBox({}, "0", kLabelPoints).bottom; }
-
- private:
-  static bool CrossesFrame(const Box& box) {
-    const Box frame{kLeft, kTop, kRight, kBottom};
-    return box.Overlaps(frame) && !box.Inside(frame);
-  }
-
-  Canvas& canvas_;
-  std::vector<Box> placed_;
-};
-
-const Box kPage{60, 60, kFiguresLeft - 100, kBandPage.height - 60};
-// Inside the frame, clear of its lines.
-const Box kInside{kLeft + 40, kTop + 40, kRight - 40, kBottom - 40};
-
-std::vector<double> VerticalTicks(const Plot& plot) {
-  std::vector<double> ticks;
-  if (!plot.Logarithmic()) {
-    const double step = NiceStep(plot.High() - plot.Low());
-    for (double v = std::ceil(plot.Low() / step) * step; v <= plot.High() * (1 + 1e-12); v += step) ticks.push_back(v);
-    return ticks;
-  }
-  // 1, 1.5, 2, 3, 5 and 7 of each decade, as far apart as the labels need.
-  double lastY = 1e300;
-  for (double decade = 1; decade <= plot.High(); decade *= 10) {
-    for (const double m : {1.0, 1.5, 2.0, 3.0, 5.0, 7.0}) {
-      const double v = m * decade;
-      if (v > plot.High()) break;
-      if (lastY - plot.Y(v) < 1.6 * Labels::Height()) continue;
-      ticks.push_back(v);
-      lastY = plot.Y(v);
-    }
-  }
-  return ticks;
-}
-
-void DrawAxes(Canvas& canvas, Labels& labels, const Plot& plot, const BandFigures& figures) {
-  canvas.SetLineWidth(1);
-  canvas.SetTextColour(kBlack);
-  // The vertical axis's labels first: the first frequency's label moves
-  // right, off the corner, rather than take the bottom value's place.
-  for (const double v : VerticalTicks(plot)) {
-    canvas.Line({kLeft, plot.Y(v)}, {kRight, plot.Y(v)}, kAxisGrey);
-    const std::string text = FormattedNumber("%.4g", v);
-    labels.Place(text, {{kLeft - 80 - Labels::Width(text), plot.Y(v) - Labels::Height() / 2}}, kPage);
-  }
-  const double fStep = NiceStep(figures.high - figures.low);
-  for (double f = std::ceil(figures.low / fStep) * fStep; f <= figures.high * (1 + 1e-12); f += fStep) {
-    canvas.Line({plot.X(f), kTop}, {plot.X(f), kBottom}, kAxisGrey);
-    const std::string text(Trim(FormatSI(f), " "));
-    const double w = Labels::Width(text);
-    labels.Place(text, {{plot.X(f) - w / 2, kBottom + 80}, {plot.X(f), kBottom + 80}, {plot.X(f) - w, kBottom + 80}},
-                 kPage);
-  }
-  canvas.OutlineRect({kLeft, kTop}, {kRight, kBottom}, kBlack);
-  const std::string title = "Frequency (Hz)";
-  labels.Place(title, {{(kLeft + kRight - Labels::Width(title)) / 2, kBottom + 100 + 1.3 * Labels::Height()}}, kPage);
 }
 
 // The vertical range: VSWR from 1 to past the worst point and the largest
@@ -225,49 +100,6 @@ void DrawMarks(Canvas& canvas, Labels& labels, const Plot& plot, const BandFigur
   }
 }
 
-// The words of `line` in lines no wider than the figures' column; a line
-// carried over is indented under the one it continues.
-std::vector<std::string> Wrapped(const std::string& line) {
-  std::vector<std::string> lines;
-  std::string current;
-  std::size_t start = 0;
-  const std::string indent = line.substr(0, line.find_first_not_of(' ')) + "  ";
-  while (start < line.size()) {
-    std::size_t end = line.find(' ', line.find_first_not_of(' ', start));
-    if (end == std::string::npos) end = line.size();
-    const std::string word = line.substr(start, end - start);
-    if (!current.empty() && TextBox({kFiguresLeft, 0}, current + word, kFiguresPoints).right > kFiguresRight) {
-      lines.push_back(current);
-      current = indent + std::string(Trim(word, " "));
-    } else {
-      current += word;
-    }
-    start = end;
-  }
-  if (!current.empty()) lines.push_back(current);
-  return lines;
-}
-
-// The band's figures as kalvex-cli band reports them, in the column beside the plot.
-void DrawFigures(Canvas& canvas, const BandFigures& figures) {
-  canvas.SetFont(kFiguresPoints, false);
-  canvas.SetTextColour(kBlack);
-  const double step = TextBox({}, "0", kFiguresPoints).bottom;
-  double y = kTop;
-  const std::string report = BandReport(figures);
-  std::size_t start = 0;
-  while (start < report.size()) {
-    const std::size_t end = report.find('\n', start);
-    const std::string line = report.substr(start, end - start);
-    for (const std::string& piece : Wrapped(line)) {
-      canvas.Text({kFiguresLeft, y}, piece);
-      y += step;
-    }
-    y += step / 3;  // a little air between the figures
-    start = end == std::string::npos ? report.size() : end + 1;
-  }
-}
-
 }  // namespace
 
 const char* BandQuantityName(BandQuantity quantity) {
@@ -292,7 +124,7 @@ void DrawBandPlot(const BandFigures& figures, BandQuantity quantity, Canvas& can
   }
   const Plot plot = PlotOf(figures, quantity);
   Labels labels(canvas);
-  DrawAxes(canvas, labels, plot, figures);
+  DrawAxes(canvas, labels, plot);
 
   // The curve, in frequency order.
   std::vector<BandPoint> ordered = figures.points;
@@ -304,7 +136,7 @@ void DrawBandPlot(const BandFigures& figures, BandQuantity quantity, Canvas& can
   canvas.SetLineWidth(1);
 
   DrawMarks(canvas, labels, plot, figures, quantity);
-  DrawFigures(canvas, figures);
+  DrawFigures(canvas, BandReport(figures));
   canvas.SetTextColour(kBlack);
 }
 

@@ -62,14 +62,31 @@ double Percentile(std::vector<double>& values, double share) {
 
 constexpr int kBlock = 128;
 
+bool SamePart(const NetworkPart& a, const NetworkPart& b) {
+  return a.stage == b.stage && a.slot == b.slot && a.kind == b.kind;
+}
+
 }  // namespace
+
+double ToleranceOf(const YieldRequest& request, const NetworkPart& part) {
+  for (const PartTolerance& own : request.partTolerances) {
+    if (SamePart(own.part, part)) return own.percent;
+  }
+  return request.tolerances.Of(part.kind);
+}
+
+void SetTolerance(YieldRequest& request, const NetworkPart& part, double percent) {
+  std::erase_if(request.partTolerances, [&part](const PartTolerance& own) { return SamePart(own.part, part); });
+  request.partTolerances.push_back({part, percent});
+}
 
 YieldResult ComputeYield(const Session& session, const YieldRequest& request, const std::atomic<bool>* cancel) {
   const BandResponse band(session);
   const std::size_t points = band.Size();
   std::vector<Toleranced> parts;
   for (const NetworkPart& part : PartsOf(session)) {
-    parts.push_back({part, session.Value[part.stage][part.slot], request.tolerances.Of(part.kind) / 100});
+    const double tolerance = ToleranceOf(request, part) / 100;
+    if (tolerance > 0) parts.push_back({part, session.Value[part.stage][part.slot], tolerance});
   }
   YieldResult result;
   Session nominal = session;
@@ -83,8 +100,14 @@ YieldResult ComputeYield(const Session& session, const YieldRequest& request, co
     result.nominalWorst = std::max(result.nominalWorst, vswr[k]);
   }
 
+  const auto cancelled = [] {
+    YieldResult none;
+    none.cancelled = true;
+    return none;
+  };
   // Every part at one end or the other: 2^n networks, n at most ten.
   for (std::uint32_t corner = 0; corner < (1u << parts.size()); ++corner) {
+    if (corner % kBlock == 0 && cancel && cancel->load()) return cancelled();
     for (std::size_t p = 0; p < parts.size(); ++p) deviations[p] = (corner >> p) & 1 ? 1 : -1;
     SetParts(nominal, parts, deviations);
     band.VSWRs(nominal, vswr);
@@ -148,11 +171,7 @@ YieldResult ComputeYield(const Session& session, const YieldRequest& request, co
   for (int t = 1; t < threads; ++t) pool.emplace_back(work);
   work();
   pool.clear();
-  if (stopped) {
-    YieldResult none;
-    none.cancelled = true;
-    return none;
-  }
+  if (stopped) return cancelled();
 
   const auto good = std::count_if(result.sampleWorst.begin(), result.sampleWorst.end(),
                                   [&](double worst) { return worst <= request.goal; });

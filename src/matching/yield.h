@@ -14,8 +14,16 @@ namespace kalvex {
 // the draw stays within the tolerance too).
 enum class Spread { Uniform, Normal };
 
+// A part's own tolerance in per cent, in place of its kind's, for as long as
+// the part at that stage and slot is of that kind.
+struct PartTolerance {
+  NetworkPart part;
+  double percent = 0;
+};
+
 struct YieldRequest {
   Tolerances tolerances;
+  std::vector<PartTolerance> partTolerances;
   Spread spread = Spread::Uniform;
   int samples = 10'000;
   std::uint64_t seed = 1;
@@ -54,12 +62,18 @@ struct YieldResult {
   bool cancelled = false;          // then nothing else is filled in
 };
 
+// The tolerance `part` is built with: its own, or its kind's.
+double ToleranceOf(const YieldRequest& request, const NetworkPart& part);
+// Gives `part` a tolerance of its own.
+void SetTolerance(YieldRequest& request, const NetworkPart& part, double percent);
+
 // Builds `request.samples` networks with every part drawn within its
-// tolerance and judges each over the band (the sweep's points, or the load
+// tolerance and judges each over the band (a part of no tolerance is
+// built exact and has no share of the spread) (the sweep's points, or the load
 // data's). Sample k's parts come from the seed and k alone, so the figures
 // are the same for a seed whatever the number of threads. Each network's VSWR
 // at each point is kept for the envelope: samples × points doubles. Setting `cancel`
-// stops the run at its next block of samples.
+// stops the run at its next block of corners or samples.
 YieldResult ComputeYield(const Session& session, const YieldRequest& request,
                          const std::atomic<bool>* cancel = nullptr);
 

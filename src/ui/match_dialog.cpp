@@ -3,10 +3,12 @@
 #include <QGridLayout>
 #include <QHeaderView>
 #include <QVBoxLayout>
+#include <algorithm>
 #include <cmath>
 
 #include "matching/match_limits.h"
 #include "matching/match_text.h"
+#include "matching/snap_text.h"
 #include "model/format.h"
 #include "model/trim.h"
 #include "ui/controls.h"
@@ -22,6 +24,17 @@ const std::vector<std::vector<MatchKind>> kKindChoices = {
 
 QString Number(double value) { return QString::number(value, 'g', 4); }
 
+Session Matched(const Session& session, const MatchSolution& solution) {
+  Session matched = session;
+  ApplyMatch(matched, solution);
+  return matched;
+}
+
+bool HasStandardParts(const Session& session) {
+  const std::vector<NetworkPart> parts = PartsOf(session);
+  return std::any_of(parts.begin(), parts.end(), [](const NetworkPart& p) { return p.kind != PartKind::Line; });
+}
+
 }  // namespace
 
 MatchDialog::MatchDialog(Session& session, Dialogs& dialogs, QWidget* parent)
@@ -34,6 +47,8 @@ MatchDialog::MatchDialog(Session& session, Dialogs& dialogs, QWidget* parent)
       cmdCompute(new QPushButton("Compute", this)),
       lstSolutions(new QTableWidget(this)),
       lblNotes(new QLabel(this)),
+      series(new SeriesBoxes(this)),
+      lblSnap(new QLabel(this)),
       cmdApply(new QPushButton("Apply", this)),
       cmdClose(new QPushButton("Close", this)),
       session_(session),
@@ -56,6 +71,9 @@ MatchDialog::MatchDialog(Session& session, Dialogs& dialogs, QWidget* parent)
   lstSolutions->setTextElideMode(Qt::ElideNone);
   lblNotes->setWordWrap(true);
   lblWorksOn->setWordWrap(true);
+  lblSnap->setWordWrap(true);
+  series->cmdSnap->setToolTip("The chosen network's capacitors, inductors and resistors on these series, "
+                              "its lines and stubs re-tuned; Apply then writes the snapped values");
 
   auto* choices = new QGridLayout;
   const std::pair<const char*, QWidget*> fields[] = {
@@ -75,6 +93,8 @@ MatchDialog::MatchDialog(Session& session, Dialogs& dialogs, QWidget* parent)
   layout->addLayout(choices);
   layout->addWidget(lstSolutions);
   layout->addWidget(lblNotes);
+  layout->addWidget(series, 0, Qt::AlignLeft);
+  layout->addWidget(lblSnap);
   layout->addLayout(buttons);
   resize(Twips(16000), Twips(7000));
 
@@ -82,6 +102,11 @@ MatchDialog::MatchDialog(Session& session, Dialogs& dialogs, QWidget* parent)
   connect(cmdApply, &QPushButton::clicked, this, &MatchDialog::Apply);
   connect(cmdClose, &QPushButton::clicked, this, &QDialog::reject);
   connect(lstSolutions, &QTableWidget::cellDoubleClicked, this, &MatchDialog::Apply);
+  connect(lstSolutions, &QTableWidget::itemSelectionChanged, this, &MatchDialog::ChosenChanged);
+  connect(series->cmdSnap, &QPushButton::clicked, this, &MatchDialog::Snap);
+  for (QComboBox* box : {series->cboCapacitorSeries, series->cboInductorSeries, series->cboResistorSeries}) {
+    connect(box, &QComboBox::currentIndexChanged, this, &MatchDialog::ChosenChanged);
+  }
   Compute();
 }
 
@@ -116,12 +141,52 @@ void MatchDialog::Compute() {
   for (const std::string& refusal : result_.refusals) notes << Q(refusal);
   lblNotes->setText(notes.join("\n"));
   cmdApply->setEnabled(lstSolutions->rowCount() > 0);
+  ChosenChanged();
+}
+
+const MatchSolution* MatchDialog::Chosen() const {
+  const int row = lstSolutions->currentRow();
+  if (row < 0 || row >= static_cast<int>(result_.solutions.size())) return nullptr;
+  return &result_.solutions[static_cast<std::size_t>(row)];
+}
+
+// A snap belongs to the solution and the series it was made for.
+void MatchDialog::ChosenChanged() {
+  snapTask_.Stop();
+  snap_.reset();
+  lblSnap->clear();
+  const MatchSolution* chosen = Chosen();
+  series->cmdSnap->setEnabled(chosen != nullptr && HasStandardParts(Matched(session_, *chosen)));
+  cmdApply->setEnabled(chosen != nullptr);
+}
+
+void MatchDialog::Snap() {
+  const MatchSolution* chosen = Chosen();
+  if (chosen == nullptr) return;
+  SnapRequest request;
+  for (int s = 1; s <= kLastStage; ++s) request.stages.push_back(s);
+  request.series = series->Choice();
+  series->cmdSnap->setEnabled(false);
+  cmdApply->setEnabled(false);
+  lblSnap->setText("Snapping...");
+  snapTask_.Start(
+      [matched = Matched(session_, *chosen), request](const std::atomic<bool>& stop) {
+        return SnapToStandardValues(matched, request, &stop);
+      },
+      [this](const SnapResult& result) { Snapped(result); });
+}
+
+void MatchDialog::Snapped(const SnapResult& result) {
+  snap_ = result;
+  lblSnap->setText(Q(SnapReport(result)).trimmed());
+  series->cmdSnap->setEnabled(true);
+  cmdApply->setEnabled(true);
 }
 
 void MatchDialog::Apply() {
-  const int row = lstSolutions->currentRow();
-  if (row < 0 || row >= static_cast<int>(result_.solutions.size())) return;
-  const MatchSolution& chosen = result_.solutions[static_cast<std::size_t>(row)];
+  const MatchSolution* solution = Chosen();
+  if (solution == nullptr || snapTask_.Running()) return;
+  const MatchSolution& chosen = *solution;
   const std::vector<std::string> changes = MatchLimitChanges(session_, chosen);
   if (!changes.empty()) {
     std::string text = "The Design page's limits change this network:";
@@ -130,8 +195,13 @@ void MatchDialog::Apply() {
     if (dialogs_.Message(text, "Match", MessageButtons::YesNo, MessageIcon::Question) != MessageAnswer::Yes) return;
   }
   ApplyMatch(session_, chosen);
+  if (snap_) ApplySnapped(session_, *snap_);
   const std::size_t parts = chosen.stages.size();
-  appliedStep_ = QString("Match applied (%1, %2 part%3)").arg(MatchKindName(chosen.kind)).arg(parts).arg(parts == 1 ? "" : "s");
+  appliedStep_ = QString("Match applied (%1, %2 part%3)%4")
+                     .arg(MatchKindName(chosen.kind))
+                     .arg(parts)
+                     .arg(parts == 1 ? "" : "s")
+                     .arg(snap_ ? ", snapped" : "");
   accept();
 }
 

@@ -4,7 +4,6 @@
 #include <QHBoxLayout>
 #include <QPointer>
 #include <QVBoxLayout>
-#include <tuple>
 
 #include "ui/controls.h"
 
@@ -22,10 +21,7 @@ OptimiseDialog::OptimiseDialog(Session& session, QWidget* parent)
       lblWorst(new QLabel(this)),
       cmdCancel(new QPushButton("Cancel", this)),
       cmdApply(new QPushButton("Apply", this)),
-      cboCapacitorSeries(new QComboBox(this)),
-      cboInductorSeries(new QComboBox(this)),
-      cboResistorSeries(new QComboBox(this)),
-      cmdSnap(new QPushButton("Snap to standard values", this)),
+      series(new SeriesBoxes(this)),
       session_(session) {
   setWindowTitle("Optimise");
   setModal(true);
@@ -49,18 +45,7 @@ OptimiseDialog::OptimiseDialog(Session& session, QWidget* parent)
   layout->addWidget(optBand);
   layout->addWidget(optWorking);
   optBand->setChecked(true);
-  auto* series = new QHBoxLayout;
-  const SeriesChoice defaults;
-  for (auto [box, label, kind] : {std::tuple(cboCapacitorSeries, "C", PartKind::Capacitor),
-                                  std::tuple(cboInductorSeries, "L", PartKind::Inductor),
-                                  std::tuple(cboResistorSeries, "R", PartKind::Resistor)}) {
-    for (const ESeries e : kAllSeries) box->addItem(SeriesName(e));
-    box->setCurrentText(SeriesName(defaults.Of(kind)));
-    series->addWidget(new QLabel(label, this));
-    series->addWidget(box);
-  }
-  series->addWidget(cmdSnap);
-  layout->addLayout(series);
+  layout->addWidget(series);
   barProgress->setRange(0, 0);
   barProgress->hide();
   layout->addWidget(barProgress);
@@ -72,7 +57,7 @@ OptimiseDialog::OptimiseDialog(Session& session, QWidget* parent)
   cmdApply->setEnabled(false);
 
   connect(cmdStart, &QPushButton::clicked, this, &OptimiseDialog::Start);
-  connect(cmdSnap, &QPushButton::clicked, this, &OptimiseDialog::Snap);
+  connect(series->cmdSnap, &QPushButton::clicked, this, &OptimiseDialog::Snap);
   connect(cmdApply, &QPushButton::clicked, this, [this] {
     ApplyOptimised(session_, result_);
     accept();
@@ -105,7 +90,7 @@ QString OptimiseDialog::AppliedStep() const {
 void OptimiseDialog::RunSearch(std::function<void()> search) {
   cancel_ = false;
   cmdStart->setEnabled(false);
-  cmdSnap->setEnabled(false);
+  series->cmdSnap->setEnabled(false);
   cmdApply->setEnabled(false);
   barProgress->show();
   lblWorst->setText("Searching...");
@@ -144,9 +129,7 @@ void OptimiseDialog::Snap() {
   for (int s = 1; s <= kLastStage; ++s) {
     if (chkStage[s - 1]->isEnabled() && !chkStage[s - 1]->isChecked()) request.stages.push_back(s);
   }
-  request.series.capacitor = *SeriesNamed(cboCapacitorSeries->currentText().toStdString());
-  request.series.inductor = *SeriesNamed(cboInductorSeries->currentText().toStdString());
-  request.series.resistor = *SeriesNamed(cboResistorSeries->currentText().toStdString());
+  request.series = series->Choice();
   QPointer<OptimiseDialog> self(this);
   RunSearch([this, self, request, session = session_] {
     const SnapResult result = SnapToStandardValues(session, request, &cancel_);
@@ -173,7 +156,7 @@ void OptimiseDialog::Snapped(const SnapResult& result) {
                               .arg(result.cancelled ? ", stopped" : "")
                               .arg(result.combinations));
   cmdStart->setEnabled(true);
-  cmdSnap->setEnabled(true);
+  series->cmdSnap->setEnabled(true);
   cmdApply->setEnabled(!result.parts.empty() && !result.cancelled);
 }
 
@@ -189,7 +172,7 @@ void OptimiseDialog::Finished(const OptimiseResult& result) {
                         .arg(result.evaluations)
                         .arg(Q(OptimisedPartsNote(result)).trimmed()));
   cmdStart->setEnabled(true);
-  cmdSnap->setEnabled(true);
+  series->cmdSnap->setEnabled(true);
   cmdApply->setEnabled(result.after < result.before);
 }
 

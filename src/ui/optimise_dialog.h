@@ -13,6 +13,7 @@
 #include "matching/optimise.h"
 #include "matching/snap.h"
 #include "model/session.h"
+#include "ui/series_boxes.h"
 
 namespace kalvex {
 
@@ -40,10 +41,7 @@ class OptimiseDialog : public QDialog {
   QLabel* lblWorst;
   QPushButton* cmdCancel;
   QPushButton* cmdApply;
-  QComboBox* cboCapacitorSeries;
-  QComboBox* cboInductorSeries;
-  QComboBox* cboResistorSeries;
-  QPushButton* cmdSnap;
+  SeriesBoxes* series;
 
   // The name of the undo step of what Apply applied.
   QString AppliedStep() const;

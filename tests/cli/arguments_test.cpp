@@ -142,7 +142,8 @@ TEST_F(ArgumentsTest, RenderAndPrint) {
 
 TEST_F(ArgumentsTest, YieldSnapAndBom) {
   ExpectRefusals("yield", {{{"--tolerance", "Q=5"}, "--tolerance"}, {{"--tolerance", "C=100"}, "--tolerance"},
-                           {{"--tolerance", "C5"}, "--tolerance"}, {{"--distribution", "flat"}, "--distribution"},
+                           {{"--tolerance", "C5"}, "--tolerance"}, {{"--tolerance", "6=5"}, "--tolerance"},
+                           {{"--tolerance", "2=5"}, "stage 2 holds no part"}, {{"--distribution", "flat"}, "--distribution"},
                            {{"--samples", "0"}, "--samples"}, {{"--samples", "2.5"}, "--samples"},
                            {{"--seed", "-1"}, "--seed"}, {{"--vswr", "0.5"}, "--vswr"}});
   ExpectRefusals("snap", {{{}, "--stages"}, {{"--stages", "2"}, "stage 2"},

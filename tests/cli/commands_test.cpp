@@ -74,6 +74,9 @@ TEST_F(CommandTest, YieldAsJson) {
                           "\"parts\":[{\"stage\":1,\"part\":\"C\",\"tolerance\":10.0,\"low_vswr\":"}) {
     EXPECT_NE(out.str().find(key), std::string::npos) << out.str();
   }
+  // A stage's own tolerance is over its kind's: an exact part has no share.
+  ASSERT_EQ(Run({"yield", net, "--samples", "200", "--tolerance", "c=10,1=0", "--json"}), kExitOk);
+  EXPECT_TRUE(testing::Holds(out.str(), "\"parts\":[]")) << out.str();
 }
 
 // A series capacitor on a matched load matches the better the larger it is:

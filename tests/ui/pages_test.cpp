@@ -9,6 +9,7 @@
 
 #include "analysis/tabulate.h"
 #include "files/network_file.h"
+#include "model/network_state.h"
 #include "support/five_stage_network.h"
 #include "support/image_box.h"
 #include "support/pages_in_folder.h"
@@ -20,6 +21,7 @@
 #include "ui/welcome_page.h"
 #include "ui/analysis_page.h"
 #include "ui/overlay_setup_dialog.h"
+#include "ui/session_history.h"
 #include "ui/sweep_setup_dialog.h"
 #include "ui/tabulate_page.h"
 
@@ -323,6 +325,49 @@ TEST_F(DesignPageTest, MatchDialogAppliesTheChosenNetwork) {
   EXPECT_EQ(session.ElementType[3], Empty);
 }
 
+// Snap in the Match dialog puts the chosen network's parts on the series
+// chosen per kind, and Apply writes the snapped network as one undo step. A
+// snap belongs to its solution: choosing another drops it.
+TEST_F(DesignPageTest, MatchDialogSnapsTheChosenNetworkAsOneStep) {
+  session.Value[0][1] = 25;
+  session.Value[0][2] = 80;
+  SessionHistory history(session);
+  const NetworkState started = NetworkStateOf(session);
+  for (const bool snapChosen : {true, false}) {
+    WhenModalShows<MatchDialog>([snapChosen](MatchDialog& dialog) {
+      dialog.cboKind->setCurrentIndex(1);  // L networks
+      dialog.cmdCompute->click();
+      dialog.series->cboCapacitorSeries->setCurrentText("E6");
+      dialog.series->cmdSnap->click();
+      dialog.WaitForSnap();
+      EXPECT_TRUE(dialog.lblSnap->text().contains("snapped")) << dialog.lblSnap->text().toStdString();
+      dialog.lstSolutions->selectRow(3);
+      EXPECT_TRUE(dialog.lblSnap->text().isEmpty());
+      if (snapChosen) {
+        dialog.series->cmdSnap->click();
+        dialog.WaitForSnap();
+      }
+      dialog.cmdApply->click();
+    });
+    const int steps = history.Stack().count();
+    QApplication::setActiveWindow(page.get());
+    QTest::keyClick(page.get(), Qt::Key_M, Qt::ControlModifier);
+    ASSERT_EQ(history.Stack().count(), steps + 1);
+    EXPECT_EQ(history.Stack().undoText(),
+              snapChosen ? "Match applied (L, 2 parts), snapped" : "Match applied (L, 2 parts)");
+    int standard = 0;
+    for (int s = 1; s <= 2; ++s) {
+      const bool capacitor = session.ElementType[s] == SeriesCapacitor || session.ElementType[s] == ShuntCapacitor;
+      const double value = session.Value[s][1];
+      standard += NeighboursOf(value, capacitor ? ESeries::E6 : ESeries::E12).below == value;
+    }
+    EXPECT_EQ(standard, snapChosen ? 2 : 0);
+  }
+  history.Undo();
+  history.Undo();
+  EXPECT_EQ(NetworkStateOf(session), started);
+}
+
 // The Optimise dialog searches off the window's thread and applies its result;
 // Snap puts the stages that are not free on the chosen series and re-tunes the
 // free ones, and Apply writes both, named as one undo step.
@@ -346,8 +391,8 @@ TEST_F(AnalysisPageTest, OptimiseDialogTunesTheFreeStagesAndSnapsTheLockedOnes) 
   session.Value[1][1] = 123e-12;
   OptimiseDialog snap(session);
   snap.chkStage[0]->setChecked(false);
-  snap.cboCapacitorSeries->setCurrentText("E12");
-  searchAndApply(snap, snap.cmdSnap);
+  snap.series->cboCapacitorSeries->setCurrentText("E12");
+  searchAndApply(snap, snap.series->cmdSnap);
   EXPECT_TRUE(snap.lblWorst->text().contains("snapped")) << snap.lblWorst->text().toStdString();
   EXPECT_EQ(snap.AppliedStep(), "Snapped to standard values");
   EXPECT_EQ(NeighboursOf(session.Value[1][1], ESeries::E12).below, session.Value[1][1]);
