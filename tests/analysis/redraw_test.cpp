@@ -22,11 +22,9 @@ using Kind = DrawCommand::Kind;
 class RedrawTest : public ::testing::Test {
  protected:
   void SetUp() override {
-    InitialiseSession(session);
-    session.LoadSource = 1;
+    session = testing::SessionOnLoad(50, 0, 14e6);
     session.ChartAspect = 0.75f;
     ResetView(session);
-    session.Frequency = 14e6;
   }
 
   const DrawCommand* Label(const std::string& text, Colour colour) const {

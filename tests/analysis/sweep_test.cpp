@@ -23,11 +23,6 @@ namespace {
 class SweepTest : public ::testing::Test {
  protected:
   void SetUp() override { session = testing::FiveStageNetwork(); }
-  void SweepFrom13To15MHz(int16_t points) {
-    session.SweepStart = 13e6;
-    session.SweepStop = 15e6;
-    session.SweepPoints = points;
-  }
   Session session;
 };
 
@@ -73,7 +68,7 @@ TEST_F(SweepTest, TableFileAndPrintoutKeepTheSamePoints) {
   for (const auto& [henries, rows] : {std::pair{1e36, 5u}, std::pair{1e308, 0u}}) {
     session.ElementType = {0, SeriesInductor};
     session.Value[1] = {0, henries, 200};
-    SweepFrom13To15MHz(5);
+    testing::SweepOver(session, 13e6, 15e6, 5);
     const std::vector<std::string> table = TabulateSweep(session);
     EXPECT_EQ(table.size(), rows) << henries;
     for (const std::string& row : table) EXPECT_EQ(row.find("inf"), std::string::npos) << row;
@@ -93,9 +88,7 @@ TEST_F(SweepTest, SettingsRulesAreStrict) {
         {10000, 1e6, 11, true, false}, {10001, 1e6, 11, true, true}, {1e6, 5010, 11, false, false},
         {1e6, 10100, 11, true, false}, {1e6, 10101, 11, true, true}, {1e6, 2e6, 2, false, false},
         {1e6, 2e6, 3, true, true}}) {
-    session.SweepStart = start;
-    session.SweepStop = stop;
-    session.SweepPoints = static_cast<int16_t>(points);
+    testing::SweepOver(session, start, stop, points);
     EXPECT_EQ(SweepSettingsUsable(session), usable) << start << " " << stop;
     EXPECT_EQ(SweepSettingsSwitchable(session), switchable) << start << " " << stop;
   }
@@ -121,8 +114,7 @@ TEST_F(SweepTest, TabulatedRowsStandInTheHeadingsColumns) {
   }
   session.ElementType = {};
   session.Value[0] = {0, 50, 0};
-  session.SweepStart = session.SweepStop = 14e6;
-  session.SweepPoints = 3;
+  testing::SweepOver(session, 14e6, 14e6, 3);
   const std::vector<std::string> rows = TabulateSweep(session);
   ASSERT_EQ(rows.size(), 3u);  // a perfect match is shown on the imaginary axis
   EXPECT_DOUBLE_EQ(session.SweepRho[0], 5e-13);
@@ -139,7 +131,7 @@ using Kind = DrawCommand::Kind;
 // The points as circles of radius 30 in the sweep's green at their
 // reflection, ringed letters on the first and last, the legend at x 3700.
 TEST_F(SweepTest, ManualSweepOnTheChartMarksEachPointAndItsEnds) {
-  SweepFrom13To15MHz(3);
+  testing::SweepOver(session, 13e6, 15e6, 3);
   const double frequency = session.Frequency;
   DisplayList list;
   RunSweep(session, list);
@@ -191,9 +183,7 @@ TEST_F(SweepTest, TheBatchLeavesWhatAPointByPointLoopLeaves) {
     SCOPED_TRACE(c.name);
     Session batched = testing::FiveStageNetwork();
     batched.LoadSource = c.loadSource;
-    batched.SweepStart = c.start;
-    batched.SweepStop = c.stop;
-    batched.SweepPoints = 5;
+    testing::SweepOver(batched, c.start, c.stop, 5);
     for (int k = 1; k <= 5; ++k) {
       batched.LoadFreq[k] = k == 1 ? c.start : 13e6 + k * 1e5;
       batched.LoadR[k] = 30.0 + k;

@@ -34,9 +34,7 @@ class CliTest : public TempDirTest {
     network.Frequency = 14e6;
     network.ElementType[1] = type;
     network.Value[1] = {0, value, q};
-    network.SweepStart = 13e6;
-    network.SweepStop = 15e6;
-    network.SweepPoints = 5;
+    SweepOver(network, 13e6, 15e6, 5);
     FakeDialogs dialogs;
     WriteNetworkFile(network, dialogs, PathOf("net"));
   }

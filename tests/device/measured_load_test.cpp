@@ -63,9 +63,7 @@ TEST(MeasuredLoadTest, ReplacesTheLoadDataAndGivesItBack) {
   auto session = std::make_unique<Session>();
   InitialiseSession(*session);
   session->LoadSource = 1;
-  session->SweepStart = 3e6;
-  session->SweepStop = 4e6;
-  session->SweepPoints = 7;
+  testing::SweepOver(*session, 3e6, 4e6, 7);
   const NetworkState before = NetworkStateOf(*session);
 
   const MeasuredSweep sweep = SweepOf({{1e6, 0.0}, {2e6, {0.2, 0.1}}, {3e6, 1.0}, {4e6, {-0.5, 0}}});

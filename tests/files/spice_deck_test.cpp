@@ -42,8 +42,7 @@ TEST_P(SpiceDecks, NgspiceFindsTheCalculatedInputImpedance) {
     GTEST_SKIP() << "ngspice is not installed: the deck is not run";
   }
   Session session = testing::NetworkAround(GetParam());
-  session.SweepStart = session.SweepStop = 10e6;
-  session.SweepPoints = 1;
+  testing::SweepOver(session, 10e6, 10e6, 1);
   CalculateNetwork(session, 0);
   const std::complex<double> expected(session.InputR, session.InputX);
   const auto simulated = RunNgspice(MakeSpiceDeck(session).text);

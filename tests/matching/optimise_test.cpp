@@ -21,12 +21,7 @@ constexpr double kHardCaseReferenceDb = 20.7467;
 // 25 + j80 ohms at 14 MHz with an L network (shunt C, series L) from the
 // closed form, each value then made ten times wrong.
 Session MistunedL() {
-  Session session;
-  InitialiseSession(session);
-  session.LoadSource = 1;
-  session.Frequency = 14e6;
-  session.Value[0][1] = 25;
-  session.Value[0][2] = 80;
+  Session session = testing::SessionOnLoad(25, 80, 14e6);
   MatchRequest request;
   request.kinds = {MatchKind::L};
   for (const MatchSolution& s : FindMatches(session, request).solutions) {
@@ -34,9 +29,7 @@ Session MistunedL() {
   }
   session.Value[1][1] *= 10;
   session.Value[2][1] /= 10;
-  session.SweepStart = 13e6;
-  session.SweepStop = 15e6;
-  session.SweepPoints = 41;
+  testing::SweepOver(session, 13e6, 15e6, 41);
   return session;
 }
 
@@ -44,11 +37,7 @@ Session MistunedL() {
 // end-fed's 2450 ohms through a 9:1 transformer and 10 m of lossless 75 ohm
 // cable are matched to 50 ohms.
 TEST(Optimise, FreesTheTransformerRatioAndTheCableLength) {
-  Session session;
-  InitialiseSession(session);
-  session.LoadSource = 1;
-  session.Frequency = 7.1e6;
-  session.Value[0][1] = 2450;
+  Session session = testing::SessionOnLoad(2450, 0, 7.1e6);
   session.ElementType = {0, Transformer, CoaxialCable};
   session.Value[1] = {0, 9};
   session.Value[2] = {0, 10, 75, 0.66};
@@ -95,16 +84,11 @@ TEST(Optimise, AStartNothingBettersIsReturnedAsItIs) {
                         {SeriesResistor, 1e-3, 50, Goal::Sweep, 1e-3 / 100.001},
                         {SeriesResistor, 1e-3, 50, Goal::LoadData, 1e-3 / 100.001},
                         {ShuntCapacitor, 1e-15, 50, Goal::Sweep, b / std::hypot(2, b)}}) {
-    Session session;
-    InitialiseSession(session);
+    Session session = testing::SessionOnLoad(c.loadR, 0, 14e6);
     session.LoadSource = c.goal == Goal::LoadData ? 2 : 1;
-    session.Frequency = 14e6;
-    session.Value[0] = {0, c.loadR, 0};
     session.ElementType[1] = c.type;
     session.Value[1] = {0, c.value, 0, 50};  // a line's length as entered at every frequency, of 50 ohms
-    session.SweepStart = 13e6;
-    session.SweepStop = 15e6;
-    session.SweepPoints = c.goal == Goal::LoadData ? 3 : 5;
+    testing::SweepOver(session, 13e6, 15e6, c.goal == Goal::LoadData ? 3 : 5);
     for (int k = 1; k <= 3; ++k) std::tie(session.LoadFreq[k], session.LoadR[k]) = std::pair(12e6 + k * 1e6, c.loadR);
     OptimiseRequest request;
     request.freeStages = {1};

@@ -21,9 +21,7 @@ Session MatchedPi() {
   for (const MatchSolution& s : FindMatches(session, request).solutions) {
     if (s.response == MatchResponse::LowPass) ApplyMatch(session, s);
   }
-  session.SweepStart = 13.5e6;
-  session.SweepStop = 15e6;
-  session.SweepPoints = 31;
+  testing::SweepOver(session, 13.5e6, 15e6, 31);
   return session;
 }
 

@@ -1,18 +1,13 @@
 #pragma once
 
-#include "model/session.h"
+#include "support/session_setup.h"
 
 namespace kalvex::testing {
 
 // The five-stage network of the benchmarks and the path tests: series inductor, shunt
 // capacitor, line section, shunt open stub, series capacitor.
 inline Session FiveStageNetwork() {
-  Session session;
-  InitialiseSession(session);
-  session.LoadSource = 1;
-  session.Frequency = 14.2e6;
-  session.Value[0][1] = 36;
-  session.Value[0][2] = -20;
+  Session session = SessionOnLoad(36, -20, 14.2e6);
   session.ElementType = {0, SeriesInductor, ShuntCapacitor, SeriesLine, ShuntOpenStub,
                          SeriesCapacitor};
   session.Value[1] = {0, 1.2e-6, 200};

@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-#include "model/session.h"
+#include "support/session_setup.h"
 
 namespace kalvex::testing {
 
@@ -19,16 +19,8 @@ struct HardMatch {
 
 inline Session LadderOnLoad(double r, double x, double frequency, double start, double stop, int points,
                             std::vector<int16_t> types) {
-  Session session;
-  InitialiseSession(session);
-  session.LoadSource = 1;
-  session.SystemZ = 50;
-  session.Frequency = frequency;
-  session.Value[0][1] = r;
-  session.Value[0][2] = x;
-  session.SweepStart = start;
-  session.SweepStop = stop;
-  session.SweepPoints = static_cast<int16_t>(points);
+  Session session = SessionOnLoad(r, x, frequency);
+  SweepOver(session, start, stop, points);
   const double omega = 2 * 3.141592653589793 * frequency;
   for (std::size_t k = 0; k < types.size(); ++k) {
     const int s = static_cast<int>(k) + 1;

@@ -45,12 +45,7 @@ inline const std::vector<Part>& FeedParts() {
 // The part in stage 2 of a network at 10 MHz, after a series resistor of 20
 // ohms on a 30 − j20 load and before a series inductor in stage 3.
 inline Session NetworkAround(const Part& part) {
-  Session session;
-  InitialiseSession(session);
-  session.LoadSource = 1;
-  session.Frequency = 10e6;
-  session.Value[0][1] = 30;
-  session.Value[0][2] = -20;
+  Session session = SessionOnLoad(30, -20, 10e6);
   session.ElementType = {0, SeriesResistor, part.type, SeriesInductor};
   session.Value[1][1] = 20;
   for (int k = 1; k <= 5; ++k) session.Value[2][k] = part.values[k];

@@ -31,9 +31,7 @@ class LayoutTest : public testing::TempDirTest {
   void SetUp() override {
     TempDirTest::SetUp();
     session = testing::FiveStageNetwork();
-    session.SweepStart = 13e6;
-    session.SweepStop = 15e6;
-    session.SweepPoints = 11;
+    testing::SweepOver(session, 13e6, 15e6, 11);
   }
 
   Session session;
