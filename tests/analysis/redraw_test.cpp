@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <complex>
 #include <numbers>
 
 #include "analysis/redraw.h"
@@ -90,44 +91,27 @@ TEST_F(RedrawTest, FineImpedanceLinesFollowTheirFormulas) {
   }
 }
 
-// Every label of both grids stands at its formula, in two different views:
-// the whole lists, in the grids' colours, compared at once.
-TEST_F(RedrawTest, LabelsStandAtTheirFormulas) {
-  using Labels = std::vector<std::tuple<std::string, long, long>>;  // text, x, y in thousandths
+// Every label of both grids stands beside the place its value names, in two
+// different views: a signed value on the rim (a reactance, or a susceptance),
+// an unsigned one on the real axis; the admittance grid is the impedance grid
+// turned half round.
+TEST_F(RedrawTest, LabelsStandBesideTheValuesTheyName) {
   for (const ChartView view : {ChartView{8000, 5000, 3000 * std::sqrt(2.0), 0.5},
                                ChartView{6500, 5200, 3000, 1.25}}) {
-    const double xc = view.centreX, yc = view.centreY, a = view.aspect, r = view.radius;
-    auto label = [](const char* text, double x, double y) {
-      return std::tuple(std::string(text), std::lround(x * 1000), std::lround(y * 1000));
-    };
-    const Labels impedance = {
-        label("+5", xc + a * 0.92 * r + 15, yc - 0.39 * r - 210), label("+2", xc + a * 0.6 * r - 120, yc - 0.8 * r - 240),
-        label("+1", xc - 180, yc - 0.999 * r - 240), label("+.5", xc - a * (0.62 * r + 240), yc - 0.82 * r - 60),
-        label("+.2", xc - a * (0.97 * r + 90), yc - 0.38 * r - 240), label("0", xc - a * (1.02 * r + 60), yc - 90),
-        label("-.2", xc - a * (0.97 * r + 90), yc + 0.38 * r), label("-.5", xc - a * (0.62 * r + 180), yc + 0.82 * r - 90),
-        label("-1", xc - 180, yc + 1.01 * r), label("-2", xc + a * 0.6 * r - 45, yc + 0.8 * r + 60),
-        label("-5", xc + a * 0.93 * r + 1, yc + 0.39 * r - 60), label(".2", xc - a * (0.67 * r + 120), yc - 70),
-        label(".5", xc - a * (0.33 * r + 120), yc - 70), label("1", xc - 60, yc - 70),
-        label("2", xc + a * (0.33 * r - 60), yc - 70), label("5", xc + a * (0.66 * r + 60), yc - 70)};
-    const Labels admittance = {
-        label("-.5", xc + a * (0.66 * r - 90), yc - 0.79 * r - 180), label("-1", xc + 90, yc - 0.999 * r - 240),
-        label("-2", xc - a * 0.62 * r, yc - 0.82 * r - 210), label("-.2", xc + a * (0.97 * r - 120), yc - 0.38 * r - 90),
-        label("0", xc + a * 1.02 * r, yc - 120), label("+.2", xc + a * (0.97 * r - 120), yc + 0.38 * r + 90),
-        label("+2", xc - a * (0.62 * r - 60), yc + 0.82 * r + 30), label("+1", xc + 90, yc + 1.01 * r),
-        label("+.5", xc + a * (0.66 * r - 120), yc + 0.79 * r - 30), label("5", xc - a * (0.67 * r - 60), yc - 170),
-        label("2", xc - a * (0.33 * r - 60), yc - 170), label("1", xc + 30, yc - 170),
-        label(".5", xc + a * (0.33 * r + 30), yc - 170), label(".2", xc + a * (0.66 * r + 30), yc - 170)};
-    for (const bool impedanceGrid : {true, false}) {
+    for (const bool admittance : {false, true}) {
       list.Reset();
-      if (impedanceGrid) {
-        DrawImpedanceGrid(list, view, kStrongRed);
-      } else {
-        DrawAdmittanceGrid(list, view, kStrongGreen);
+      admittance ? DrawAdmittanceGrid(list, view, kStrongGreen) : DrawImpedanceGrid(list, view, kStrongRed);
+      const auto labels = testing::OfKind(list, Kind::Text);
+      EXPECT_EQ(labels.size(), admittance ? 14u : 16u);
+      for (const DrawCommand& label : labels) {
+        const bool onRim = label.text[0] == '+' || label.text[0] == '-';
+        const std::complex<double> z = onRim ? std::complex(0.0, std::stod(label.text)) : std::stod(label.text);
+        const std::complex<double> g = (admittance ? -1.0 : 1.0) * (z - 1.0) / (z + 1.0);
+        const Point place = view.GammaToPage({g.real(), g.imag()});
+        EXPECT_NEAR(label.a.x, place.x, view.aspect * (0.07 * view.radius + 250)) << label.text << admittance;
+        EXPECT_NEAR(label.a.y, place.y, 0.03 * view.radius + 250) << label.text << admittance;
       }
-      Labels drawn;
-      for (const DrawCommand& c : testing::OfKind(list, Kind::Text)) drawn.push_back(label(c.text.c_str(), c.a.x, c.a.y));
-      EXPECT_EQ(drawn, impedanceGrid ? impedance : admittance);
-      EXPECT_NE(Label("0", impedanceGrid ? kStrongRed : kStrongGreen), nullptr);  // in the grid's colour
+      EXPECT_NE(Label("0", admittance ? kStrongGreen : kStrongRed), nullptr);  // in the grid's colour
     }
   }
 }
