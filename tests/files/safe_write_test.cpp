@@ -5,7 +5,6 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
-#include <random>
 #include <sstream>
 
 #include "cli.h"
@@ -91,26 +90,6 @@ TEST_F(SafeWriteTest, AFailedWriteKeepsTheOldFile) {
     EXPECT_EQ(ReadFile(name), "old") << name;
   }
   EXPECT_EQ(Entries(), (std::vector<std::string>{"big.txt", "chart.pdf", "chart.svg"}));
-}
-
-// Killed at any moment, a writer leaves the old file or the whole new one.
-TEST_F(SafeWriteTest, AKilledWriterLeavesTheOldFileOrTheNewOne) {
-  const std::string old = "old file\r\n";
-  std::string large;
-  for (int row = 0; large.size() < 8'000'000; ++row) {
-    large += " " + std::to_string(row) + "  50.1  -12.25  .33  -45.5  9.54  2.01 \r\n";
-  }
-  std::mt19937 random(7);
-  for (int attempt = 0; attempt < 60; ++attempt) {
-    WriteFile("sweep.DAT", old);
-    const pid_t writer = ::fork();
-    if (writer == 0) ::_exit(WriteFileSafely(PathOf("sweep.DAT"), large).empty() ? 0 : 1);
-    ::usleep(std::uniform_int_distribution<int>(0, 30'000)(random));
-    ::kill(writer, SIGKILL);
-    ::waitpid(writer, nullptr, 0);
-    const std::string now = ReadFile("sweep.DAT");
-    ASSERT_TRUE(now == old || now == large) << "attempt " << attempt << ": " << now.size();
-  }
 }
 
 }  // namespace
