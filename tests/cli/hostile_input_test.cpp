@@ -78,6 +78,9 @@ TEST_F(HostileInputTest, ExitStepsSayWhatWasNotSaved) {
   WriteFile("file", "");
   const std::string unwritable = PathOf("file/LASTSESSION.SSF");  // its folder is a file
   testing::FakeDialogs dialogs;
+  EXPECT_EQ(EndAndQuit(network, dialogs, PathOf(kLastSessionFileName)),
+            "Data for this session has been saved as 'LastSession'");
+  EXPECT_EQ(std::pair(NetworkIsEmpty(network), NetworkIsEmpty(Session{})), std::pair(false, true));
   EXPECT_EQ(EndAndQuit(network, dialogs, unwritable),
             "Nothing was saved: cannot write " + unwritable + ": Not a directory");
   dialogs.fileNames = {PathOf("file/net"), PathOf("net2")};

@@ -1,35 +1,10 @@
 #include <gtest/gtest.h>
 
 #include "files/defaults_file.h"
-#include "files/exit_actions.h"
-#include "files/network_file.h"
-#include "files/startup.h"
-#include "support/fake_dialogs.h"
 #include "support/temp_dir.h"
 
 namespace kalvex {
 namespace {
-
-using StartupAndExitTest = testing::TempDirTest;
-
-// A first run in an empty folder starts empty with the defaults file's start
-// values; End and Quit then a new start resumes the session.
-TEST_F(StartupAndExitTest, EndAndQuitThenStartResumesTheSession) {
-  Session session, next;
-  StartSession(session, PathOf(""));
-  EXPECT_TRUE(NetworkIsEmpty(session));
-  EXPECT_EQ(std::tuple(session.ChartAspect, session.DefaultInductorQ), std::tuple(0.75f, 200.0f));
-  EXPECT_EQ(WelcomeCaption(session), "Kalvex 2.12 - Welcome !");
-  session.ElementType[2] = ShuntInductor;
-  session.Value[2][1] = 2.2e-6;
-  session.Frequency = 7.1e6;
-  testing::FakeDialogs dialogs;
-  EXPECT_EQ(EndAndQuit(session, dialogs, PathOf(kLastSessionFileName)),
-            "Data for this session has been saved as 'LastSession'");
-  StartSession(next, PathOf(""));
-  EXPECT_EQ(std::tuple(next.ElementType[2], next.Value[2][1], next.Frequency),
-            std::tuple(ShuntInductor, 2.2e-6, 7.1e6));
-}
 
 using DefaultsFile = testing::TempDirTest;
 
