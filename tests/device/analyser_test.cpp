@@ -32,8 +32,7 @@ void ExpectPointsOfLoad(const MeasuredSweep& sweep, const SweepPlan& plan, const
     ++k;
     const std::complex<double> measured = ImpedanceOfS11(point.s11);
     const std::complex<double> expected = load.ImpedanceAt(point.frequency);
-    EXPECT_NEAR(measured.real(), expected.real(), 1e-5 * std::abs(expected) + 1e-6) << name << " at " << point.frequency;
-    EXPECT_NEAR(measured.imag(), expected.imag(), 1e-5 * std::abs(expected) + 1e-6) << name << " at " << point.frequency;
+    EXPECT_LE(std::abs(measured - expected), 1e-5 * std::abs(expected) + 1e-6) << name << " at " << point.frequency;
   }
 }
 
@@ -185,9 +184,8 @@ TEST(AnalyserLinkTest, ADeviceThatMeasuresNothingIsSaidSo) {
   EXPECT_FALSE(link.TakeSweep().has_value());
 }
 
+// (A missing port is tried through kalvex-cli measure.)
 TEST(SimulatedAnalyserTest, APortThatIsNoAnalyserIsSaidSo) {
-  const AnalyserMeasurement missing = MeasureOnPort("/nonexistent/ttyACM9", {}, 1, kShortTimeout);
-  EXPECT_TRUE(missing.failure.starts_with("cannot open /nonexistent/ttyACM9: ")) << missing.failure;
   const AnalyserMeasurement notATerminal = MeasureOnPort("/dev/null", {}, 1, kShortTimeout);
   EXPECT_TRUE(notATerminal.failure.starts_with("cannot open /dev/null: not a serial port")) << notATerminal.failure;
 }
