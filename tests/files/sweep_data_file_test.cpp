@@ -1,7 +1,5 @@
 #include <gtest/gtest.h>
 
-#include <cmath>
-
 #include "files/sweep_data_file.h"
 #include "support/fake_dialogs.h"
 #include "support/networks.h"
@@ -10,32 +8,19 @@
 namespace kalvex {
 namespace {
 
-class SweepDataFileTest : public testing::TempDirTest {
- protected:
-  void SetUp() override {
-    TempDirTest::SetUp();
-    InitialiseSession(session);
-    session.LoadSource = 1;
-    session.SweepPoints = 3;
-  }
-
-  void Fill(int k, double f, double r, double x, double rho, double angle, double vswr) {
-    testing::FillSweepPoint(session, k, f, r, x, rho, angle, vswr);
-  }
-
-  Session session;
-  testing::FakeDialogs dialogs;
-};
+using SweepDataFileTest = testing::TempDirTest;
 
 // Only a Rho of exactly 0 gets the 180 dB floor; a calculated match (Rho
 // 5e-13, its reactance taken as 1e-12) has its own return loss.
 TEST_F(SweepDataFileTest, WritesHeadingRowsAndEmptyLastLine) {
+  Session session = testing::SessionOnLoad(50, 0, 14e6);
   session.SweepPoints = 5;
-  Fill(0, 14e6, 150, 0, 0.5, 0, 3);
-  Fill(1, 14.5e6, 50, 50, 0.4472135954999579, 63.43494882292201, 2.618033988749895);
-  Fill(2, 15e6, 0, 50, 1, 90, 1'000'000);
-  Fill(3, 16e6, 50, 0, 0, 0, 1);
-  Fill(4, 17e6, 50, 0, 5e-13, 90, 1);
+  testing::FillSweepPoint(session, 0, 14e6, 150, 0, 0.5, 0, 3);
+  testing::FillSweepPoint(session, 1, 14.5e6, 50, 50, 0.4472135954999579, 63.43494882292201, 2.618033988749895);
+  testing::FillSweepPoint(session, 2, 15e6, 0, 50, 1, 90, 1'000'000);
+  testing::FillSweepPoint(session, 3, 16e6, 50, 0, 0, 0, 1);
+  testing::FillSweepPoint(session, 4, 17e6, 50, 0, 5e-13, 90, 1);
+  testing::FakeDialogs dialogs;
   ASSERT_TRUE(WriteSweepData(session, dialogs, PathOf("sweep1.txt")));
   EXPECT_EQ(ReadFile("sweep1.DAT"),
             "Kalvex data file\r\nFilename: " + PathOf("sweep1.txt") + "\r\n2026-11-22 12:00:00\r\n\r\n"
