@@ -95,7 +95,12 @@ TEST_F(ChartTest, AspectEntryClampsAndRewritesBothBoxes) {
   }
 }
 
-TEST_F(ChartTest, QArcsOfOneCrossTheImaginaryAxisAtRootTwoLessOne) {
+// Q arcs of 1 cross the imaginary axis at √2 − 1; arcs of 0.5 turn white
+// beyond the chart's ends.
+TEST_F(ChartTest, QArcsCrossTheAxisWhereTheirQSaysAndTurnWhiteBeyondTheChart) {
+  DrawQArcs(session, list);
+  DrawVSWRCircle(session, list);
+  EXPECT_TRUE(list.Commands().empty());  // switched off: nothing
   session.QArcsOn = 1;
   session.QCircle = 1;
   DrawQArcs(session, list);
@@ -111,13 +116,7 @@ TEST_F(ChartTest, QArcsOfOneCrossTheImaginaryAxisAtRootTwoLessOne) {
   for (const Gamma& g : ends) EXPECT_NEAR(std::fabs(2 * g.v), 1 - g.u * g.u - g.v * g.v, 1e-6);
   ASSERT_NE(testing::TextAt(list, 5300, 8340), nullptr);
   EXPECT_EQ(testing::TextAt(list, 5300, 8340)->text, "Q=1");
-}
-
-TEST_F(ChartTest, QArcsTurnWhiteBeyondTheChartsEnds) {
-  DrawQArcs(session, list);
-  DrawVSWRCircle(session, list);
-  EXPECT_TRUE(list.Commands().empty());  // switched off: nothing
-  session.QArcsOn = 1;
+  list.Reset();
   session.QCircle = 0.5f;
   DrawQArcs(session, list);
   const std::vector<DrawCommand> white = testing::LinesIn(list, kWhite);
