@@ -136,15 +136,13 @@ TEST_F(RedrawTest, LayersComeInTheirOrder) {
   };
   const auto any = [](const DrawCommand&) { return true; };
   const std::vector<std::ptrdiff_t> order = {
-      first(Kind::Clear, 0, any), first(Kind::FillEllipse, kWhite, any),
-      first(Kind::Line, RGB(255, 170, 170), any),
+      first(Kind::Clear, 0, any), first(Kind::FillEllipse, kWhite, any), first(Kind::Line, RGB(255, 170, 170), any),
       first(Kind::Line, kStrongGreen, [](const DrawCommand& c) { return c.a.y == 5000 && c.b.y == 5000; }),
       first(Kind::LineWidth, 0, [](const DrawCommand& c) { return c.value == 2; }),
       first(Kind::Text, 0, [](const DrawCommand& c) { return c.text.starts_with("Chart"); }),
       first(Kind::Line, kSeparatorBlue, any), first(Kind::Line, StageArcColour(1), any),
       first(Kind::Line, RGB(17, 187, 187), any), first(Kind::Line, RGB(136, 17, 17), any),
-      first(Kind::Ellipse, 0, [](const DrawCommand& c) { return c.b.x == 30; }),
-      std::ptrdiff_t(commands.size())};
+      first(Kind::Ellipse, 0, [](const DrawCommand& c) { return c.b.x == 30; }), std::ptrdiff_t(commands.size())};
   for (std::size_t k = 1; k < order.size(); ++k) EXPECT_LT(order[k - 1], order[k]) << k;
   // The rim: 120 chords at width 2, in the outline colour of grid type 3.
   double width = 1;
@@ -207,8 +205,7 @@ TEST_F(RedrawTest, ReadoutsShowThePointsValues) {
     const Readout r = ReadoutAt(session, p.x, p.y);
     EXPECT_TRUE(r.inside);
     EXPECT_EQ((std::vector<std::string>{r.rho, r.vswr, r.returnLoss, r.resistance, r.reactance,
-                                        r.conductance, r.susceptance}),
-              c.texts);
+                                        r.conductance, r.susceptance}), c.texts);
   }
 }
 

@@ -38,9 +38,7 @@ TEST_F(StripTest, CellWidthsFollowTheParts) {
   EXPECT_EQ(std::pair(PartAt(session, 690), PartAt(session, 691)), std::pair(-1, 0));  // the load's left edge
   // The colour key: a bar over every occupied stage's cell.
   const auto bars = testing::OfKind(list, DrawCommand::Kind::FillRect);
-  EXPECT_EQ(std::count_if(bars.begin(), bars.end(),
-                          [](const DrawCommand& c) { return c.b.y == 75; }),
-            4);
+  EXPECT_EQ(std::count_if(bars.begin(), bars.end(), [](const DrawCommand& c) { return c.b.y == 75; }), 4);
 }
 
 TEST_F(StripTest, ValuesAreShownAtTheWorkingFrequency) {

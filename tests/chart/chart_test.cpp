@@ -189,12 +189,10 @@ TEST_P(NetworkPaths, EachStageGrowsFromWhereTheLastEnded) {
     EXPECT_LT(Distance(path[first].gamma, path[first - 1].gamma), 0.01) << "stage " << stage;
   }
   CalculateNetwork(session, 1);
-  EXPECT_LT(Distance(path.back().gamma, ImpedanceToGamma(session.InputR, session.InputX, 50)),
-            0.001);
+  EXPECT_LT(Distance(path.back().gamma, ImpedanceToGamma(session.InputR, session.InputX, 50)), 0.001);
 }
 
-INSTANTIATE_TEST_SUITE_P(AllThirteen, NetworkPaths, ::testing::ValuesIn(testing::ThirteenParts()),
-                         testing::PartName);
+INSTANTIATE_TEST_SUITE_P(AllThirteen, NetworkPaths, ::testing::ValuesIn(testing::ThirteenParts()), testing::PartName);
 INSTANTIATE_TEST_SUITE_P(CableAndTransformer, NetworkPaths, ::testing::ValuesIn(testing::FeedParts()),
                          testing::PartName);
 

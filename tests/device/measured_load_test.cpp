@@ -69,8 +69,7 @@ TEST(MeasuredLoadTest, ReplacesTheLoadDataAndGivesItBack) {
   const MeasuredSweep sweep = SweepOf({{1e6, 0.0}, {2e6, {0.2, 0.1}}, {3e6, 1.0}, {4e6, {-0.5, 0}}});
   ASSERT_EQ(TakeMeasuredLoad(*session, sweep), 3);
   EXPECT_EQ(std::tuple(session->LoadSource, session->SweepPoints, session->SweepStart, session->SweepStop,
-                       session->DataIndex, session->Frequency),
-            std::tuple(2, 3, 1e6, 4e6, 2, 2e6));
+                       session->DataIndex, session->Frequency), std::tuple(2, 3, 1e6, 4e6, 2, 2e6));
   const std::complex<double> z = ImpedanceOfS11({0.2, 0.1});
   EXPECT_DOUBLE_EQ(session->Value[0][1], z.real());
   EXPECT_DOUBLE_EQ(session->Value[0][2], z.imag());
@@ -89,8 +88,7 @@ TEST(MeasuredLoadTest, ReplacesTheLoadDataAndGivesItBack) {
   RestoreLoad(*session, before);
   EXPECT_EQ(session->Value[1][1], 5e-12);
   EXPECT_EQ(std::tuple(session->LoadSource, session->SweepPoints, session->SweepStart, session->Value[0][1],
-                       session->Frequency),
-            std::tuple(1, 7, 3e6, 50, 1e6));
+                       session->Frequency), std::tuple(1, 7, 3e6, 50, 1e6));
 }
 
 TEST(MeasuredLoadTest, AveragesFrequencyByFrequency) {
@@ -110,8 +108,7 @@ using MeasureCommandTest = testing::CliTest;
 TEST_F(MeasureCommandTest, WritesAFileThatLoadsAsTheAntenna) {
   const testing::SimulatedAnalyserProcess simulator({"--scan-time", "0", "--garble-every", "40"});
   ASSERT_EQ(Run({"measure", "--port", simulator.Port(), "--start", "13M", "--stop", "15M", "--points", "21",
-                 "--sweeps", "3", "-o", PathOf("antenna.s1p")}),
-            kExitOk)
+                 "--sweeps", "3", "-o", PathOf("antenna.s1p")}), kExitOk)
       << err.str();
   EXPECT_NE(err.str().find("1 malformed line from kalvex-sim-vna 1.0 left out"), std::string::npos) << err.str();
   const std::string text = ReadFile("antenna.s1p");

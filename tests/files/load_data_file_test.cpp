@@ -89,8 +89,7 @@ TEST_F(LoadDataFileTest, ParserErrorKeepsThePointsReadBefore) {
     SetUp();
     dialogs = testing::FakeDialogs();
     EXPECT_EQ(Apply(c.lines), c.points > 0) << c.name;
-    EXPECT_EQ(dialogs.MessageTexts(),
-              testing::FakeDialogs::Only(c.lines == thousand ? nullptr : "Parser error"))
+    EXPECT_EQ(dialogs.MessageTexts(), testing::FakeDialogs::Only(c.lines == thousand ? nullptr : "Parser error"))
         << c.name;
     if (c.points == 0) {
       EXPECT_EQ(Settings(), Restored());

@@ -32,8 +32,7 @@ class SafeWriteTest : public testing::TempDirTest {
   bool Write(const std::string& name) {
     if (!name.ends_with(".pdf")) return WriteFileSafely(PathOf(name), "new contents").empty();
     std::ostringstream out, err;
-    return RunCli({"render", "--page", "welcome", "--size", "200x150", "-o", PathOf(name)}, out,
-                  err) == kExitOk;
+    return RunCli({"render", "--page", "welcome", "--size", "200x150", "-o", PathOf(name)}, out, err) == kExitOk;
   }
 };
 
@@ -78,8 +77,7 @@ TEST_F(SafeWriteTest, AFailedWriteKeepsTheOldFile) {
       const rlimit limit{1000, 1000};
       ::setrlimit(RLIMIT_FSIZE, &limit);
       std::ostringstream out, err;
-      const bool ok =
-          std::string(name).ends_with(".txt")
+      const bool ok = std::string(name).ends_with(".txt")
               ? WriteFileSafely(PathOf(name), std::string(100'000, 'x')).empty()
               : RunCli({"render", "--page", "analysis", "-o", PathOf(name)}, out, err) == kExitOk;
       ::_exit(ok ? 0 : 1);

@@ -12,8 +12,7 @@
 namespace kalvex {
 namespace {
 
-class SpiceDecks : public testing::TempDirTest,
-                   public ::testing::WithParamInterface<testing::Part> {
+class SpiceDecks : public testing::TempDirTest, public ::testing::WithParamInterface<testing::Part> {
  protected:
   // V(in) at the one frequency of the deck's sweep, as ngspice computes it.
   std::optional<std::complex<double>> RunNgspice(const std::string& deck) {
@@ -52,8 +51,7 @@ TEST_P(SpiceDecks, NgspiceFindsTheCalculatedInputImpedance) {
       << GetParam().name << ": " << *simulated << " against " << expected;
 }
 
-INSTANTIATE_TEST_SUITE_P(AllThirteen, SpiceDecks, ::testing::ValuesIn(testing::ThirteenParts()),
-                         testing::PartName);
+INSTANTIATE_TEST_SUITE_P(AllThirteen, SpiceDecks, ::testing::ValuesIn(testing::ThirteenParts()), testing::PartName);
 INSTANTIATE_TEST_SUITE_P(CableAndTransformer, SpiceDecks, ::testing::ValuesIn(testing::FeedParts()),
                          testing::PartName);
 

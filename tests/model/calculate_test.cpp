@@ -98,8 +98,7 @@ Complex Expected(const testing::Part& part, Complex z) {
   }
 }
 
-class ElementTypes : public CalculateNetworkTest,
-                     public ::testing::WithParamInterface<testing::Part> {};
+class ElementTypes : public CalculateNetworkTest, public ::testing::WithParamInterface<testing::Part> {};
 
 // Each part in stage 1, 4 and 5, behind series resistors of 5 ohms in the
 // stages before it; lines and stubs also put the velocity factor back to 1.
@@ -121,8 +120,7 @@ TEST_P(ElementTypes, MatchCircuitFormulasInEveryStage) {
   }
 }
 
-INSTANTIATE_TEST_SUITE_P(AllThirteen, ElementTypes, ::testing::ValuesIn(testing::ThirteenParts()),
-                         testing::PartName);
+INSTANTIATE_TEST_SUITE_P(AllThirteen, ElementTypes, ::testing::ValuesIn(testing::ThirteenParts()), testing::PartName);
 INSTANTIATE_TEST_SUITE_P(CableAndTransformer, ElementTypes, ::testing::ValuesIn(testing::FeedParts()),
                          testing::PartName);
 

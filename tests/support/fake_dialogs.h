@@ -24,8 +24,7 @@ class FakeDialogs : public Dialogs {
     messages.push_back({text, title, buttons});
     return Pop(answers, MessageAnswer::Ok);
   }
-  std::string ChooseOpenFile(const std::string& title, const std::string&,
-                             const std::string&) override {
+  std::string ChooseOpenFile(const std::string& title, const std::string&, const std::string&) override {
     chooserTitles.push_back(title);
     return Pop(fileNames, std::string());
   }

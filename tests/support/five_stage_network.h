@@ -8,8 +8,7 @@ namespace kalvex::testing {
 // capacitor, line section, shunt open stub, series capacitor.
 inline Session FiveStageNetwork() {
   Session session = SessionOnLoad(36, -20, 14.2e6);
-  session.ElementType = {0, SeriesInductor, ShuntCapacitor, SeriesLine, ShuntOpenStub,
-                         SeriesCapacitor};
+  session.ElementType = {0, SeriesInductor, ShuntCapacitor, SeriesLine, ShuntOpenStub, SeriesCapacitor};
   session.Value[1] = {0, 1.2e-6, 200};
   session.Value[2] = {0, 150e-12, 1000};
   session.Value[3] = {0, 30, 14.2e6, 75};

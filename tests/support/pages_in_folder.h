@@ -42,8 +42,7 @@ class PagesInFolder : public TempDirTest {
 inline void ClickPage(Page& page, double x, double y, Qt::MouseButton button = Qt::LeftButton) {
   const QRectF frame = page.Frame();
   const QSizeF size = page.LogicalSize();
-  QTest::mouseClick(&page, button, {},
-                    QPoint(static_cast<int>(frame.x() + x * frame.width() / size.width()),
+  QTest::mouseClick(&page, button, {}, QPoint(static_cast<int>(frame.x() + x * frame.width() / size.width()),
                            static_cast<int>(frame.y() + y * frame.height() / size.height())));
 }
 
