@@ -91,20 +91,11 @@ TEST(MeasuredLoadTest, ReplacesTheLoadDataAndGivesItBack) {
                        session->Frequency), std::tuple(1, 7, 3e6, 50, 1e6));
 }
 
-TEST(MeasuredLoadTest, AveragesFrequencyByFrequency) {
-  const MeasuredSweep mean = AverageSweeps({SweepOf({{1e6, {0.1, 0.2}}, {2e6, {0.3, 0}}}),
-                                            SweepOf({{1e6, {0.3, 0.4}}}),
-                                            SweepOf({{1e6, {0.2, 0.0}}, {2e6, {0.5, 0}}})});
-  ASSERT_EQ(mean.points.size(), 2u);
-  EXPECT_NEAR(mean.points[0].s11.real(), 0.2, 1e-15);
-  EXPECT_NEAR(mean.points[0].s11.imag(), 0.2, 1e-15);
-  EXPECT_NEAR(mean.points[1].s11.real(), 0.4, 1e-15) << "the sweep without 2 MHz does not count there";
-}
-
 using MeasureCommandTest = testing::CliTest;
 
 // kalvex-cli measure: averaged sweeps as a Touchstone file that --load takes
-// at once, with the load's impedances.
+// at once, with the load's impedances; a point a garbled line took from one
+// sweep is the average of the sweeps that have it.
 TEST_F(MeasureCommandTest, WritesAFileThatLoadsAsTheAntenna) {
   const testing::SimulatedAnalyserProcess simulator({"--scan-time", "0", "--garble-every", "40"});
   ASSERT_EQ(Run({"measure", "--port", simulator.Port(), "--start", "13M", "--stop", "15M", "--points", "21",
