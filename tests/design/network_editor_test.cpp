@@ -61,10 +61,10 @@ TEST_F(NetworkEditorTest, SelectingTheLoadShowsItsValues) {
   editor.Open();
   editor.MouseDown(editor.StageX[1] - 600, 1000);
   EXPECT_EQ(std::tuple(editor.EditStage, editor.LibraryArmed), std::tuple(0, 0));
-  EXPECT_EQ(editor.controls.value[0].caption, "R (ohms): ");
-  EXPECT_EQ(editor.controls.value[1].caption, "X (ohms): ");
-  EXPECT_EQ(editor.controls.value[1].text, "-12 ");
-  EXPECT_FALSE(editor.controls.value[2].shown || editor.controls.dontAcceptShown);
+  const auto& boxes = editor.controls.value;
+  EXPECT_EQ(std::tuple(boxes[0].caption, boxes[1].caption, boxes[1].text),
+            std::tuple("R (ohms): ", "X (ohms): ", "-12 "));
+  EXPECT_FALSE(boxes[2].shown || editor.controls.dontAcceptShown);
   EXPECT_TRUE(editor.controls.acceptShown);
 
   Type({"0.05", "7"});
@@ -73,8 +73,7 @@ TEST_F(NetworkEditorTest, SelectingTheLoadShowsItsValues) {
   editor.MouseDown(editor.StageX[1] - 600, 1000);
   Type({"-20", "-7"});  // a negative resistance counts by its size
   editor.Accept();
-  EXPECT_EQ(session.Value[0][1], 20);
-  EXPECT_EQ(session.Value[0][2], -7);
+  EXPECT_EQ(std::pair(session.Value[0][1], session.Value[0][2]), std::pair(20.0, -7.0));
   EXPECT_EQ(editor.EditStage, NetworkEditor::kNothing);
   editor.MouseDown(editor.StageX[3] + 1, 1000);  // a stage: the library hint replaces the select hint
   EXPECT_TRUE(editor.EditStage == 3 && editor.controls.libraryHintShown && !editor.controls.selectHintShown);

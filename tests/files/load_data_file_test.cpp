@@ -49,8 +49,8 @@ TEST_F(LoadDataFileTest, ReadsTheDocumentedExampleAndTakesTheMiddlePoint) {
             std::tuple(5, 51, 2, 3));
   EXPECT_EQ(session.LoadR[2], 50.9);
   EXPECT_EQ(std::tuple(session.SweepStart, session.SweepStop, session.Frequency), std::tuple(14e6, 14.4e6, 14.2e6));
-  EXPECT_EQ(session.Value[0], (std::array<double, kSlotCount>{0, 50.2, 3.8}));
-  EXPECT_EQ(session.FileName, "net.SSF");
+  EXPECT_EQ(std::tuple(session.Value[0], session.FileName),
+            std::tuple(std::array<double, kSlotCount>{0, 50.2, 3.8}, "net.SSF"));
 }
 
 // Fields are split at commas (empty fields skipped, spaces kept within);
@@ -107,9 +107,7 @@ TEST_F(LoadDataFileTest, ParserErrorKeepsThePointsReadBefore) {
 // naming their lines; R = 0, a lossless load, stays.
 TEST_F(LoadDataFileTest, NegativeResistanceIsLeftOut) {
   ASSERT_TRUE(Apply({"! r", "14.0M, 50, 1", "14.1M, -3, 1", "14.2M, 0, 5", "14.3M, -0.1, 0", "14.4M, 20, 0"}));
-  EXPECT_EQ(session.SweepPoints, 3);
-  EXPECT_EQ(session.LoadR[2], 0);
-  EXPECT_EQ(session.LoadFreq[3], 14.4e6);
+  EXPECT_EQ(std::tuple(session.SweepPoints, session.LoadR[2], session.LoadFreq[3]), std::tuple(3, 0.0, 14.4e6));
   ASSERT_EQ(dialogs.messages.size(), 1u);
   EXPECT_NE(dialogs.messages[0].text.find("lines 3, 5 give no finite load impedance with a resistance of 0"),
             std::string::npos);
