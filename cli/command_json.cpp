@@ -28,8 +28,8 @@ std::string MatchJson(const Session& session, const MatchResult& result) {
     ApplyMatch(applied, solution);
     Json stages = Json::array();
     for (std::size_t k = 0; k < solution.stages.size(); ++k) {
-      stages.push_back({{"type", applied.ElementType[k + 1]},
-                        {"values", StageValuesJson(applied.Value[k + 1], 5)}});
+      const std::size_t stage = static_cast<std::size_t>(solution.firstStage) + k;
+      stages.push_back({{"type", applied.ElementType[stage]}, {"values", StageValuesJson(applied.Value[stage], 5)}});
     }
     Json entry = {{"kind", MatchKindName(solution.kind)}, {"stages", stages}};
     if (solution.outOfRange) entry["adjusted"] = true;
@@ -42,6 +42,8 @@ std::string MatchJson(const Session& session, const MatchResult& result) {
   }
   return Line({{"frequency", load.frequency},
                {"load", Json::array({load.z.R, load.z.X})},
+               {"antenna_load", Json::array({load.antenna.R, load.antenna.X})},
+               {"kept_stages", load.keptStages},
                {"system_impedance", session.SystemZ},
                {"load_model", LoadModelName(result.loadModel)},
                {"band", {{"start", result.band.start}, {"stop", result.band.stop}, {"from_sweep", result.band.fromSweep}}},
@@ -58,12 +60,18 @@ std::string BandJson(const BandFigures& figures) {
                           {"hertz", Optional(edges.hertz)},
                           {"percent", Optional(edges.percent)}});
   }
+  Json cables = Json::array();
+  for (const CableLoss& cable : figures.cableLosses) {
+    cables.push_back({{"stage", cable.stage}, {"matched_loss_db", cable.matchedDb}});
+  }
   return Line({{"load_model", LoadModelName(figures.loadModel)},
                {"worst", PointJson(figures.worst)},
                {"best", PointJson(figures.best)},
                {"bandwidths", bandwidths},
                {"bode_fano", {{"series", FitJson(figures.series)}, {"parallel", FitJson(figures.parallel)}}},
-               {"bound_used", Optional(figures.boundUsed)}});
+               {"bound_used", Optional(figures.boundUsed)},
+               {"loss_db", Optional(figures.lossDb)},
+               {"cable_loss_db", cables}});
 }
 
 std::string YieldJson(const YieldResult& result) {

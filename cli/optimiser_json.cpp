@@ -9,7 +9,7 @@ std::string OptimiseJson(const OptimiseResult& result) {
   for (const OptimisedStage& stage : result.stages) {
     stages.push_back({{"stage", stage.stage},
                       {"type", stage.type},
-                      {"values", StageValuesJson(stage.values, 4)},
+                      {"values", StageValuesJson(stage.values, kValueSlots)},
                       {"on_bound", stage.onBound},
                       {"negligible", stage.negligible}});
   }
@@ -30,7 +30,7 @@ std::string SnapJson(const SnapResult& result) {
   Json stages = Json::array();
   for (const OptimisedStage& stage : result.stages) {
     stages.push_back({{"stage", stage.stage}, {"type", stage.type}, {"snapped", IsSnapped(result, stage.stage)},
-                      {"values", StageValuesJson(stage.values, 4)}});
+                      {"values", StageValuesJson(stage.values, kValueSlots)}});
   }
   return Line({{"before", result.before},
                {"rounded", result.rounded},

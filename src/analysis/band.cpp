@@ -122,6 +122,9 @@ BandFigures ComputeBandFigures(const Session& session, const std::vector<double>
   }
   const int middle = swept.LoadSource == 2 ? swept.SweepPoints / 2 + 1 : 0;
   figures.workingFrequency = swept.LoadSource == 2 ? swept.LoadFreq[middle] : swept.Frequency;
+  const auto workingPoint = static_cast<int16_t>(swept.LoadSource == 2 ? middle : 1);
+  figures.lossDb = NetworkLossDb(swept, workingPoint);
+  figures.cableLosses = CableMatchedLosses(swept, workingPoint);
   if (figures.points.empty()) return figures;
   const auto byVSWR = [](const BandPoint& a, const BandPoint& b) { return a.vswr < b.vswr; };
   figures.worst = *std::max_element(figures.points.begin(), figures.points.end(), byVSWR);

@@ -3,6 +3,7 @@
 #include <optional>
 #include <vector>
 
+#include "model/network_loss.h"
 #include "model/session.h"
 
 namespace kalvex {
@@ -56,6 +57,11 @@ struct BandFigures {
   // ln(1/Γworst) / ln(1/Γbound) of the tighter fit: 1 where the network reaches
   // the bound; none where the bound is no limit (a real load).
   std::optional<double> boundUsed;
+  // What the match costs at the working frequency: the power lost in the
+  // network's parts and cables (see NetworkLossDb), and each cable's own
+  // matched loss.
+  std::optional<double> lossDb;
+  std::vector<CableLoss> cableLosses;
 };
 
 inline const std::vector<double> kDefaultThresholds = {1.5, 2, 3};

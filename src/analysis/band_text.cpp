@@ -55,6 +55,13 @@ std::string BandReport(const BandFigures& figures) {
   text += "Bode-Fano bound over the band:\n";
   text += FitLine("  series", figures.series) + FitLine("  parallel", figures.parallel);
   if (figures.boundUsed) text += "The network reaches " + FormattedNumber("%.1f %%", 100 * *figures.boundUsed) + " of the bound\n";
+  text += "Loss in the network at " + Frequency(figures.workingFrequency) + ": " +
+          (figures.lossDb ? FormattedNumber("%.3f dB", *figures.lossDb) : std::string("none (no power reaches the load)")) +
+          "\n";
+  for (const CableLoss& cable : figures.cableLosses) {
+    text += "  stage " + std::to_string(cable.stage) + " coaxial cable, matched: " +
+            FormattedNumber("%.3f dB", cable.matchedDb) + "\n";
+  }
   return text;
 }
 

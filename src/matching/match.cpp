@@ -7,6 +7,7 @@
 #include "analysis/sweep.h"
 #include "matching/synthesis.h"
 #include "model/calculate.h"
+#include "model/feed_parts.h"
 #include "model/format.h"
 
 namespace kalvex {
@@ -42,15 +43,16 @@ bool PassesDC(const MatchStages& stages) {
   return true;
 }
 
-// A session holding just the solution's stages, lossless or through Accept.
-Session WithStages(const Session& session, const MatchStages& stages, bool accepted) {
+// The session's stages before `first`, then the solution's stages, lossless
+// or through Accept, and nothing after them.
+Session WithStages(const Session& session, const MatchStages& stages, bool accepted, int first) {
   Session trial = session;
-  for (int s = 1; s <= kLastStage; ++s) {
+  for (int s = first; s <= kLastStage; ++s) {
     trial.ElementType[s] = Empty;
     std::fill(trial.Value[s].begin(), trial.Value[s].end(), 0.0);
   }
-  for (std::size_t k = 0; k < stages.size() && k < kLastStage; ++k) {
-    const int s = static_cast<int>(k) + 1;
+  for (std::size_t k = 0; k < stages.size() && first + static_cast<int>(k) <= kLastStage; ++k) {
+    const int s = first + static_cast<int>(k);
     const MatchStage& stage = stages[k];
     const StageValues values = accepted ? AcceptedValues(session, stage.type, stage.values) : stage.values;
     trial.ElementType[s] = stage.type;
@@ -63,17 +65,26 @@ bool IsLumped(MatchKind kind) {
   return kind == MatchKind::L || kind == MatchKind::Pi || kind == MatchKind::T;
 }
 
+// The solution's own stages on the load it was computed for, as a fixed
+// impedance: its loaded Q is the matching network's, not the feed line's.
+Session OnMatchedLoad(const Session& session, const MatchStages& stages) {
+  const MatchLoad load = LoadToMatch(session);
+  Session trial = WithStages(session, stages, false, 1);
+  trial.LoadSource = 1;
+  trial.Frequency = load.frequency;
+  trial.Value[0][1] = load.z.R;
+  trial.Value[0][2] = load.z.X;
+  return trial;
+}
+
 // The loaded Q of a lumped network: the largest |X| / R of the impedances at
 // the nodes after each stage. A network of lines has real impedances at its
 // nodes at the working frequency: its loaded Q is that of its input, from the
 // slope of the input reactance, ω / 2R · dX/dω.
 double LoadedQ(const Session& session, MatchKind kind, const MatchStages& stages) {
   if (!IsLumped(kind)) {
-    Session trial = WithStages(session, stages, false);
-    trial.LoadSource = 1;
-    const auto [load, f] = LoadToMatch(session);
-    trial.Value[0][1] = load.R;
-    trial.Value[0][2] = load.X;
+    Session trial = OnMatchedLoad(session, stages);
+    const double f = trial.Frequency;
     constexpr double kStep = 1e-6;
     double x[2];
     for (int side = 0; side < 2; ++side) {
@@ -87,8 +98,8 @@ double LoadedQ(const Session& session, MatchKind kind, const MatchStages& stages
   }
   double q = 0;
   for (std::size_t n = 1; n <= stages.size(); ++n) {
-    Session trial = WithStages(session, MatchStages(stages.begin(), stages.begin() + n), false);
-    CalculateNetwork(trial, trial.DataIndex);
+    Session trial = OnMatchedLoad(session, MatchStages(stages.begin(), stages.begin() + n));
+    CalculateNetwork(trial, 1);
     q = std::max(q, std::fabs(trial.InputX) / std::max(trial.InputR, 1e-300));
   }
   return q;
@@ -124,14 +135,17 @@ MatchBand BandAround(Session& session, double frequency) {
   return {session.SweepStart, session.SweepStop, false};
 }
 
-MatchSolution Evaluate(const Session& session, MatchKind kind, const MatchStages& stages) {
-  MatchSolution solution{kind, stages};
+MatchSolution Evaluate(const Session& session, MatchKind kind, const MatchStages& stages, int firstStage) {
+  MatchSolution solution;
+  solution.kind = kind;
+  solution.stages = stages;
+  solution.firstStage = firstStage;
   solution.loadedQ = LoadedQ(session, kind, stages);
   solution.response = ResponseOf(stages);
   solution.passesDC = PassesDC(stages);
   solution.outOfRange = std::any_of(stages.begin(), stages.end(),
                                     [&session](const MatchStage& s) { return OutOfRange(session, s); });
-  Session built = WithStages(session, stages, true);
+  Session built = WithStages(session, stages, true, firstStage);
   CalculateNetwork(built, built.DataIndex);
   solution.input = {built.InputR, built.InputX};
   const SweepIndexes indexes = RunSweepPoints(built, SweepUse::Table);
@@ -156,6 +170,26 @@ std::string QText(double q) {
   text.precision(4);
   text << q;
   return text.str();
+}
+
+// "Matched: the load seen through stages 1 to 2 (coaxial cable, transformer),
+// 48.2 -j3.1 ohms; the matching networks go in from stage 3."
+std::string SeenThroughText(const Session& session, const MatchLoad& load) {
+  const int kept = load.keptStages;
+  std::string parts;
+  for (int s = 1; s <= kept; ++s) parts += (s > 1 ? ", " : "") + std::string(PartName(session.ElementType[s]));
+  return "Matched: the load seen through " + KeptStagesText(kept) + " (" + parts + "), " + QText(load.z.R) +
+         (load.z.X < 0 ? " -j" : " +j") + QText(std::fabs(load.z.X)) + " ohms; the matching networks go in from stage " +
+         std::to_string(kept + 1) + ", after " + (kept == 1 ? "it" : "them") + ".";
+}
+
+std::string TooLongText(MatchKind kind, int kept) {
+  if (kept == 0) {
+    return std::string("A ") + MatchKindName(kind) + " transformer with its line to the load's real point needs more than the network's " +
+           std::to_string(kLastStage) + " stages: left out.";
+  }
+  return std::string("A ") + MatchKindName(kind) + " match needs more than the " + std::to_string(kLastStage - kept) +
+         " stages left after stage " + std::to_string(kept) + ": left out.";
 }
 
 }  // namespace
@@ -183,11 +217,24 @@ const char* MatchResponseName(MatchResponse response) {
 }
 
 MatchLoad LoadToMatch(const Session& session) {
+  MatchLoad load;
   if (session.LoadSource == 2) {
     const int k = std::clamp<int>(session.DataIndex, 1, kLoadPointCount - 1);
-    return {{session.LoadR[k], session.LoadX[k]}, session.LoadFreq[k]};
+    load.antenna = {session.LoadR[k], session.LoadX[k]};
+    load.frequency = session.LoadFreq[k];
+  } else {
+    load.antenna = {session.Value[0][1], session.Value[0][2]};
+    load.frequency = session.Frequency;
   }
-  return {{session.Value[0][1], session.Value[0][2]}, session.Frequency};
+  load.keptStages = LastFeedStage(session);
+  Session through = session;
+  through.Frequency = load.frequency;
+  load.z = ThroughStages(through, load.antenna, 1, load.keptStages);
+  return load;
+}
+
+std::string KeptStagesText(int keptStages) {
+  return keptStages == 1 ? "stage 1" : "stages 1 to " + std::to_string(keptStages);
 }
 
 double RippleReflection(double rippleDb) { return std::sqrt(1 - std::pow(10.0, -rippleDb / 10)); }
@@ -199,8 +246,20 @@ double DefaultLoadedQ(Impedance load, double z0) {
 MatchResult FindMatches(const Session& session, const MatchRequest& request) {
   MatchResult result;
   result.loadModel = request.loadModel;
-  const auto [load, f] = LoadToMatch(session);
+  const MatchLoad matched = LoadToMatch(session);
+  const Impedance load = matched.z;
+  const double f = matched.frequency;
+  const int firstStage = matched.keptStages + 1;
+  const std::size_t room = static_cast<std::size_t>(kLastStage - matched.keptStages);
   const double z0 = session.SystemZ;
+  if (matched.keptStages > 0) {
+    result.notes.push_back(SeenThroughText(session, matched));
+    if (room == 0) {
+      result.notes.push_back("No stage is left after stage " + std::to_string(kLastStage) +
+                             " for a matching network.");
+      return result;
+    }
+  }
   if (!(load.R > 0) || !(f > 0) || !(z0 > 0) || !std::isfinite(load.X)) {
     result.notes.push_back("No matching network exists for a load without resistance.");
     return result;
@@ -258,18 +317,14 @@ MatchResult FindMatches(const Session& session, const MatchRequest& request) {
     for (const MatchStages& stages : found) {
       const bool repeated = std::any_of(distinct.begin(), distinct.end(),
                                         [&stages](const MatchStages& d) { return SameStages(d, stages); });
-      tooLong = tooLong || stages.size() > kLastStage;
-      if (!repeated && !stages.empty() && stages.size() <= kLastStage) distinct.push_back(stages);
+      tooLong = tooLong || stages.size() > room;
+      if (!repeated && !stages.empty() && stages.size() <= room) distinct.push_back(stages);
     }
-    if (tooLong) {
-      result.notes.push_back(std::string("A ") + MatchKindName(kind) +
-                             " transformer with its line to the load's real point needs more than the network's " +
-                             std::to_string(kLastStage) + " stages: left out.");
-    }
+    if (tooLong) result.notes.push_back(TooLongText(kind, matched.keptStages));
     if (distinct.empty() && !tooLong) {
       result.notes.push_back(std::string("No ") + MatchKindName(kind) + " match exists for this load.");
     }
-    for (const MatchStages& stages : distinct) result.solutions.push_back(Evaluate(base, kind, stages));
+    for (const MatchStages& stages : distinct) result.solutions.push_back(Evaluate(base, kind, stages, firstStage));
   }
   std::stable_sort(result.solutions.begin(), result.solutions.end(),
                    [](const MatchSolution& a, const MatchSolution& b) { return a.loadedQ < b.loadedQ; });
@@ -277,7 +332,7 @@ MatchResult FindMatches(const Session& session, const MatchRequest& request) {
 }
 
 void ApplyMatch(Session& session, const MatchSolution& solution) {
-  const Session built = WithStages(session, solution.stages, true);
+  const Session built = WithStages(session, solution.stages, true, solution.firstStage);
   session.ElementType = built.ElementType;
   session.Value = built.Value;
 }

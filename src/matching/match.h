@@ -27,7 +27,8 @@ struct MatchStage {
 
 struct MatchSolution {
   MatchKind kind = MatchKind::L;
-  std::vector<MatchStage> stages;  // stage 1, at the load, first; every part lossless
+  std::vector<MatchStage> stages;  // the one nearest the load first; every part lossless
+  int firstStage = 1;              // where it goes: after the feed parts, which stay
   double loadedQ = 0;              // the largest |X| / R at a node between the stages
   MatchResponse response = MatchResponse::BandPass;
   bool passesDC = false;           // a DC path from the generator to the load
@@ -76,21 +77,34 @@ struct MatchResult {
   LoadModel loadModel = LoadModel::Fixed;
 };
 
-// The load the network is matched for: at the working frequency, the
-// network's own load, or with load data the point the session uses.
+// The load the network is matched for at the working frequency: the
+// antenna's (the network's own load, or with load data the point the session
+// uses), seen through stages 1..keptStages. Those are the stages up to the
+// last cable or transformer (see LastFeedStage), whatever else they hold: a
+// feed line and its transformer are where the installation puts them, so a
+// matching network goes on their generator side and they stay. Without feed
+// parts nothing is kept and z is the antenna's own.
 struct MatchLoad {
   Impedance z;
   double frequency = 0;
+  Impedance antenna;
+  int keptStages = 0;
 };
 MatchLoad LoadToMatch(const Session& session);
 
+// "stage 1" or "stages 1 to 3": the kept stages in texts.
+std::string KeptStagesText(int keptStages);
+
 // Every matching network of the requested kinds from the load to the system
-// impedance, in closed form, with its figures. A kind that cannot be made is
-// a note or a refusal; the other kinds go on.
+// impedance, in closed form, with its figures (the band's through the kept
+// stages at each frequency). A kind that cannot be made, or needs more stages
+// than are left after the kept ones, is a note or a refusal; the other kinds
+// go on.
 MatchResult FindMatches(const Session& session, const MatchRequest& request);
 
-// Puts `solution` into stages 1..n through the Design page's Accept rules
-// (so a Q of 0 becomes the default Q) and empties the stages after it.
+// Keeps the stages before the solution's first, puts `solution` into the
+// stages from there through the Design page's Accept rules (so a Q of 0
+// becomes the default Q) and empties the stages after it.
 void ApplyMatch(Session& session, const MatchSolution& solution);
 
 }  // namespace kalvex

@@ -26,7 +26,7 @@ std::vector<std::string> MatchLimitChanges(const Session& session, const MatchSo
         ValueLines(stage.type, AcceptedValues(session, stage.type, stage.values));
     for (std::size_t line = 0; line < std::min(computed.size(), accepted.size()); ++line) {
       if (computed[line] == accepted[line] || computed[line].starts_with("Q:")) continue;
-      changes.push_back("stage " + std::to_string(k + 1) + ", " + PartName(stage.type) + ": " +
+      changes.push_back("stage " + std::to_string(solution.firstStage + static_cast<int>(k)) + ", " + PartName(stage.type) + ": " +
                         Trimmed(computed[line]) + " would become " +
                         Trimmed(accepted[line]));
     }

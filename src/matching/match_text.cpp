@@ -55,7 +55,13 @@ std::string MatchBandText(const MatchResult& result) {
 
 std::string MatchTable(const Session& session, const MatchResult& result) {
   const MatchLoad load = LoadToMatch(session);
-  std::string text = OneBlank("Load " + LoadValueText(load.z.R, load.z.X) + " ohms at " +
+  std::string through;
+  if (load.keptStages > 0) {
+    through = " seen through " + KeptStagesText(load.keptStages) + " (the antenna " +
+              LoadValueText(load.antenna.R, load.antenna.X) + " ohms; the solutions go in from stage " +
+              std::to_string(load.keptStages + 1) + ")";
+  }
+  std::string text = OneBlank("Load " + LoadValueText(load.z.R, load.z.X) + " ohms" + through + " at " +
                               FormatSI(load.frequency) + "Hz to " + FormatGeneral(session.SystemZ) +
                               " ohms") + "\n";
   if (result.alreadyMatched) return text + "The load is already matched.\n";

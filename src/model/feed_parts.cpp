@@ -43,16 +43,33 @@ LinePerMetre CablePerMetre(const CableSlots& cable, double f) {
   return {alpha * z0, z0 * secondsPerMetre, alpha / z0, secondsPerMetre / z0};
 }
 
-Impedance CableStage(const CableSlots& cable, double f, Impedance in) {
-  if (cable.characteristicZ <= 0 || cable.velocityFactor <= 0) return in;
+// gamma l: the loss and phase over the cable's length.
+Complex Propagation(const CableSlots& cable, double f) {
   const double alpha = CableLossPer100m(cable, f) / 100 / kDbPerNeper;
   const double beta = Omega(f) / (kSpeedOfLight * cable.velocityFactor);
-  const Complex t = std::tanh(Complex(alpha, beta) * cable.lengthMetres);
+  return Complex(alpha, beta) * cable.lengthMetres;
+}
+
+Impedance CableStage(const CableSlots& cable, double f, Impedance in) {
+  if (cable.characteristicZ <= 0 || cable.velocityFactor <= 0) return in;
+  const Complex t = std::tanh(Propagation(cable, f));
   const Complex z0 = cable.characteristicZ;
   const Complex load(in.R, in.X);
   Complex denominator = z0 + load * t;
   if (denominator == Complex(0)) denominator = kDenominatorFloor;
   return ToImpedance(z0 * (load + z0 * t) / denominator);
+}
+
+double CablePowerRatio(const CableSlots& cable, double f, Impedance load) {
+  if (cable.characteristicZ <= 0 || cable.velocityFactor <= 0) return 1;
+  const Complex gl = Propagation(cable, f);
+  // A current of 1 into the load; the ends' voltages and currents follow
+  // from the line's chain matrix.
+  const Complex v(load.R, load.X);
+  const double z0 = cable.characteristicZ;
+  const Complex vIn = v * std::cosh(gl) + z0 * std::sinh(gl);
+  const Complex iIn = v * std::sinh(gl) / z0 + std::cosh(gl);
+  return (vIn * std::conj(iIn)).real() / load.R;
 }
 
 TransformerSlots TransformerOf(const std::array<double, kSlotCount>& slot) {
@@ -71,6 +88,15 @@ Impedance TransformerStage(const TransformerSlots& transformer, double f, Impeda
   }
   if (transformer.leakageH > 0) z += Complex(0, Omega(f) * transformer.leakageH);
   return ToImpedance(z);
+}
+
+bool IsFeedPart(int16_t type) { return type == CoaxialCable || type == Transformer; }
+
+int LastFeedStage(const Session& session) {
+  for (int stage = kLastStage; stage >= 1; --stage) {
+    if (IsFeedPart(session.ElementType[stage])) return stage;
+  }
+  return 0;
 }
 
 }  // namespace kalvex

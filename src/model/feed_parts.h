@@ -41,6 +41,12 @@ LinePerMetre CablePerMetre(const CableSlots& cable, double f);
 // 0 ohms is.
 Impedance CableStage(const CableSlots& cable, double f, Impedance in);
 
+// The power into the cable's generator end over the power it delivers into
+// `load` at its far end (1 for a lossless cable, 10^(loss/10) for a matched
+// one): its own loss with the standing waves the load leaves on it. A load
+// without resistance takes no power: the ratio is then not finite.
+double CablePowerRatio(const CableSlots& cable, double f, Impedance load);
+
 // An impedance transformer N:1, load side to generator side: Value(1) the
 // ratio N, Value(2) the magnetising inductance across the generator side and
 // Value(3) the leakage inductance in series on it, in henries (0: none).
@@ -55,5 +61,11 @@ TransformerSlots TransformerOf(const std::array<double, kSlotCount>& slot);
 // inductance in series; an inductance not above 0 is none. A ratio not above 0
 // is passed over.
 Impedance TransformerStage(const TransformerSlots& transformer, double f, Impedance in);
+
+// Cables and transformers are the feed between the antenna and whatever
+// matches it: the highest stage holding one (0 when there is none). Matching
+// works on the load as seen at its generator side.
+bool IsFeedPart(int16_t type);
+int LastFeedStage(const Session& session);
 
 }  // namespace kalvex
