@@ -5,8 +5,6 @@
 namespace kalvex {
 namespace {
 
-Json Optional(const std::optional<double>& value) { return value ? Json(*value) : Json(nullptr); }
-
 Json PointJson(const BandPoint& point) {
   return {{"frequency", point.frequency}, {"vswr", point.vswr}, {"return_loss", point.returnLoss}};
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 
 #include <nlohmann/json.hpp>
@@ -16,6 +17,9 @@ Json StageValuesJson(const Values& values, int last) {
   for (int slot = 1; slot <= last; ++slot) json.push_back(values[slot]);
   return json;
 }
+
+// A figure that may be missing: null then.
+inline Json Optional(const std::optional<double>& value) { return value ? Json(*value) : Json(nullptr); }
 
 // One object on one line.
 inline std::string Line(const Json& json) { return json.dump() + "\n"; }

@@ -15,6 +15,8 @@ std::string OptimiseJson(const OptimiseResult& result) {
   }
   return Line({{"before", result.before},
                {"after", result.after},
+               {"loss_db_before", Optional(result.lossBefore)},
+               {"loss_db_after", Optional(result.lossAfter)},
                {"stages", stages},
                {"evaluations", result.evaluations},
                {"bounds", result.wideBounds ? "wide" : "practical"},

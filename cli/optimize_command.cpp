@@ -23,6 +23,8 @@ std::string Report(const OptimiseResult& result) {
                      std::to_string(result.evaluations) + " evaluations; " +
                      (result.wideBounds ? "wide" : "practical") + " bounds, load " + LoadModelName(result.loadModel) +
                      ")\n";
+  const auto loss = [](const std::optional<double>& db) { return db ? FormattedNumber("%.3f dB", *db) : "none"; };
+  text += "Loss in the network " + loss(result.lossBefore) + " before, " + loss(result.lossAfter) + " after\n";
   for (const OptimisedStage& s : result.stages) text += StageText(s) + "\n";
   return text + OptimisedPartsNote(result);
 }

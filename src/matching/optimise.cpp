@@ -8,6 +8,7 @@
 
 #include "matching/band_objective.h"
 #include "matching/search_space.h"
+#include "model/network_loss.h"
 #include "model/reflection.h"
 #include "model/vector_state.h"
 
@@ -354,6 +355,10 @@ OptimiseResult Optimise(const Session& session, const OptimiseRequest& request,
     }
     result.stages.push_back(stage);
   }
+  Session optimised = session;
+  ApplyOptimised(optimised, result);
+  result.lossBefore = NetworkLossDb(session, session.DataIndex);
+  result.lossAfter = NetworkLossDb(optimised, optimised.DataIndex);
   return result;
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <functional>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -40,6 +41,10 @@ struct OptimiseResult {
   bool cancelled = false;
   LoadModel loadModel = LoadModel::Fixed;
   bool wideBounds = false;
+  // The power lost in the network at the working frequency (NetworkLossDb)
+  // before and after: what a match through a lossy cable costs.
+  std::optional<double> lossBefore;
+  std::optional<double> lossAfter;
 };
 
 // Told the evaluations so far and the best worst VSWR yet; returns false to

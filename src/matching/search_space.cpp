@@ -5,6 +5,7 @@
 #include <numbers>
 
 #include "model/elements.h"
+#include "model/feed_parts.h"
 
 namespace kalvex {
 namespace {
@@ -14,6 +15,7 @@ constexpr double kLargestReactance = 100;
 constexpr double kLowestLineZ = 20;
 constexpr double kHighestLineZ = 150;
 constexpr double kNegligibleDegrees = 1;
+constexpr double kSpeedOfLight = 299'792'458;  // m/s
 
 struct Range {
   double low;
@@ -49,6 +51,18 @@ Range PracticalRange(PartKind kind, double omega, double z0) {
   return {0, 0};
 }
 
+// A feed line's length is set by where the antenna is: a lossy cable left
+// free over its whole range "matches" by growing until its loss hides the
+// mismatch. Half a wavelength either side of its length already turns the
+// load seen through it all the way round the chart, at much the same loss.
+Range CableLengthRange(const CableSlots& cable, double f) {
+  const Range wide = WideRange(PartKind::CableLength);
+  if (!(f > 0) || !(cable.velocityFactor > 0)) return wide;
+  const double halfWave = kSpeedOfLight * cable.velocityFactor / f / 2;
+  const double start = std::clamp(cable.lengthMetres, wide.low, wide.high);
+  return {std::max(wide.low, start - halfWave), std::min(wide.high, start + halfWave)};
+}
+
 bool IsLineOrStub(int16_t type) { return type >= SeriesLine && type <= ShuntOpenStub; }
 
 }  // namespace
@@ -67,13 +81,17 @@ std::vector<SearchVariable> SearchVariables(const Session& session, const std::v
   auto add = [&](int stage, int slot, PartKind kind) {
     Range range = WideRange(kind);
     if (!wide && omega > 0 && session.SystemZ > 0) {
-      const Range practical = PracticalRange(kind, omega, session.SystemZ);
+      const Range practical = kind == PartKind::CableLength
+                                  ? CableLengthRange(CableOf(session.Value[stage]), session.Frequency)
+                                  : PracticalRange(kind, omega, session.SystemZ);
       // A practical range wholly outside what the page takes leaves the page's.
       if (practical.low < range.high && practical.high > range.low) {
         range = {std::max(range.low, practical.low), std::min(range.high, practical.high)};
       }
     }
-    variables.push_back({stage, slot, range.low, range.high, kind != PartKind::LineLength});
+    // Lengths within a few wavelengths are searched evenly, as a line's are.
+    const bool narrowLength = kind == PartKind::CableLength && range.high < 10 * range.low;
+    variables.push_back({stage, slot, range.low, range.high, kind != PartKind::LineLength && !narrowLength});
   };
   for (const int s : stages) {
     if (s < 1 || s > kLastStage) continue;

@@ -25,7 +25,8 @@ struct SearchVariable {
 // each type. Otherwise where parts can be built: capacitors and inductors
 // whose reactance at the working frequency is 0.01 to 100 times the system
 // impedance (resistors likewise in ohms), line and stub impedances 20 to 150
-// ohms; within the wide range. Line and stub impedances move only with
+// ohms, a cable's length half a wavelength in it either side of its present
+// length; within the wide range. Line and stub impedances move only with
 // `freeImpedances`.
 std::vector<SearchVariable> SearchVariables(const Session& session, const std::vector<int>& stages,
                                             bool freeImpedances, bool wide);
