@@ -43,14 +43,17 @@ constexpr std::array kCommands = {
             "      lowest loaded Q first, each with its worst VSWR over the sweep (or 10 % either\n"
             "      side of the working frequency when the sweep does not hold it), as a table or\n"
             "      with --json as one object; --apply N writes FILE's network with solution N to\n"
-            "      the network file OUT",
+            "      the network file OUT; behind a cable or transformer the load is matched as\n"
+            "      seen through it, and the solutions go in after it",
             RunMatchCommand, nullptr},
     Command{"band",
             "band FILE [--start HZ] [--stop HZ] [--points N] [--load LOADFILE]\n"
             "           [--thresholds 1.5,2,3] [--load-model fixed|fitted] [--json] [-o OUT]",
             "the match over the sweep band: worst and best VSWR and return loss, the band\n"
             "      edges at each VSWR threshold with the bandwidth, and the Bode-Fano bound of\n"
-            "      the load with how much of it the network reaches; with --json one object",
+            "      the load with how much of it the network reaches; the power lost in the\n"
+            "      network at the working frequency and each cable's matched loss; with --json\n"
+            "      one object",
             RunBandCommand, nullptr},
     Command{"optimize",
             "optimize FILE --free 1,2[,...] [--free-z0] [--start HZ] [--stop HZ] [--points N]\n"
@@ -61,24 +64,27 @@ constexpr std::array kCommands = {
             "      --stop, --points or --load give, or at the working frequency without one;\n"
             "      prints the worst VSWR before and after and the new values, with --json as\n"
             "      one object; -o writes the optimised network file; values stay where parts can\n"
-            "      be built (reactance 0.01..100 x the system impedance, lines 20..150 ohms)\n"
-            "      unless --bounds wide",
+            "      be built (reactance 0.01..100 x the system impedance, lines 20..150 ohms, a\n"
+            "      cable within half a wavelength of its length) unless --bounds wide; the\n"
+            "      network's loss before and after",
             nullptr, "kalvex-cli-optimise"},
     Command{"snap",
             "snap FILE --stages 1,3 [--series C=E24,L=E12,R=E96] [--start HZ] [--stop HZ]\n"
-            "           [--points N] [--load LOADFILE] [--json] [-o OUT]",
+            "           [--points N] [--load LOADFILE] [--retune-feed] [--json] [-o OUT]",
             "puts the parts of the stages --stages names on standard values (capacitors E24,\n"
             "      inductors E12, resistors E96 unless --series) and re-tunes the other stages\n"
             "      for the smallest worst VSWR over the band: every combination of the values\n"
             "      next below and above; prints the worst VSWR before, plainly rounded and\n"
-            "      snapped, with the values, with --json as one object; -o writes the network",
+            "      snapped, with the values, with --json as one object; -o writes the network;\n"
+            "      cables and transformers stay as they are unless --retune-feed",
             nullptr, "kalvex-cli-optimise"},
     Command{"yield",
-            "yield FILE [--tolerance C=5,L=5,R=1,LINE=2,3=10] [--distribution uniform|normal]\n"
+            "yield FILE [--tolerance C=5,L=5,R=1,LINE=2,N=0,3=10] [--distribution uniform|normal]\n"
             "            [--samples N] [--seed S] [--vswr 2] [--start HZ] [--stop HZ] [--points N]\n"
             "            [--load LOADFILE] [--json]",
             "how many networks built from FILE with parts within their tolerances (per cent\n"
-            "      by kind or by stage; lines by their length) meet the VSWR goal over the band: a seeded\n"
+            "      by kind or by stage; lines and cables by their length, transformers by their\n"
+            "      ratio, held exact unless N is given) meet the VSWR goal over the band: a seeded\n"
             "      Monte-Carlo of N networks (10000), uniform or normal with the tolerance at\n"
             "      3 sigma; the worst VSWR nominal and at the worst corner, and each part at its\n"
             "      two ends, largest effect first; with --json one object with the 5-95 %\n"

@@ -24,7 +24,7 @@ std::optional<SeriesChoice> SeriesOf(const std::string& text) {
   SeriesChoice choice;
   for (const auto& [kind, name] : *entries) {
     const auto series = SeriesNamed(name);
-    if (!series || kind == PartKind::Line) return std::nullopt;
+    if (!series || !HasStandardValues(kind)) return std::nullopt;
     choice.Of(kind) = *series;
   }
   return choice;
@@ -42,12 +42,14 @@ int RunSnapCommand(const Command& command, const std::vector<std::string>& words
   std::vector<double> stages;
   std::optional<std::string> series;
   SweepOptions sweep;
+  bool retuneFeed = false;
   bool json = false;
   std::optional<std::string> output;
   CommandLine line(command);
   line.File(file)
       .NumberList("--stages", "1,3", stages, kStages)
       .Text("--series", "C=E24,L=E12,R=E96", series, SeriesProblem)
+      .Flag("--retune-feed", retuneFeed)
       .Flag("--json", json)
       .Text("-o", "OUT", output);
   sweep.AddTo(line);
@@ -60,11 +62,12 @@ int RunSnapCommand(const Command& command, const std::vector<std::string>& words
   if (!ReadCommandNetwork(file, session, dialogs)) return kExitFailed;
   SnapRequest request;
   if (series) request.series = *SeriesOf(*series);
+  request.retuneFeedParts = retuneFeed;
   const std::vector<NetworkPart> parts = PartsOf(session);
   for (const double number : stages) {
     const int stage = static_cast<int>(number);
     if (std::none_of(parts.begin(), parts.end(),
-                     [stage](const NetworkPart& p) { return p.stage == stage && p.kind != PartKind::Line; })) {
+                     [stage](const NetworkPart& p) { return p.stage == stage && HasStandardValues(p.kind); })) {
       return line.Refuse("--stages " + std::to_string(stage) + ": stage " + std::to_string(stage) +
                              " holds no capacitor, inductor or resistor",
                          err);

@@ -19,6 +19,8 @@ std::vector<NetworkPart> PartsOf(const Session& session) {
         parts.push_back({stage, 3, PartKind::Capacitor});
         break;
       case SeriesResistor: case ShuntResistor: parts.push_back({stage, 1, PartKind::Resistor}); break;
+      case CoaxialCable: parts.push_back({stage, 1, PartKind::Cable}); break;
+      case Transformer: parts.push_back({stage, 1, PartKind::Transformer}); break;
       default: break;
     }
   }
@@ -26,7 +28,7 @@ std::vector<NetworkPart> PartsOf(const Session& session) {
 }
 
 const char* PartLetter(PartKind kind) {
-  static const char* const kLetters[] = {"C", "L", "R", "LINE"};
+  static const char* const kLetters[] = {"C", "L", "R", "LINE", "LINE", "N"};
   return kLetters[static_cast<int>(kind)];
 }
 
@@ -44,17 +46,20 @@ std::optional<ESeries> DefaultSeries(PartKind kind) {
     case PartKind::Capacitor: return ESeries::E24;
     case PartKind::Inductor: return ESeries::E12;
     case PartKind::Resistor: return ESeries::E96;
-    case PartKind::Line: return std::nullopt;
+    case PartKind::Line: case PartKind::Cable: case PartKind::Transformer: return std::nullopt;
   }
   return std::nullopt;
 }
+
+bool HasStandardValues(PartKind kind) { return DefaultSeries(kind).has_value(); }
 
 double& Tolerances::Of(PartKind kind) {
   switch (kind) {
     case PartKind::Capacitor: return capacitor;
     case PartKind::Inductor: return inductor;
     case PartKind::Resistor: return resistor;
-    case PartKind::Line: return line;
+    case PartKind::Line: case PartKind::Cable: return line;
+    case PartKind::Transformer: return ratio;
   }
   return line;
 }

@@ -4,6 +4,8 @@
 #include <cmath>
 #include <cstdio>
 
+#include "model/feed_parts.h"
+
 namespace kalvex {
 namespace {
 
@@ -13,7 +15,37 @@ std::string Figures(double value) {
   return text;
 }
 
-std::string ValueOf(const Session& session, const NetworkPart& part) {
+// Catalogue figures and a network file's round their digits differently.
+bool Near(double a, double b) { return std::fabs(a - b) <= 1e-4 * std::max(std::fabs(a), std::fabs(b)); }
+
+std::string CableText(const CableSlots& cable, const std::vector<CatalogueCable>& catalogue) {
+  const std::string length = Figures(cable.lengthMetres) + " m";
+  for (const CatalogueCable& c : catalogue) {
+    if (Near(c.characteristicZ, cable.characteristicZ) && Near(c.velocityFactor, cable.velocityFactor) &&
+        Near(c.k1, cable.k1) && Near(c.k2, cable.k2)) {
+      return c.name + " " + length;
+    }
+  }
+  return length + " of " + Figures(cable.characteristicZ) + " ohm VF " + Figures(cable.velocityFactor) + " k1 " +
+         Figures(cable.k1) + " k2 " + Figures(cable.k2) + " dB/100 m";
+}
+
+std::string TransformerText(const TransformerSlots& transformer) {
+  std::string text = Figures(transformer.ratio) + ":1";
+  if (transformer.magnetisingH > 0) text += " Lm " + EngineeringValue(transformer.magnetisingH, "H");
+  if (transformer.leakageH > 0) text += " Ll " + EngineeringValue(transformer.leakageH, "H");
+  return text;
+}
+
+// A field as CSV takes it: quoted where a user's cable name holds a comma or a quote.
+std::string CsvField(const std::string& text) {
+  if (text.find_first_of(",\"") == std::string::npos) return text;
+  std::string quoted = "\"";
+  for (const char c : text) quoted += c == '"' ? std::string("\"\"") : std::string(1, c);
+  return quoted + "\"";
+}
+
+std::string ValueOf(const Session& session, const NetworkPart& part, const std::vector<CatalogueCable>& catalogue) {
   const auto& v = session.Value[part.stage];
   switch (part.kind) {
     case PartKind::Capacitor: return EngineeringValue(v[part.slot], "F");
@@ -21,6 +53,8 @@ std::string ValueOf(const Session& session, const NetworkPart& part) {
     case PartKind::Resistor: return EngineeringValue(v[part.slot], "ohm");
     case PartKind::Line:
       return Figures(v[1]) + " deg at " + EngineeringValue(v[2], "Hz") + " " + EngineeringValue(v[3], "ohm");
+    case PartKind::Cable: return CsvField(CableText(CableOf(v), catalogue));
+    case PartKind::Transformer: return TransformerText(TransformerOf(v));
   }
   return {};
 }
@@ -46,12 +80,13 @@ std::string EngineeringValue(double value, const std::string& unit) {
   return Figures(value / std::pow(1000.0, index - kUnitIndex)) + " " + kPrefixes[index] + unit;
 }
 
-std::string PartsListCsv(const Session& session, const Tolerances& tolerances) {
+std::string PartsListCsv(const Session& session, const Tolerances& tolerances,
+                         const std::vector<CatalogueCable>& catalogue) {
   std::string csv = "stage,part,value,series,tolerance\n";
   for (const NetworkPart& part : PartsOf(session)) {
-    const auto series = part.kind == PartKind::Line ? std::nullopt
-                                                    : SmallestSeriesHolding(session.Value[part.stage][part.slot]);
-    csv += std::to_string(part.stage) + "," + PartOf(session, part) + "," + ValueOf(session, part) + "," +
+    const auto series = HasStandardValues(part.kind) ? SmallestSeriesHolding(session.Value[part.stage][part.slot])
+                                                     : std::nullopt;
+    csv += std::to_string(part.stage) + "," + PartOf(session, part) + "," + ValueOf(session, part, catalogue) + "," +
            (series ? SeriesName(*series) : "") + "," + Figures(tolerances.Of(part.kind)) + " %\n";
   }
   return csv;

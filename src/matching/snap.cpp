@@ -39,8 +39,12 @@ SnapResult SnapToStandardValues(const Session& session, const SnapRequest& reque
   OptimiseRequest tune;
   tune.overBand = true;
   for (const NetworkPart& part : PartsOf(session)) {
+    // A cable's length is the run to the antenna and a transformer's ratio
+    // its windings: both stay as they are unless the request frees them.
+    const bool feed = part.kind == PartKind::Cable || part.kind == PartKind::Transformer;
+    if (feed && !request.retuneFeedParts) continue;
     const bool chosen = std::find(request.stages.begin(), request.stages.end(), part.stage) != request.stages.end();
-    if (!chosen || part.kind == PartKind::Line) {
+    if (!chosen || !HasStandardValues(part.kind)) {
       if (tune.freeStages.empty() || tune.freeStages.back() != part.stage) tune.freeStages.push_back(part.stage);
       continue;
     }

@@ -21,10 +21,12 @@ struct SeriesChoice {
 
 // The stages to put on standard values; every other stage with a part is
 // free and re-tuned. Stages of lines and stubs have no standard values and are
-// left to the free ones.
+// left to the free ones. Cables and transformers have none either and stay on
+// their values, unless `retuneFeedParts` frees their length and ratio too.
 struct SnapRequest {
   std::vector<int> stages;
   SeriesChoice series;
+  bool retuneFeedParts = false;
 };
 
 struct SnappedPart {
