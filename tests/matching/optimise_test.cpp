@@ -10,6 +10,8 @@
 #include "model/calculate.h"
 #include "model/reflection.h"
 #include "support/hard_matches.h"
+#include "matching/search_space.h"
+#include "support/end_fed_network.h"
 
 namespace kalvex {
 namespace {
@@ -193,5 +195,41 @@ TEST(Optimise, FollowsTheLoadModel) {
   EXPECT_GT(BandWorst(tunedFixed, LoadModel::Fitted), fitted.after + 0.01);
 }
 
+
+// A free lossy cable is kept within half a wavelength of its length, where
+// its loss stays what it was; left free over everything the page takes, it
+// "matches" by growing until its loss hides the mismatch, and the loss
+// reported after shows what that costs.
+TEST(Optimise, AFreeCableStaysNearItsLength) {
+  Session session = testing::EndFedNetwork();
+  const double halfWave = 299'792'458 * 0.66 / 14.2e6 / 2;
+  struct Case {
+    bool wide;
+    double low, high;
+  } const cases[] = {{false, 30 - halfWave, 30 + halfWave}, {true, 0.01, 1000}};
+  for (const Case& c : cases) {
+    const std::vector<SearchVariable> variables = SearchVariables(session, {2}, false, c.wide);
+    ASSERT_EQ(variables.size(), 1u);
+    EXPECT_NEAR(variables[0].low, c.low, 1e-9) << c.wide;
+    EXPECT_NEAR(variables[0].high, c.high, 1e-9) << c.wide;
+    const OptimiseResult result = Optimise(session, {{2}, false, true, c.wide});
+    ASSERT_EQ(result.stages.size(), 1u);
+    const double length = result.stages[0].values[1];
+    EXPECT_GE(length, c.low - 1e-9);
+    EXPECT_LE(length, c.high + 1e-9);
+    ASSERT_TRUE(result.lossBefore && result.lossAfter);
+    EXPECT_LT(*result.lossBefore, 3);
+    if (c.wide) {
+      EXPECT_GT(*result.lossAfter, 20) << length;
+    } else {
+      EXPECT_LT(*result.lossAfter, *result.lossBefore + 1) << length;
+    }
+  }
+  // Near the cable's start its length spans under a decade: searched evenly.
+  session.Value[2][1] = 2;
+  EXPECT_TRUE(SearchVariables(session, {2}, false, false)[0].logarithmic);
+  session.Value[2][1] = 30;
+  EXPECT_FALSE(SearchVariables(session, {2}, false, false)[0].logarithmic);
+}
 }  // namespace
 }  // namespace kalvex

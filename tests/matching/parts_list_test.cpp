@@ -34,5 +34,31 @@ TEST(PartsList, EveryPartWithItsSeriesAndTolerance) {
             "4,shunt capacitor,3 nF,E24,2 %\n");
 }
 
+
+// A cable goes by its catalogue name where its figures are a catalogue
+// cable's, else by its figures; a transformer by its ratio and windings.
+TEST(PartsList, CablesAndTransformers) {
+  const std::vector<CatalogueCable> catalogue = {{"RG-213", 50, 0.66, 0.59576, 0.00276},
+                                                 {"RG-58", 50, 0.66, 1.3807, 0.022686},
+                                                 {"Mine, foam", 52, 0.8, 1, 0.01}};
+  struct Case {
+    int16_t type;
+    std::array<double, kSlotCount> slots;
+    const char* row;
+  } const cases[] = {
+      {CoaxialCable, {0, 30, 50, 0.66, 1.3807, 0.022686}, "1,coaxial cable,RG-58 30 m,,2 %\n"},
+      {CoaxialCable, {0, 12.5, 50, 0.66, 1.38, 0.022686}, "1,coaxial cable,12.5 m of 50 ohm VF 0.66 k1 1.38 k2 0.02269 dB/100 m,,2 %\n"},
+      {CoaxialCable, {0, 3, 52, 0.8, 1, 0.01}, "1,coaxial cable,\"Mine, foam 3 m\",,2 %\n"},
+      {Transformer, {0, 49, 20e-6, 0.2e-6}, "1,transformer,49:1 Lm 20 uH Ll 200 nH,,0 %\n"},
+      {Transformer, {0, 4}, "1,transformer,4:1,,0 %\n"},
+  };
+  for (const Case& c : cases) {
+    Session session;
+    InitialiseSession(session);
+    session.ElementType[1] = c.type;
+    session.Value[1] = c.slots;
+    EXPECT_EQ(PartsListCsv(session, {}, catalogue), std::string("stage,part,value,series,tolerance\n") + c.row);
+  }
+}
 }  // namespace
 }  // namespace kalvex
