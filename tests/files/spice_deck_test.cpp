@@ -5,8 +5,10 @@
 #include <cstdio>
 
 #include "files/spice_deck.h"
+#include "matching/match.h"
 #include "model/calculate.h"
 #include "support/temp_dir.h"
+#include "support/end_fed_network.h"
 #include "support/networks.h"
 
 namespace kalvex {
@@ -54,6 +56,27 @@ TEST_P(SpiceDecks, NgspiceFindsTheCalculatedInputImpedance) {
 INSTANTIATE_TEST_SUITE_P(AllThirteen, SpiceDecks, ::testing::ValuesIn(testing::ThirteenParts()), testing::PartName);
 INSTANTIATE_TEST_SUITE_P(CableAndTransformer, SpiceDecks, ::testing::ValuesIn(testing::FeedParts()),
                          testing::PartName);
+
+// An end-fed's transformer and cable with the L network that matches the
+// load seen through them: ngspice finds the input the calculation gives, the
+// matched 50 ohms less what the parts' Q moves it.
+TEST_F(SpiceDecks, NgspiceAgreesBeyondACableAndTransformer) {
+  if (std::system("ngspice --version >/dev/null 2>&1") != 0) {
+    GTEST_SKIP() << "ngspice is not installed: the deck is not run";
+  }
+  Session session = testing::EndFedNetwork();
+  MatchRequest request;
+  request.kinds = {MatchKind::L};
+  ApplyMatch(session, FindMatches(session, request).solutions.front());
+  session.SweepStart = session.SweepStop = session.Frequency;
+  session.SweepPoints = 1;
+  CalculateNetwork(session, 0);
+  const std::complex<double> expected(session.InputR, session.InputX);
+  EXPECT_LT(std::abs((expected - 50.0) / (expected + 50.0)), 0.02);
+  const auto simulated = RunNgspice(MakeSpiceDeck(session).text);
+  ASSERT_TRUE(simulated.has_value());
+  EXPECT_LT(std::abs(*simulated - expected), 1e-6 * std::abs(expected)) << *simulated << " against " << expected;
+}
 
 TEST(SpiceDeck, WritesPlainExponentsAndTheSweep) {
   Session session;
