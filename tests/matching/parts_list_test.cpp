@@ -41,24 +41,22 @@ TEST(PartsList, CablesAndTransformers) {
   const std::vector<CatalogueCable> catalogue = {{"RG-213", 50, 0.66, 0.59576, 0.00276},
                                                  {"RG-58", 50, 0.66, 1.3807, 0.022686},
                                                  {"Mine, foam", 52, 0.8, 1, 0.01}};
-  struct Case {
-    int16_t type;
-    std::array<double, kSlotCount> slots;
-    const char* row;
-  } const cases[] = {
-      {CoaxialCable, {0, 30, 50, 0.66, 1.3807, 0.022686}, "1,coaxial cable,RG-58 30 m,,2 %\n"},
-      {CoaxialCable, {0, 12.5, 50, 0.66, 1.38, 0.022686}, "1,coaxial cable,12.5 m of 50 ohm VF 0.66 k1 1.38 k2 0.02269 dB/100 m,,2 %\n"},
-      {CoaxialCable, {0, 3, 52, 0.8, 1, 0.01}, "1,coaxial cable,\"Mine, foam 3 m\",,2 %\n"},
-      {Transformer, {0, 49, 20e-6, 0.2e-6}, "1,transformer,49:1 Lm 20 uH Ll 200 nH,,0 %\n"},
-      {Transformer, {0, 4}, "1,transformer,4:1,,0 %\n"},
-  };
-  for (const Case& c : cases) {
-    Session session;
-    InitialiseSession(session);
-    session.ElementType[1] = c.type;
-    session.Value[1] = c.slots;
-    EXPECT_EQ(PartsListCsv(session, {}, catalogue), std::string("stage,part,value,series,tolerance\n") + c.row);
-  }
+  Session session;
+  InitialiseSession(session);
+  session.ElementType = {0, CoaxialCable, CoaxialCable, CoaxialCable, Transformer, Transformer};
+  session.Value[1] = {0, 30, 50, 0.66, 1.3807, 0.022686};
+  session.Value[2] = {0, 12.5, 50, 0.66, 1.38, 0.022686};
+  session.Value[3] = {0, 3, 52, 0.8, 1, 0.01};
+  session.Value[4] = {0, 49, 20e-6, 0.2e-6};
+  session.Value[5] = {0, 4};
+  EXPECT_EQ(PartsListCsv(session, {}, catalogue),
+            "stage,part,value,series,tolerance\n"
+            "1,coaxial cable,RG-58 30 m,,2 %\n"
+            "2,coaxial cable,12.5 m of 50 ohm VF 0.66 k1 1.38 k2 0.02269 dB/100 m,,2 %\n"
+            "3,coaxial cable,\"Mine, foam 3 m\",,2 %\n"
+            "4,transformer,49:1 Lm 20 uH Ll 200 nH,,0 %\n"
+            "5,transformer,4:1,,0 %\n");
 }
+
 }  // namespace
 }  // namespace kalvex

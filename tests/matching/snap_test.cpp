@@ -1,13 +1,13 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <vector>
 
 #include "matching/band_response.h"
 #include "matching/match.h"
 #include "matching/snap.h"
-#include "support/five_stage_network.h"
-#include <algorithm>
 #include "support/end_fed_network.h"
+#include "support/five_stage_network.h"
 
 namespace kalvex {
 namespace {
@@ -79,26 +79,16 @@ TEST(Snap, AllPartsSnappedIsTheBestOfEveryCombination) {
 // theirs, and re-tunes the cable's length and the ratio only when asked.
 TEST(Snap, FeedPartsStayUnlessFreed) {
   Session session = testing::EndFedNetwork();
-  MatchRequest request;
-  request.kinds = {MatchKind::L};
-  ApplyMatch(session, FindMatches(session, request).solutions.front());
-  ASSERT_EQ(session.ElementType[2], CoaxialCable);
+  ApplyMatch(session, FindMatches(session, MatchRequest{{MatchKind::L}}).solutions.front());
   for (const bool retune : {false, true}) {
-    SnapRequest snap{{3, 4}};
-    snap.retuneFeedParts = retune;
-    const SnapResult result = SnapToStandardValues(session, snap);
-    Session snapped = session;
-    ApplySnapped(snapped, result);
-    const bool cableTuned = std::any_of(result.stages.begin(), result.stages.end(),
-                                        [](const OptimisedStage& s) { return s.stage == 2; });
-    EXPECT_EQ(cableTuned, retune);
-    if (!retune) {
-      EXPECT_EQ(snapped.Value[1], session.Value[1]);
-      EXPECT_EQ(snapped.Value[2], session.Value[2]);
-    }
-    EXPECT_EQ(snapped.Value[2][5], session.Value[2][5]) << "the cable's make stays";
-    EXPECT_LE(result.after, result.rounded);
+    SnapRequest request{{3, 4}};
+    request.retuneFeedParts = retune;
+    const SnapResult result = SnapToStandardValues(session, request);
+    std::vector<int> stages;
+    for (const OptimisedStage& s : result.stages) stages.push_back(s.stage);
+    EXPECT_EQ(stages, (retune ? std::vector<int>{3, 4, 1, 2} : std::vector<int>{3, 4}));
   }
 }
+
 }  // namespace
 }  // namespace kalvex

@@ -4,8 +4,6 @@
 
 #include "matching/yield.h"
 #include "support/five_stage_network.h"
-#include <algorithm>
-#include "support/end_fed_network.h"
 
 namespace kalvex {
 namespace {
@@ -124,22 +122,5 @@ TEST(Yield, CancelledRunsReportNothing) {
   EXPECT_TRUE(result.sampleWorst.empty());
 }
 
-
-// A cable's length spreads by the line tolerance; a transformer's ratio is
-// exact unless a tolerance is given for it.
-TEST(Yield, CablesByTheirLengthTransformersOnlyWhenGiven) {
-  YieldRequest request;
-  request.samples = 200;
-  for (const double ratioTolerance : {0.0, 3.0}) {
-    request.tolerances.ratio = ratioTolerance;
-    const YieldResult result = ComputeYield(testing::EndFedNetwork(), request);
-    std::vector<std::pair<int, std::string>> parts;
-    for (const PartSpread& p : result.parts) parts.emplace_back(p.part.stage, PartLetter(p.part.kind));
-    std::sort(parts.begin(), parts.end());
-    std::vector<std::pair<int, std::string>> expected = {{2, "LINE"}};
-    if (ratioTolerance > 0) expected.insert(expected.begin(), {1, "N"});
-    EXPECT_EQ(parts, expected) << ratioTolerance;
-  }
-}
 }  // namespace
 }  // namespace kalvex
