@@ -5,6 +5,7 @@
 
 #include "model/feed_parts.h"
 #include "model/network_loss.h"
+#include "support/session_setup.h"
 
 namespace kalvex {
 namespace {
@@ -16,11 +17,7 @@ const std::array<double, kSlotCount> kRG58 = {0, 30, 50, 0.66, 1.3807, 0.022686}
 const double kMatchedDb = 0.3 * (1.3807 * std::sqrt(14.2) + 0.022686 * 14.2);
 
 Session Network(double r, double x, std::initializer_list<std::pair<int16_t, std::array<double, kSlotCount>>> stages) {
-  Session session;
-  InitialiseSession(session);
-  session.LoadSource = 1;
-  session.Frequency = kF;
-  session.Value[0] = {0, r, x};
+  Session session = testing::SessionOnLoad(r, x, kF);
   int s = 1;
   for (const auto& [type, slots] : stages) {
     session.ElementType[s] = type;
