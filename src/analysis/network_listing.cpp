@@ -24,7 +24,7 @@ std::string WithPlus(double x) { return (x > 0 ? "+" : "") + FormatGeneral(x); }
 
 // The value lines under a part, at the working frequency.
 std::vector<std::string> PartLines(int16_t type, const std::array<double, kSlotCount>& v,
-                                   double omega) {
+                                   double omega, const CableCatalogue& cables) {
   switch (type) {
     case SeriesCapacitor: case ShuntCapacitor:
       return {FormatCapacitance(v[1]), "-" + FormatGeneral(1 / (omega * v[1]))};
@@ -39,7 +39,7 @@ std::vector<std::string> PartLines(int16_t type, const std::array<double, kSlotC
     case SeriesParallelLC:
       return {FormatInductance(v[1]), FormatCapacitance(v[3]),
               WithPlus(1 / (1 / (omega * v[1]) - omega * v[3]))};
-    case CoaxialCable: case Transformer: return PartValueLines(type, v);
+    case CoaxialCable: case Transformer: return PartValueLines(type, v, cables);
     default: return {FormatGeneral(v[1])};  // the resistors
   }
 }
@@ -88,7 +88,7 @@ void DrawNetworkListing(Session& session, Canvas& canvas) {
     const int16_t type = session.ElementType[s];
     if (IsShownPart(type, session.Value[s][1])) {
       separator();
-      const std::vector<std::string> lines = PartLines(type, session.Value[s], omega);
+      const std::vector<std::string> lines = PartLines(type, session.Value[s], omega, session.Cables);
       for (std::size_t line = 0; line < lines.size(); ++line) {
         canvas.Text({pen.ListX + 90, pen.ListY + 1000 + 200.0 * line}, lines[line]);
       }

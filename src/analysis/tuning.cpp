@@ -120,8 +120,10 @@ Entered EnterBottomValue(Session& session, const std::string& typed) {
 void ClearPart(Session& session) {
   const int s = session.SelectedStage;
   if (s == 0) return;  // the load is never removed
+  // A cable keeps its k2 in the fifth slot, which goes with it.
+  const int lastSlot = session.ElementType[s] == CoaxialCable ? 5 : 4;
   session.ElementType[s] = Empty;
-  for (int k = 2; k <= 4; ++k) session.Value[s][k] = 0;
+  for (int k = 2; k <= lastSlot; ++k) session.Value[s][k] = 0;
 }
 
 void SetFineSteps(Session& session, bool fine) { session.TuneStepPercent = fine ? 0.01f : 1.0f; }

@@ -3,6 +3,7 @@
 #include <cmath>
 #include <span>
 
+#include "design/feed_part_limits.h"
 #include "design/symbols.h"
 #include "model/format.h"
 
@@ -90,6 +91,11 @@ StageValues AcceptedValues(const Session& session, int16_t type, const StageValu
     case SeriesResistor: case ShuntResistor:
       v[1] = AtLeast(std::fabs(parsed[1]), 1);
       break;
+    case CoaxialCable: case Transformer: {
+      std::vector<std::string> unshown;
+      v = FeedPartValues(type, parsed, unshown);
+      break;
+    }
     default: break;
   }
   return v;
@@ -146,11 +152,12 @@ void NetworkEditor::Frame(double left, double right) {
   network_.SetLineWidth(1);
 }
 
-void NetworkEditor::MouseDown(double x, double y) {
+bool NetworkEditor::MouseDown(double x, double y) {
   for (ValueBox& box : controls.value) box.shown = false;
   controls.acceptShown = false;
   controls.dontAcceptShown = false;
   preview_.Reset();
+  bool stageSelected = false;
   if (y > 400 && y < 1900) {
     if (x > StageX[1] - 1200 && x < StageX[1]) {
       LibraryArmed = 0;
@@ -158,9 +165,11 @@ void NetworkEditor::MouseDown(double x, double y) {
     } else if (x > StageX[1] && x < StageX[5] + 1200) {
       LibraryArmed = 1;
       SelectStage(x);
+      stageSelected = true;
     }
   }
   if (x > 2500 && x < 11300 && y > 5400 && y < 8200 && LibraryArmed == 1) PickLibraryPart(x, y);
+  return stageSelected;
 }
 
 void NetworkEditor::SelectLoad() {
@@ -198,7 +207,11 @@ void NetworkEditor::PickLibraryPart(double x, double y) {
   const auto type = static_cast<int16_t>(picked);
 
   SavedType = session_.ElementType[s];
-  for (int k = 1; k <= kValueSlots; ++k) SavedValue[k] = static_cast<float>(session_.Value[s][k]);
+  const bool exact = SavedType == CoaxialCable || SavedType == Transformer;
+  for (int k = 1; k <= kValueSlots; ++k) {
+    const double value = session_.Value[s][k];
+    SavedValue[k] = exact ? value : static_cast<float>(value);
+  }
   session_.ElementType[s] = type;
   if (type == InsertPlaceholder) {
     if (session_.ElementType[kLastStage] != Empty) controls.removeShown = true;
@@ -297,7 +310,7 @@ void NetworkEditor::Accept() {
 
 void NetworkEditor::AcceptStage(int s) {
   StageValues parsed{};
-  for (int k = 1; k <= kValueSlots; ++k) parsed[k] = ParseValue(controls.value[k - 1].text);
+  for (int k = 1; k <= kValueBoxes; ++k) parsed[k] = ParseValue(controls.value[k - 1].text);
   const StageValues v = AcceptedValues(session_, session_.ElementType[s], parsed);
   for (int k = 1; k <= kValueSlots; ++k) session_.Value[s][k] = v[k];
 }

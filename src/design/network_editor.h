@@ -10,14 +10,18 @@
 
 namespace kalvex {
 
-// A stage's values 1..4 (index 0 unused), as the value boxes give them.
-inline constexpr int kValueSlots = 4;
+// A stage's values 1..5 (index 0 unused): the four of the value boxes, and
+// the fifth a cable's k2 needs.
+inline constexpr int kValueSlots = 5;
+inline constexpr int kValueBoxes = 4;
 using StageValues = std::array<double, kValueSlots + 1>;
 
 // The values Accept stores for a stage of `type` from the numbers its boxes
 // gave: magnitudes, minimums, the session's default Q for a Q of 0, and the
-// reference frequency within 10 kHz..10 GHz, as the type's rules say. Every
-// way a stage is filled (Accept, a computed match) goes through it.
+// reference frequency within 10 kHz..10 GHz, as the type's rules say; a
+// cable's or transformer's values within their ranges (design/feed_part_limits.h).
+// Every way a stage is filled (Accept, a computed match, the cable dialog)
+// goes through it.
 StageValues AcceptedValues(const Session& session, int16_t type, const StageValues& parsed);
 
 // One caption and text box of the value entry (lblValueN over txtValueN).
@@ -30,7 +34,7 @@ struct ValueBox {
 // What the editing controls of the Design page show. The page mirrors it into
 // its widgets after every action and writes typed text back into `value`.
 struct EditorControls {
-  std::array<ValueBox, 4> value;
+  std::array<ValueBox, kValueBoxes> value;
   bool acceptShown = false;      // cmdAccept
   bool dontAcceptShown = false;  // cmdDontAccept
   bool removeShown = false;      // lblRemove: stage five will be lost
@@ -52,8 +56,9 @@ class NetworkEditor {
 
   // The page has opened: nothing selected, network and library drawn.
   void Open();
-  // A mouse press anywhere on the page, in page units.
-  void MouseDown(double x, double y);
+  // A mouse press anywhere on the page, in page units. True when it selected
+  // a stage.
+  bool MouseDown(double x, double y);
   void Accept();
   void DontAccept();
   // Clears the incomplete stages and moves the others left to close the gaps;
@@ -68,7 +73,10 @@ class NetworkEditor {
   int16_t EditStage = kNothing;
   int16_t LibraryArmed = 0;
   int16_t SavedType = 0;
-  std::array<float, 5> SavedValue{};  // 1..4
+  // The stage's values before the last pick (1..5): a part of the Design
+  // page's library in single precision, a cable or transformer exactly, so
+  // that its catalogue name survives a pick refused.
+  StageValues SavedValue{};
   StagePositions StageX{};
 
  private:

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "design/symbols.h"
+#include "model/feed_parts.h"
 #include "model/format.h"
 #include "model/trim.h"
 
@@ -22,7 +23,8 @@ void DrawLoadLabel(const Session& session, SymbolPen& pen, Canvas& canvas) {
 }
 
 // The value lines under a stage, or nothing when its values are unusable.
-std::optional<std::vector<std::string>> StageLabels(int16_t type, const std::array<double, kSlotCount>& v) {
+std::optional<std::vector<std::string>> StageLabels(int16_t type, const std::array<double, kSlotCount>& v,
+                                                    const CableCatalogue& cables) {
   switch (type) {
     case Empty: return std::vector<std::string>{"(Wire)"};
     case SeriesCapacitor:
@@ -50,12 +52,13 @@ std::optional<std::vector<std::string>> StageLabels(int16_t type, const std::arr
       break;
     default: break;
   }
-  return PartValueLines(type, v);
+  return PartValueLines(type, v, cables);
 }
 
 }  // namespace
 
-std::vector<std::string> PartValueLines(int16_t type, const std::array<double, kSlotCount>& v) {
+std::vector<std::string> PartValueLines(int16_t type, const std::array<double, kSlotCount>& v,
+                                        const CableCatalogue& cables) {
   switch (type) {
     case SeriesCapacitor:
     case ShuntCapacitor: return {FormatCapacitance(v[1]), "Q: " + FormatGeneral(v[2])};
@@ -73,8 +76,11 @@ std::vector<std::string> PartValueLines(int16_t type, const std::array<double, k
               "Q: " + FormatGeneral(v[4])};
     case SeriesResistor:
     case ShuntResistor: return {FormatGeneral(v[1])};
-    case CoaxialCable:
-      return {FormatGeneral(v[1]) + " m", FormatGeneral(v[2]) + " ohms", "VF " + FormatGeneral(v[3])};
+    case CoaxialCable: {
+      const std::string length = FormatGeneral(v[1]) + " m";
+      if (const CatalogueCable* named = CatalogueCableOf(cables, CableOf(v))) return {length, named->name};
+      return {length, FormatGeneral(v[2]) + " ohms", "VF " + FormatGeneral(v[3])};
+    }
     case Transformer: {
       std::vector<std::string> lines{Trimmed(FormatGeneral(v[1])) + ":1"};
       if (v[2] > 0) lines.push_back("Lm " + FormatInductance(v[2]));
@@ -110,7 +116,7 @@ StagePositions DrawNetwork(Session& session, Canvas& canvas, float coilArcRadius
     const int16_t type = session.ElementType[s];
     if (type == Empty || type == InsertPlaceholder || IsPart(type)) {
       pen.DrawStageSeparator();
-      const auto labels = StageLabels(type, session.Value[s]);
+      const auto labels = StageLabels(type, session.Value[s], session.Cables);
       if (!labels) {
         session.ElementType[s] = Empty;  // shown as "(Wire)" from the next drawing on
         pen.DrawElementSymbol(Empty);

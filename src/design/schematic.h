@@ -27,10 +27,13 @@ StagePositions DrawNetwork(Session& session, Canvas& canvas, float coilArcRadius
 // the library.
 StagePositions DrawDesignPage(Session& session, Canvas& canvas, float coilArcRadius);
 
-// The value lines of a part (types 1..13) as the schematic and the printed
-// schematic show them: the value with its unit and, for capacitors and
-// inductors, their Q; none for any other type.
-std::vector<std::string> PartValueLines(int16_t type, const std::array<double, kSlotCount>& v);
+// The value lines of a part as the schematic and the printed schematic show
+// them: the value with its unit and, for capacitors and inductors, their Q; a
+// cable's length with the name `cables` gives its numbers, or else the
+// numbers themselves; a transformer's ratio and inductances; none for any
+// other type.
+std::vector<std::string> PartValueLines(int16_t type, const std::array<double, kSlotCount>& v,
+                                        const CableCatalogue& cables = {});
 
 // The load's value text: "50 " for a resistance alone, else R, " +j" or
 // " -j", and |X| run together ("50  -j25 "). A reactive label starts 600

@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <string>
 
+#include "model/cable_names.h"
 #include "model/load_model.h"
 #include "platform/colour.h"
 
@@ -155,6 +156,10 @@ struct Session {
 
   // The name last chosen for a network or sweep-data file.
   std::string FileName;
+
+  // The cable catalogue read at start-up: the drawings name a cable stage
+  // after the cable whose numbers it holds, and the cable dialog offers them.
+  CableCatalogue Cables;
 };
 
 // Start-up steps 1 and 2: identity, constants and view state, then an empty

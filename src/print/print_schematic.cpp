@@ -38,7 +38,7 @@ void PrintSchematic(const Session& session, Canvas& canvas) {
     canvas.SetLineWidth(kSymbolWidth);
     const int16_t type = session.ElementType[s];
     if (IsPart(type)) {
-      const std::vector<std::string> lines = PartValueLines(type, session.Value[s]);
+      const std::vector<std::string> lines = PartValueLines(type, session.Value[s], session.Cables);
       for (std::size_t line = 0; line < lines.size(); ++line) {
         canvas.Text({pen.ListX + 100, pen.ListY + 1400 + 200.0 * line}, lines[line]);
       }

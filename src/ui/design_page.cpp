@@ -18,6 +18,7 @@
 #include "ui/keys.h"
 #include "ui/options_page.h"
 #include "ui/session_history.h"
+#include "ui/stage_part_dialog.h"
 
 namespace kalvex {
 
@@ -114,6 +115,7 @@ DesignPage::DesignPage(Session& session, Dialogs& dialogs)
   commands.writeSpice = [this] { cmdSpice->click(); };
   commands.setup = [this] { cmdSetup->click(); };
   commands.match = [this] { OpenMatch(); };
+  commands.stagePart = [this] { OpenStagePart(); };
   commands.exit = [this] { cmdExit->click(); };
   commands.undoable = true;
   FollowHistory();
@@ -124,7 +126,9 @@ DesignPage::DesignPage(Session& session, Dialogs& dialogs)
       {QKeySequence(Qt::CTRL | Qt::Key_Comma), "Setup: line length unit and velocity factor", commands.setup},
       {QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_E), "Write LTspice: the network as a SPICE deck",
        commands.writeSpice},
-      {QKeySequence(Qt::CTRL | Qt::Key_M), "Match: compute a matching network for the load", commands.match}};
+      {QKeySequence(Qt::CTRL | Qt::Key_M), "Match: compute a matching network for the load", commands.match},
+      {QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_C),
+       "Cable or transformer: put a coaxial cable or a transformer into the selected stage", commands.stagePart}};
   for (Key& key : HistoryKeys(this)) keys.push_back(std::move(key));
   commands.keys = BindKeys(this, dialogs_, std::move(keys));
   SetMenuBar(BuildMenuBar(this, dialogs_, session_.Version, commands));
@@ -211,8 +215,12 @@ void DesignPage::ShowEditor() {
 }
 
 void DesignPage::OnMouseDown(int, double x, double y) {
-  editor_.MouseDown(x, y);
+  const bool stageSelected = editor_.MouseDown(x, y);
   ShowEditor();
+  // A cable or transformer has no value boxes on the page: its dialog opens
+  // on it instead, and a library part can still replace it when it closes.
+  const int16_t type = stageSelected ? session_.ElementType[editor_.EditStage] : int16_t{Empty};
+  if (type == CoaxialCable || type == Transformer) OpenStagePart();
 }
 
 void DesignPage::Analyze() {
@@ -301,6 +309,22 @@ void DesignPage::OpenMatch() {
   MatchDialog dialog(session_, dialogs_, this);
   if (dialog.exec() != QDialog::Accepted) return;
   ReopenDesignPage();
+  RecordStep(dialog.AppliedStep());
+}
+
+void DesignPage::OpenStagePart() {
+  RecordTyping();
+  const int stage = editor_.EditStage;
+  // The dialog works on finished stages: a part picked and not accepted goes
+  // back first.
+  if (!editor_.controls.analyzeEnabled) {
+    editor_.DontAccept();
+    ShowEditor();
+  }
+  StagePartDialog dialog(session_, dialogs_, stage, this);
+  if (dialog.exec() != QDialog::Accepted) return;
+  editor_.Open();
+  ShowEditor();
   RecordStep(dialog.AppliedStep());
 }
 

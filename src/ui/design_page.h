@@ -58,6 +58,7 @@ class DesignPage : public Page {
  protected:
   void OnMouseDown(int button, double x, double y) override;
   void OpenMatch();
+  void OpenStagePart();
   void FinishPendingEdit() override;
   void Reload() override;
   bool OnUserClose() override;

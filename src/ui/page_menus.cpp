@@ -101,6 +101,7 @@ QMenuBar* BuildMenuBar(QWidget* page, Dialogs& dialogs, const std::string& versi
     AddItem(edit, "Redo", "Ctrl+Shift+Z", {});
   }
   AddItem(edit, "Setup", "Ctrl+,", c.setup);
+  AddItem(edit, "Cable or transformer...", "Ctrl+Shift+C", c.stagePart);
 
   QMenu* view = bar->addMenu("&View");
   AddItem(view, "Zoom in", "+", c.zoomIn);

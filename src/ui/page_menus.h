@@ -14,7 +14,7 @@ namespace kalvex {
 // the page does not have is shown disabled.
 struct PageCommands {
   std::function<void()> getNet, saveNet, getLoad, liveLoad, writeSpice, exportImage, print, exit;
-  std::function<void()> setup;
+  std::function<void()> setup, stagePart;
   std::function<void()> zoomIn, zoomOut, gridType, qArcs, vswrCircle, sweep, band;
   std::function<void()> match, optimise;
   std::function<void()> keys;

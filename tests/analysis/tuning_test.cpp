@@ -100,6 +100,11 @@ TEST_F(TuningTest, ClearingAPartZeroesOnlyTheValuesItNames) {
     EXPECT_EQ(std::tuple(session.ElementType[2], session.SelectedStage), std::tuple(Empty, 2));
     EXPECT_EQ(session.Value[2], (std::array<double, kSlotCount>{0, top ? 0 : 1e-6, 0, 0, 0, 7})) << top;
   }
+  // A cable's fifth value is its own k2 and goes with it.
+  Select(3, CoaxialCable, {0, 30, 50, 0.66, 1.38});
+  session.Value[3][5] = 0.0227;
+  EXPECT_EQ(EnterTopValue(session, dialogs, "0"), Entered::PartCleared);
+  EXPECT_EQ(session.Value[3], (std::array<double, kSlotCount>{}));
 }
 
 TEST_F(TuningTest, FineStepsShrinkWithTheZoom) {

@@ -138,6 +138,24 @@ TEST_F(NetworkEditorTest, InsertingShiftsTheLaterStagesRight) {
   EXPECT_EQ(StagesNow(), (Stages{{14, 0}, {12, 10}, {14, 0}, {12, 20}, {14, 0}}));
 }
 
+// A cable's five values come back exactly when a pick on it is refused,
+// move whole with an insertion before it, and go whole with the plain wire.
+TEST_F(NetworkEditorTest, ACableKeepsItsFiveValuesWhole) {
+  const std::array<double, kSlotCount> cable = {0, 30.48, 50, 0.66, 1.3807, 0.022686};
+  session.ElementType[2] = CoaxialCable;
+  session.Value[2] = cable;
+  editor.Open();
+  PickType(2, SeriesCapacitor);
+  EXPECT_EQ(session.Value[2][5], 0);
+  editor.DontAccept();
+  EXPECT_EQ(std::tuple(session.ElementType[2], session.Value[2]), std::tuple(CoaxialCable, cable));
+  PickType(2, InsertPlaceholder);
+  editor.Accept();
+  EXPECT_EQ(std::tuple(session.ElementType[3], session.Value[3]), std::tuple(CoaxialCable, cable));
+  PickType(3, Empty);
+  EXPECT_EQ(session.Value[3], (std::array<double, kSlotCount>{}));
+}
+
 // Leaving the page closes the gaps and removes parts that cannot work (a
 // capacitor without Q); a negative inductance stays.
 TEST_F(NetworkEditorTest, CompactClosesTheGaps) {

@@ -90,6 +90,33 @@ TEST_F(SchematicTest, CableAndTransformerShowTheirFigures) {
   EXPECT_EQ(Wires(), 2);
 }
 
+// A cable is named after the catalogue cable whose four numbers it holds as
+// the network file writes them (15 digits); one that differs beyond them, or
+// a catalogue without it, leaves the cable's own numbers.
+TEST_F(SchematicTest, ACableIsNamedAfterTheCatalogueCableOfItsNumbers) {
+  const CableCatalogue catalogue = {{{"RG-8X", 50, 0.82, 0.9559, 0.025801}, {"RG-58", 50, 0.66, 1.3807, 0.022686}}, {}};
+  struct Case {
+    double velocityFactor, k2;
+    CableCatalogue cables;
+    std::vector<std::string> lines;
+  };
+  const std::vector<std::string> numbers = {"30  m", "50  ohms", "VF 0.66 "};
+  for (const Case& c : {Case{0.66, 0.022686, catalogue, {"30  m", "RG-58"}},
+                        Case{0.66, 0.022686 * (1 + 2e-16), catalogue, {"30  m", "RG-58"}},
+                        Case{0.66, 0.022686 * (1 + 1e-13), catalogue, numbers},
+                        Case{0.66, 0.0227, catalogue, numbers}, Case{0.66, 0.022686, {}, numbers}}) {
+    EXPECT_EQ(PartValueLines(CoaxialCable, {0, 30, 50, c.velocityFactor, 1.3807, c.k2}, c.cables), c.lines) << c.k2;
+  }
+  session.Cables = catalogue;
+  session.ElementType[4] = CoaxialCable;
+  session.Value[4] = {0, 30, 50, 0.82, 0.9559, 0.025801};
+  const StagePositions stageX = DrawNetwork(session, list, 80);
+  ASSERT_NE(FindText(list, "RG-8X"), nullptr);
+  const Point at = FindText(list, "RG-8X")->a;  // under the length, in the cable's cell
+  EXPECT_EQ(at.y, 2100);
+  EXPECT_TRUE(at.x > stageX[4] && at.x < stageX[5]) << at.x;
+}
+
 // Parts that cannot work are drawn as wires and their stage emptied; the
 // values stay.
 TEST_F(SchematicTest, UnusableStagesAreEmptied) {
