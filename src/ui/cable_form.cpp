@@ -11,10 +11,6 @@ namespace {
 
 constexpr double kMetresPerFoot = 0.3048;
 
-// A number as a box shows it for editing: every digit the network file keeps,
-// so that applying the dialog again changes nothing.
-QString ExactText(double value) { return Q(Trimmed(FileNumber(value))); }
-
 QString CatalogueNote(const CableCatalogue& cables) {
   if (cables.cables.empty() && cables.problems.empty()) {
     return "No cable catalogue was found beside the program: enter the cable by its numbers.";
@@ -79,7 +75,7 @@ void CableForm::ShowChosenCable() {
     txtK1->setText(ExactText(cable.k1));
     txtK2->setText(ExactText(cable.k2));
   }
-  for (QLineEdit* box : {txtImpedance, txtVelocityFactor, txtK1, txtK2}) box->setReadOnly(!own);
+  for (QLineEdit* box : {txtImpedance, txtVelocityFactor, txtK1, txtK2}) box->setEnabled(own);
   ShowLoss();
 }
 

@@ -48,6 +48,10 @@ inline void WriteBox(QLineEdit* box, const std::string& text) {
   }
 }
 
+// A number as a dialog's box shows it for editing: the 15 digits the network
+// file keeps, so that applying the dialog again changes nothing.
+inline QString ExactText(double value) { return QString::number(value, 'g', 15); }
+
 // Sizes in the dialogs are given in twips, a fifteenth of a pixel.
 inline int Twips(int twips) { return twips / 15; }
 

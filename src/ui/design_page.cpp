@@ -128,7 +128,7 @@ DesignPage::DesignPage(Session& session, Dialogs& dialogs)
        commands.writeSpice},
       {QKeySequence(Qt::CTRL | Qt::Key_M), "Match: compute a matching network for the load", commands.match},
       {QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_C),
-       "Cable or transformer: put a coaxial cable or a transformer into the selected stage", commands.stagePart}};
+       "Cable or transformer: put one into the selected stage", commands.stagePart}};
   for (Key& key : HistoryKeys(this)) keys.push_back(std::move(key));
   commands.keys = BindKeys(this, dialogs_, std::move(keys));
   SetMenuBar(BuildMenuBar(this, dialogs_, session_.Version, commands));

@@ -30,7 +30,7 @@ TransformerForm::TransformerForm(QWidget* parent)
 
 void TransformerForm::Fill(const Session& session, int stage) {
   const auto& v = session.Value[stage];
-  cboRatio->setCurrentText(Q(Trimmed(FileNumber(v[1]))) + ":1");
+  cboRatio->setCurrentText(ExactText(v[1]) + ":1");
   txtMagnetising->setText(v[2] > 0 ? Q(Trimmed(FormatInductance(v[2]))) : QString());
   txtLeakage->setText(v[3] > 0 ? Q(Trimmed(FormatInductance(v[3]))) : QString());
 }
