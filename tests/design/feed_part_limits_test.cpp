@@ -27,6 +27,7 @@ TEST(FeedPartLimits, KeepEachValueWithinItsRangeAndSaySo) {
         "Cable impedance has been reset to the maximum allowed (10K).",
         "Velocity factor has been reset to the maximum allowed (1)."}},
       {CoaxialCable, {0, 0.01, 1, 0.1, 0, 0}, {0, 0.01, 1, 0.1, 0, 0}, {}},  // the limits themselves
+      {CoaxialCable, {0, 1000, 10000, 1, 0, 0}, {0, 1000, 10000, 1, 0, 0}, {}},
       {Transformer, {0, 49, 10e-6, -1e-7, 9}, {0, 49, 10e-6, 1e-7, 0}, {}},  // a fourth value is none of its
       {Transformer, {0, 0, 0, 0}, {0, 0.01}, {"Transformer ratio has been reset to the minimum allowed (0.01:1)."}},
       {Transformer, {0, -250}, {0, 100}, {"Transformer ratio has been reset to the maximum allowed (100:1)."}},

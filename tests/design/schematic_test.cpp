@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cmath>
 
 #include "design/schematic.h"
 #include "design/symbols.h"
@@ -102,7 +103,7 @@ TEST_F(SchematicTest, ACableIsNamedAfterTheCatalogueCableOfItsNumbers) {
   };
   const std::vector<std::string> numbers = {"30  m", "50  ohms", "VF 0.66 "};
   for (const Case& c : {Case{0.66, 0.022686, catalogue, {"30  m", "RG-58"}},
-                        Case{0.66, 0.022686 * (1 + 2e-16), catalogue, {"30  m", "RG-58"}},
+                        Case{0.66, std::nextafter(0.022686, 1.0), catalogue, {"30  m", "RG-58"}},
                         Case{0.66, 0.022686 * (1 + 1e-13), catalogue, numbers},
                         Case{0.66, 0.0227, catalogue, numbers}, Case{0.66, 0.022686, {}, numbers}}) {
     EXPECT_EQ(PartValueLines(CoaxialCable, {0, 30, 50, c.velocityFactor, 1.3807, c.k2}, c.cables), c.lines) << c.k2;

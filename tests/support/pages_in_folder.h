@@ -1,9 +1,13 @@
 #pragma once
 
+#include <gtest/gtest.h>
+
+#include <QApplication>
 #include <QCoreApplication>
 #include <QTest>
 #include <QTimer>
 #include <filesystem>
+#include <functional>
 
 #include "model/session.h"
 #include "support/fake_dialogs.h"
@@ -44,6 +48,16 @@ inline void ClickPage(Page& page, double x, double y, Qt::MouseButton button = Q
   const QSizeF size = page.LogicalSize();
   QTest::mouseClick(&page, button, {}, QPoint(static_cast<int>(frame.x() + x * frame.width() / size.width()),
                            static_cast<int>(frame.y() + y * frame.height() / size.height())));
+}
+
+// Runs `act` on the modal dialog that the next action opens, once it shows.
+template <typename Dialog>
+void WhenModalShows(std::function<void(Dialog&)> act) {
+  QTimer::singleShot(0, [act] {
+    auto* dialog = qobject_cast<Dialog*>(QApplication::activeModalWidget());
+    ASSERT_NE(dialog, nullptr);
+    act(*dialog);
+  });
 }
 
 }  // namespace kalvex::testing

@@ -29,6 +29,7 @@ namespace kalvex {
 namespace {
 
 using testing::PagesInFolder;
+using testing::WhenModalShows;
 
 TEST_F(PagesInFolder, WelcomePageStartsTheSession) {
   WriteLastSession(testing::FiveStageNetwork(), dialogs);
@@ -201,16 +202,6 @@ TEST_F(AnalysisPageTest, StripClickSelectsAndStepsTunePart) {
   page->tuning->txtZ1->setText("0");
   QTest::keyClick(page->tuning->txtZ1, Qt::Key_Return);  // Enter presses "C enter"
   EXPECT_EQ(session.ElementType[1], Empty);
-}
-
-// Runs `act` on the modal dialog that the next click opens, once it shows.
-template <typename Dialog>
-void WhenModalShows(std::function<void(Dialog&)> act) {
-  QTimer::singleShot(0, [act] {
-    auto* dialog = qobject_cast<Dialog*>(QApplication::activeModalWidget());
-    ASSERT_NE(dialog, nullptr);
-    act(*dialog);
-  });
 }
 
 TEST_F(AnalysisPageTest, OverlayDialogsSwitchTheirOverlayOnHoweverTheyClose) {

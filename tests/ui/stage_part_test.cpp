@@ -2,7 +2,6 @@
 
 #include <QApplication>
 #include <QTest>
-#include <QTimer>
 #include <functional>
 
 #include "files/cable_catalogue.h"
@@ -78,6 +77,7 @@ TEST_F(StagePartTest, TheDialogPutsThePartIntoTheStage) {
   };
   for (const Case& c : cases) {
     Restart();
+    session.ElementType[2] = InsertPlaceholder;  // free for a part, as an empty stage is
     dialogs.messages.clear();
     StagePartDialog dialog(session, dialogs, c.selected);
     c.enter(dialog);
@@ -90,15 +90,6 @@ TEST_F(StagePartTest, TheDialogPutsThePartIntoTheStage) {
   }
 }
 
-// Runs `act` on the stage-part dialog once the next action opens it.
-void WhenDialogShows(std::function<void(StagePartDialog&)> act) {
-  QTimer::singleShot(0, [act] {
-    auto* dialog = qobject_cast<StagePartDialog*>(QApplication::activeModalWidget());
-    ASSERT_NE(dialog, nullptr);
-    act(*dialog);
-  });
-}
-
 // Ctrl+Shift+C puts a cable in as one step that undo and redo take back and
 // give again whole; a click on the cable opens the dialog on it, showing its
 // catalogue cable and length, and a cancel leaves the stage selected.
@@ -107,7 +98,7 @@ TEST_F(StagePartTest, TheDesignPageOpensTheDialogAndRecordsOneStep) {
   DesignPage page(session, dialogs);
   page.show();
   QApplication::setActiveWindow(&page);
-  WhenDialogShows([](StagePartDialog& dialog) {
+  testing::WhenModalShows<StagePartDialog>([](StagePartDialog& dialog) {
     EXPECT_EQ(dialog.cboStage->currentIndex(), 1);  // the first stage without a part
     Cable(dialog).cboCable->setCurrentText("RG-58");
     Cable(dialog).txtLength->setText("30.48");
@@ -121,7 +112,7 @@ TEST_F(StagePartTest, TheDesignPageOpensTheDialogAndRecordsOneStep) {
   history.Redo();
   EXPECT_EQ(std::tuple(session.ElementType[2], session.Value[2]), std::tuple(CoaxialCable, kRG58In100Feet));
 
-  WhenDialogShows([](StagePartDialog& dialog) {
+  testing::WhenModalShows<StagePartDialog>([](StagePartDialog& dialog) {
     EXPECT_EQ(std::tuple(dialog.cboStage->currentIndex(), dialog.cboKind->currentText(),
                          Cable(dialog).cboCable->currentText(), Cable(dialog).txtLength->text()),
               std::tuple(1, QString("Coaxial cable"), QString("RG-58"), QString("30.48")));
