@@ -116,6 +116,8 @@ TEST_F(StagePartTest, TheDesignPageOpensTheDialogAndRecordsOneStep) {
     EXPECT_EQ(std::tuple(dialog.cboStage->currentIndex(), dialog.cboKind->currentText(),
                          Cable(dialog).cboCable->currentText(), Cable(dialog).txtLength->text()),
               std::tuple(1, QString("Coaxial cable"), QString("RG-58"), QString("30.48")));
+    Cable(dialog).cboLengthUnit->setCurrentText("ft");  // the length keeps its measure
+    EXPECT_EQ(Cable(dialog).txtLength->text(), "100");
     dialog.cmdCancel->click();
   });
   testing::ClickPage(page, page.Editor().StageX[2] + 300, 1000);
