@@ -129,18 +129,6 @@ TEST(NetworkBatchTest, BatchesOfAnyLengthMatchPointForPoint) {
   }
 }
 
-TEST(NetworkBatchTest, PointsWithoutFrequencyKeepTheirLoad) {
-  Session session = testing::FiveStageNetwork();
-  std::vector<double> f = {14e6, 0, -1, 15e6};
-  std::vector<double> r = {10, 20, 30, 40};
-  std::vector<double> x = {-1, -2, -3, -4};
-  NetworkBatch(session).Calculate(f, r, x);
-  EXPECT_EQ(Complex(r[1], x[1]), Complex(20, -2));
-  EXPECT_EQ(Complex(r[2], x[2]), Complex(30, -3));
-  EXPECT_EQ(Complex(r[0], x[0]), Scalar(session, 14e6, {10, -1}));
-  EXPECT_EQ(Complex(r[3], x[3]), Scalar(session, 15e6, {40, -4}));
-}
-
 // Every build of the loops, and the batch in a worker thread, give the
 // baseline's result on the main thread to the bit.
 TEST(NetworkBatchTest, EveryBuildAndAWorkerThreadGiveTheSameBits) {
