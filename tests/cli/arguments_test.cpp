@@ -70,46 +70,37 @@ TEST_F(ArgumentsTest, EveryCommandRefusesMalformedArgumentsByName) {
 }
 
 TEST_F(ArgumentsTest, Impedance) {
-  ExpectRefusals("impedance", {{{"--freq"}, "--freq"},
-                               {{"--freq", ""}, "--freq"}, {{"--freq", "abc"}, "--freq"}, {{"--freq", "nan"}, "--freq"},
-                               {{"--freq", "inf"}, "--freq"}, {{"--freq", "14M", "--freq", "28M"}, "--freq: given more than once"},
-                               {{"--freq", "--bogus"}, "--freq"}, {{"--freq", "1e30"}, "10 kHz to 10 GHz"},
-                               {{"--freq", "2e10"}, "10 kHz to 10 GHz"}, {{"--freq", "1e-300"}, "10 kHz to 10 GHz"},
-                               {{"--freq", "-14M"}, "10 kHz to 10 GHz"}});
+  // Every number option is read by one reader: its refusals are tried here once.
+  ExpectRefusals("impedance", {{{"--freq"}, "--freq"}, {{"--freq", ""}, "--freq"}, {{"--freq", "abc"}, "--freq"},
+                               {{"--freq", "nan"}, "--freq"}, {{"--freq", "inf"}, "--freq"},
+                               {{"--freq", "14M", "--freq", "28M"}, "--freq: given more than once"},
+                               {{"--freq", "--bogus"}, "--freq"}, {{"--freq", "2e10"}, "10 kHz to 10 GHz"},
+                               {{"--freq", "1e-300"}, "10 kHz to 10 GHz"}, {{"--freq", "-14M"}, "10 kHz to 10 GHz"}});
   EXPECT_EQ(Run({"impedance", PathOf("net.SSF"), "--freq", "28M"}), kExitOk);
   EXPECT_EQ(out.str(), "50.0568410511 -56.8410511042\n");
 }
 
 TEST_F(ArgumentsTest, SweepAndSpice) {
-  ExpectRefusals("sweep", {{{"-o", "--table"}, "-o"},
-                           {{"-o", ""}, "-o"}, {{"--load", ""}, "--load"}, {{"--load", "--table"}, "--load"},
-                           {{"--start", "1M", "--start", "2M"}, "--start"},
-                           {{"--points", "5", "--points", "6"}, "--points"}, {{"--points", "nan"}, "--points"},
-                           {{"--start", "inf"}, "--start"}, {{"--stop", "words"}, "--stop"}, {{"--stop", ""}, "--stop"},
-                           {{"--load", "x.RJX", "--points", "5"}, "--load"},
+  ExpectRefusals("sweep", {{{"-o", "--table"}, "-o"}, {{"--load", ""}, "--load"},
+                           {{"--points", "5", "--points", "6"}, "--points"}, {{"--start", "inf"}, "--start"},
+                           {{"--stop", "words"}, "--stop"}, {{"--load", "x.RJX", "--points", "5"}, "--load"},
                            {{"-o", "NET"}, "-o names the input file"}});
   ExpectRefusals("spice", {{{"-o", "--bogus"}, "-o"},
                            {{"-o", "a", "-o", "b"}, "-o"}, {{"-o"}, "-o"}});
 }
 
 TEST_F(ArgumentsTest, Match) {
-  ExpectRefusals("match", {{{"--q", "0"}, "--q"},
-                           {{"--q", "-2"}, "--q"}, {{"--q", "1e300"}, "--q"}, {{"--q", "2", "--q", "3"}, "--q"},
-                           {{"--sections", "8"}, "--sections"}, {{"--sections", "2.5"}, "--sections"},
-                           {{"--ripple", "1e-300"}, "--ripple"}, {{"--ripple", "-1"}, "--ripple"},
-                           {{"--ripple", "0.1", "--ripple", "0.2"}, "--ripple"}, {{"--kinds", "L,XX"}, "--kinds"},
-                           {{"--kinds", ""}, "--kinds"}, {{"--apply", "1"}, "-o OUT"},
+  ExpectRefusals("match", {{{"--q", "0"}, "--q"}, {{"--q", "1e300"}, "--q"}, {{"--sections", "8"}, "--sections"},
+                           {{"--sections", "2.5"}, "--sections"}, {{"--ripple", "1e-300"}, "--ripple"},
+                           {{"--kinds", "L,XX"}, "--kinds"}, {{"--kinds", ""}, "--kinds"}, {{"--apply", "1"}, "-o OUT"},
                            {{"--apply", "0", "-o", "OUT"}, "--apply"},
-                           {{"--apply", "1", "--apply", "2", "-o", "OUT"}, "--apply"},
                            {{"--apply", "999", "-o", "OUT"}, "there is no solution 999", kExitFailed}});
 }
 
 TEST_F(ArgumentsTest, Band) {
-  ExpectRefusals("band", {{{"--load", "--json"}, "--load"},
-                          {{"--thresholds", "1"}, "--thresholds"}, {{"--thresholds", "2,nan"}, "--thresholds"},
+  ExpectRefusals("band", {{{"--thresholds", "1"}, "--thresholds"}, {{"--thresholds", "2,nan"}, "--thresholds"},
                           {{"--thresholds", "1e300"}, "--thresholds"}, {{"--thresholds", ""}, "--thresholds"},
-                          {{"--start", "20M", "--stop", "10M"}, "--start"}, {{"--start", "1e30"}, "--start"},
-                          {{"-o", "OUT", "-o", "OUT"}, "-o"}});
+                          {{"--start", "20M", "--stop", "10M"}, "--start"}, {{"--start", "1e30"}, "--start"}});
 }
 
 TEST_F(ArgumentsTest, Optimize) {
@@ -120,7 +111,6 @@ TEST_F(ArgumentsTest, Optimize) {
                               {{"--free", "0"}, "--free"}, {{"--free", "6"}, "--free"}, {{"--free", "1.5"}, "--free"},
                               {{"--free", ""}, "--free"}, {{"--free", "--json"}, "--free"},
                               {{"--free", "2"}, "stage 2 holds no part"}, {{"--free", "1,3"}, "stage 3 holds no part"},
-                              {{"--free", "1", "--stop", "1M", "--stop", "2M"}, "--stop"},
                               {{"--free", "1", "--start", "15M", "--stop", "13M"}, "--start"}});
 }
 
