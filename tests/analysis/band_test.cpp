@@ -12,6 +12,7 @@
 #include "analysis/band_text.h"
 #include "platform/display_list.h"
 #include "support/drawing_queries.h"
+#include "support/session_setup.h"
 
 namespace kalvex {
 namespace {
@@ -21,17 +22,12 @@ constexpr double kTwoPi = 2 * std::numbers::pi;
 // An ideal series L and C resonant at 14 MHz on a matched 50 ohm load, swept
 // over 10..18 MHz.
 Session SeriesResonance() {
-  Session session;
-  InitialiseSession(session);
-  session.LoadSource = 1;
-  session.Frequency = 14e6;
+  Session session = testing::SessionOnLoad(50, 0, 14e6);
   session.ElementType[1] = SeriesInductor;
   session.Value[1][1] = 1e-6;
   session.ElementType[2] = SeriesCapacitor;
   session.Value[2][1] = 1 / (std::pow(kTwoPi * 14e6, 2) * 1e-6);
-  session.SweepStart = 10e6;
-  session.SweepStop = 18e6;
-  session.SweepPoints = 81;
+  testing::SweepOver(session, 10e6, 18e6, 81);
   return session;
 }
 

@@ -70,9 +70,7 @@ TEST_F(TouchstoneTest, FilesGiveTheLoadsInOhms) {
 // What the sweep writes as Touchstone reads back to the same impedances.
 TEST_F(TouchstoneTest, SweepWrittenReadsBack) {
   Session swept = testing::FiveStageNetwork();
-  swept.SweepStart = 13e6;
-  swept.SweepStop = 15e6;
-  swept.SweepPoints = 9;
+  testing::SweepOver(swept, 13e6, 15e6, 9);
   RunSweepPoints(swept, SweepUse::Table);
   Load("round.s1p", TouchstoneText(swept, "now"));
   ASSERT_EQ(session.SweepPoints, 9);

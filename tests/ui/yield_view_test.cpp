@@ -20,9 +20,7 @@ class YieldViewTest : public testing::PagesInFolder {
   void SetUp() override {
     PagesInFolder::SetUp();
     session = testing::FiveStageNetwork();
-    session.SweepStart = 13.5e6;
-    session.SweepStop = 15e6;
-    session.SweepPoints = 41;
+    testing::SweepOver(session, 13.5e6, 15e6, 41);
     BandWindow::YieldSettings() = {};
     window = BandWindow::Show(session, dialogs);
     QApplication::setActiveWindow(window);
