@@ -78,9 +78,7 @@ TEST(BandFigures, EdgesBetweenLoadDataPointsTakeTheLoadOnTheLineBetweenThem) {
     session.LoadSource = 2;
     session.SweepPoints = 5;
     for (int k = 1; k <= 5; ++k) {
-      session.LoadFreq[k] = 11e6 + k * 1e6;
-      session.LoadR[k] = c.r[k - 1];
-      session.LoadX[k] = c.x[k - 1];
+      std::tie(session.LoadFreq[k], session.LoadR[k], session.LoadX[k]) = std::tuple(11e6 + k * 1e6, c.r[k - 1], c.x[k - 1]);
     }
     const BandFigures figures = ComputeBandFigures(session, {2});
     ASSERT_TRUE(figures.edges[0].low && figures.edges[0].high);

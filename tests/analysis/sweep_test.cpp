@@ -185,13 +185,10 @@ TEST_F(SweepTest, TheBatchLeavesWhatAPointByPointLoopLeaves) {
     batched.LoadSource = c.loadSource;
     testing::SweepOver(batched, c.start, c.stop, 5);
     for (int k = 1; k <= 5; ++k) {
-      batched.LoadFreq[k] = k == 1 ? c.start : 13e6 + k * 1e5;
-      batched.LoadR[k] = 30.0 + k;
-      batched.LoadX[k] = 5.0 * k - 12;
+      std::tie(batched.LoadFreq[k], batched.LoadR[k], batched.LoadX[k]) =
+          std::tuple(k == 1 ? c.start : 13e6 + k * 1e5, 30.0 + k, 5.0 * k - 12);
     }
-    batched.InputR = 7;
-    batched.InputX = -3;
-    batched.VelocityFactor = 0.66;
+    std::tie(batched.InputR, batched.InputX, batched.VelocityFactor) = std::tuple(7, -3, 0.66);
     batched.SweepFreq[0] = batched.SweepFreq[6] = -1;
     Session looped = batched;
     const SweepIndexes indexes = RunSweepPoints(batched, SweepUse::Table);
@@ -213,8 +210,7 @@ TEST_F(SweepTest, TheBatchLeavesWhatAPointByPointLoopLeaves) {
         looped.PointIndex = static_cast<int16_t>(k);
         CalculateNetwork(looped, looped.PointIndex);
       }
-      EXPECT_EQ(batched.SweepR[k], looped.InputR) << k;
-      EXPECT_EQ(batched.SweepX[k], looped.InputX) << k;
+      EXPECT_EQ(std::tuple(batched.SweepR[k], batched.SweepX[k]), std::tuple(looped.InputR, looped.InputX)) << k;
       const Gamma g = ImpedanceToGamma(batched.SweepR[k], batched.SweepX[k], 50);
       EXPECT_NEAR(batched.SweepRho[k], std::hypot(g.u, g.v), 1e-12) << k;
       EXPECT_NEAR(batched.SweepVSWR[k], (1 + batched.SweepRho[k]) / (1 - batched.SweepRho[k]), 1e-9) << k;

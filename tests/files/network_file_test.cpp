@@ -51,8 +51,7 @@ class NetworkFileTest : public testing::TempDirTest {
   }
 
   void ExpectNetworkDefaults() const {
-    EXPECT_EQ(read.Frequency, 1'000'000);
-    EXPECT_EQ(read.SystemZ, 50);
+    EXPECT_EQ(std::tuple(read.Frequency, read.SystemZ), std::tuple(1'000'000, 50));
     EXPECT_EQ(read.Value[0], (std::array<double, kSlotCount>{0, 50}));
     EXPECT_EQ(read.ElementType, decltype(read.ElementType){});
     for (int s = 1; s <= kLastStage; ++s) EXPECT_EQ(read.Value[s], (std::array<double, kSlotCount>{}));
@@ -121,10 +120,8 @@ TEST_F(NetworkFileTest, ReadsWhatTheLinesHoldAndNotTheirLabels) {
   lines.insert(lines.begin() + 4, "");
   lines.insert(lines.begin(), "*first");
   ASSERT_TRUE(ReadLines(lines));
-  EXPECT_EQ(read.Frequency, 10'000'000);
-  EXPECT_EQ(read.SystemZ, 1000);
-  EXPECT_EQ(read.Value[1][2], 200);
-  EXPECT_EQ(read.Value[1][3], 0);
+  EXPECT_EQ(std::tuple(read.Frequency, read.SystemZ, read.Value[1][2], read.Value[1][3]),
+            std::tuple(10'000'000, 1000, 200, 0));
   EXPECT_EQ(read.ElementType, (decltype(read.ElementType){0, 3, 2, 4, 5, 0}));
 }
 

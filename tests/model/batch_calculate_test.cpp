@@ -169,9 +169,7 @@ TEST(NetworkBatchTest, WorstReflectionIsTheLargestOfThePointsCalculatedOneByOne)
 
   // Load-data points bring their own frequency and load.
   session.LoadSource = 2;
-  session.LoadFreq[3] = 14e6;
-  session.LoadR[3] = 12;
-  session.LoadX[3] = 40;
+  std::tie(session.LoadFreq[3], session.LoadR[3], session.LoadX[3]) = std::tuple(14e6, 12, 40);
   const Complex z = Scalar(scalar, 14e6, {12, 40});
   const std::vector<int> points = {3};
   EXPECT_NEAR(WorstPlottedRho(session, points, {}), PlotImpedance(z.real(), z.imag(), 75).rho, 1e-15);

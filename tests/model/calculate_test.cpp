@@ -113,8 +113,7 @@ TEST_P(ElementTypes, MatchCircuitFormulasInEveryStage) {
     const Complex actual = Calculate(load, kF, stages);
     const Complex expected = Expected(part, load + 5.0 * (position - 1));
     const std::string where = std::string(part.name) + " in stage " + std::to_string(position);
-    EXPECT_NEAR(actual.real(), expected.real(), 1e-9 * std::abs(expected)) << where;
-    EXPECT_NEAR(actual.imag(), expected.imag(), 1e-9 * std::abs(expected)) << where;
+    EXPECT_LE(std::abs(actual - expected), 1e-9 * std::abs(expected)) << where << ": " << actual << " against " << expected;
     const bool lineOrStub = part.type >= SeriesLine && part.type <= ShuntOpenStub;
     EXPECT_EQ(session.VelocityFactor, lineOrStub ? 1.0 : 0.66) << where;
   }
@@ -153,8 +152,7 @@ TEST_F(CalculateNetworkTest, DegenerateInputsGiveFiniteResults) {
     SetUp();
     const Complex z = Calculate(c.load, kF, {c.stage});
     ASSERT_TRUE(std::isfinite(z.real()) && std::isfinite(z.imag())) << c.name;
-    EXPECT_NEAR(z.real(), c.expected.real(), c.tolerance) << c.name;
-    EXPECT_NEAR(z.imag(), c.expected.imag(), c.tolerance) << c.name;
+    EXPECT_LE(std::abs(z - c.expected), c.tolerance) << c.name << ": " << z;
   }
 }
 

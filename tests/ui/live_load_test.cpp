@@ -90,8 +90,7 @@ TEST_F(LiveLoadTest, EndsAsTheUserOrTheDeviceChooses) {
     EXPECT_FALSE(page->StatusLine()->text().contains("Live load")) << c.name;
     EXPECT_EQ(history.Stack().undoText().toStdString(), c.step) << c.name;
     history.Undo();
-    EXPECT_EQ(session.LoadSource, 1) << c.name;
-    EXPECT_EQ(session.SweepPoints, 5) << c.name;
+    EXPECT_EQ(std::tuple(session.LoadSource, session.SweepPoints), std::tuple(1, 5)) << c.name;
     if (c.message) {
       ASSERT_EQ(dialogs.messages.size(), 1u) << c.name;
       EXPECT_NE(dialogs.messages[0].text.find(c.message), std::string::npos) << dialogs.messages[0].text;
