@@ -15,9 +15,7 @@ constexpr Box kFrame{1300, 1000, 7700, 7600};
 constexpr Colour kEnvelope = RGB(190, 205, 255);
 
 Session Swept(Session session) {
-  session.SweepStart = 13.5e6;
-  session.SweepStop = 15e6;
-  session.SweepPoints = 41;
+  testing::SweepOver(session, 13.5e6, 15e6, 41);
   return session;
 }
 
