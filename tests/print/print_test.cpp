@@ -85,29 +85,25 @@ TEST_F(PrintTest, PaperGridsPrintInTheirColoursAndWidths) {
   }
 }
 
-TEST_F(PrintTest, EmptyNetworkPrintsFiveSeparatorsAtOnePlaceAndTheGeneratorAfterTheLoad) {
-  PrintSchematic(session, list);
-  const std::vector<DrawCommand> separators = testing::LinesIn(list, kSeparator);
-  ASSERT_EQ(separators.size(), 5u);
-  for (const DrawCommand& line : separators) EXPECT_EQ(line.a.x, separators[0].a.x);
-  // Load: the shunt resistor and its two trailing leads of 300 x 1.2; the
-  // generator's lead follows at once.
-  EXPECT_NEAR(separators[0].a.x, 1500 + 2 * 360, 1e-3);
-  EXPECT_NEAR(testing::RailEnd(list, 1000), 1500 + 3 * 360 + 1.2 * 680, 1e-3);
-  ASSERT_NE(testing::TextAt(list, 1500, 3000), nullptr);
-  EXPECT_EQ(testing::TextAt(list, 1500, 3000)->text, "Frequency:  1 M");
-}
-
-// The load's text stands left of the load's cell, further with a reactance.
-TEST_F(PrintTest, LoadTextStandsLeftOfTheLoadCell) {
+// An empty network prints five separators at one place, the load's text left
+// of the load's cell (further with a reactance), and the generator after the load.
+TEST_F(PrintTest, EmptyNetworkPrintsTheLoadTextThenFiveSeparatorsAndTheGenerator) {
   for (const auto& [x, text, offset] : {std::tuple{-25.0, "50  -j25 ", 1600}, {0.0, "50 ", 800}}) {
     list.Reset();
     session.Value[0][2] = x;
     PrintSchematic(session, list);
-    const double cellEnd = testing::LinesIn(list, kSeparator)[0].a.x;
-    ASSERT_NE(testing::TextAt(list, cellEnd - offset, 1000 + 1400), nullptr) << x;
-    EXPECT_EQ(testing::TextAt(list, cellEnd - offset, 1000 + 1400)->text, text);
+    const std::vector<DrawCommand> separators = testing::LinesIn(list, kSeparator);
+    ASSERT_EQ(separators.size(), 5u) << x;
+    for (const DrawCommand& line : separators) EXPECT_EQ(line.a.x, separators[0].a.x) << x;
+    ASSERT_NE(testing::TextAt(list, separators[0].a.x - offset, 1000 + 1400), nullptr) << x;
+    EXPECT_EQ(testing::TextAt(list, separators[0].a.x - offset, 1000 + 1400)->text, text);
   }
+  // Without a reactance the load is the shunt resistor and its two trailing
+  // leads of 300 x 1.2; the generator's lead follows at once.
+  EXPECT_NEAR(testing::LinesIn(list, kSeparator)[0].a.x, 1500 + 2 * 360, 1e-3);
+  EXPECT_NEAR(testing::RailEnd(list, 1000), 1500 + 3 * 360 + 1.2 * 680, 1e-3);
+  ASSERT_NE(testing::TextAt(list, 1500, 3000), nullptr);
+  EXPECT_EQ(testing::TextAt(list, 1500, 3000)->text, "Frequency:  1 M");
 }
 
 // The printout works on the session's arrays but never on the strip's edges.
