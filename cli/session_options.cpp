@@ -1,5 +1,6 @@
 #include "session_options.h"
 
+#include <algorithm>
 #include <cmath>
 #include <filesystem>
 
@@ -11,6 +12,7 @@
 #include "files/load_data_file.h"
 #include "files/network_file.h"
 #include "model/format.h"
+#include "model/network_abcd.h"
 #include "model/number_text.h"
 #include "model/trim.h"
 
@@ -131,6 +133,25 @@ std::optional<int> RefuseOverwritingInputs(const std::optional<std::string>& out
     }
   }
   return std::nullopt;
+}
+
+std::optional<int> RefuseUncoveredBlocks(const Session& session, bool sweep, const CommandLine& line,
+                                         std::ostream& err) {
+  double lowest = session.Frequency;
+  double highest = session.Frequency;
+  if (sweep && session.LoadSource == 2 && session.SweepPoints > 0) {
+    const auto first = session.LoadFreq.begin() + 1;
+    const auto [low, high] = std::minmax_element(first, first + session.SweepPoints);
+    lowest = *low;
+    highest = *high;
+  } else if (sweep) {
+    lowest = std::min(session.SweepStart, session.SweepStop);
+    highest = std::max(session.SweepStart, session.SweepStop);
+  }
+  const std::string problem = BlockRangeProblem(session, lowest, highest);
+  if (problem.empty()) return std::nullopt;
+  err << line.Prefix() << problem << "\n";
+  return kExitFailed;
 }
 
 LoadModel LoadModelOf(const std::optional<std::string>& word) {

@@ -64,6 +64,12 @@ std::optional<int> RefuseOverwritingInputs(const std::optional<std::string>& out
                                            const std::optional<std::string>& load,
                                            const CommandLine& line, std::ostream& err);
 
+// Refuses the network (the message on `err`, the failure's exit code) when a
+// two-port block's file does not cover the working frequency, or with
+// `sweep` the sweep's frequencies (the load data's, over a load-data file).
+std::optional<int> RefuseUncoveredBlocks(const Session& session, bool sweep, const CommandLine& line,
+                                         std::ostream& err);
+
 // The --load-model word (fixed when not given) as the load model.
 LoadModel LoadModelOf(const std::optional<std::string>& word);
 

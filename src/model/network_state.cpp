@@ -11,7 +11,7 @@
 namespace kalvex {
 
 NetworkState NetworkStateOf(const Session& s) {
-  return {s.ElementType, s.Value,      s.Frequency,  s.SystemZ,   s.LoadSource,
+  return {s.ElementType, s.Value,      s.TwoPortBlocks, s.Frequency,  s.SystemZ,   s.LoadSource,
           s.DataIndex,   s.DefaultCapacitorQ, s.DefaultInductorQ, s.SweepStart, s.SweepStop,
           s.SweepPoints, s.LoadFreq,   s.LoadR,      s.LoadX};
 }
@@ -19,6 +19,7 @@ NetworkState NetworkStateOf(const Session& s) {
 void RestoreNetworkState(Session& s, const NetworkState& state) {
   s.ElementType = state.elementType;
   s.Value = state.value;
+  s.TwoPortBlocks = state.twoPortBlocks;
   s.Frequency = state.frequency;
   s.SystemZ = state.systemZ;
   s.LoadSource = state.loadSource;

@@ -16,6 +16,7 @@ namespace kalvex {
 struct NetworkState {
   std::array<int16_t, kStageCount> elementType{};
   std::array<std::array<double, kSlotCount>, kValueStageCount> value{};
+  std::array<TwoPortBlock, kValueStageCount> twoPortBlocks{};
   double frequency = 0;
   double systemZ = 0;
   int16_t loadSource = 0;

@@ -217,7 +217,7 @@ void TuningControls::ShowSession() {
   txtFreq->setText(Q(FormatSI(session_.Frequency)));
   if (!partClicked_) return;
   const int s = session_.SelectedStage;
-  const bool partThere = s == 0 || (s >= 1 && s <= kLastStage && IsPart(session_.ElementType[s]));
+  const bool partThere = s == 0 || (s >= 1 && s <= kLastStage && IsTunable(session_.ElementType[s]));
   if (!partThere) {
     HidePanel();
     return;
