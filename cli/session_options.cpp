@@ -70,8 +70,10 @@ void SweepOptions::AddTo(CommandLine& line) {
       .Text("--load", "LOADFILE", load);
 }
 
-std::optional<int> ApplySweepOptions(Session& session, Dialogs& dialogs, const SweepOptions& sweep,
-                                     const CommandLine& line, std::ostream& err, bool ascending) {
+namespace {
+
+std::optional<int> ApplySweepSettings(Session& session, Dialogs& dialogs, const SweepOptions& sweep,
+                                      const CommandLine& line, std::ostream& err, bool ascending) {
   if (sweep.load && (sweep.start || sweep.stop || sweep.points)) {
     return line.Refuse("--load takes its frequencies from the file: no --start, --stop or --points",
                        err);
@@ -103,6 +105,14 @@ std::optional<int> ApplySweepOptions(Session& session, Dialogs& dialogs, const S
                        err);
   }
   return std::nullopt;
+}
+
+}  // namespace
+
+std::optional<int> ApplySweepOptions(Session& session, Dialogs& dialogs, const SweepOptions& sweep,
+                                     const CommandLine& line, std::ostream& err, bool ascending) {
+  if (const auto stop = ApplySweepSettings(session, dialogs, sweep, line, err, ascending)) return stop;
+  return RefuseUncoveredBlocks(session, true, line, err);
 }
 
 void ChartOptions::AddTo(CommandLine& line) {

@@ -40,7 +40,8 @@ struct SweepOptions {
 // --load runs the sweep over a load-data file; otherwise --start, --stop and
 // --points replace the file's settings, each kept within what the sweep setup
 // takes; a value reset says so on `err`, naming the option, the value given
-// and the value used. With `ascending`, a start above the stop is refused.
+// and the value used. With `ascending`, a start above the stop is refused; a
+// two-port block whose file does not cover the sweep is refused.
 // Returns an exit code when the command must stop.
 std::optional<int> ApplySweepOptions(Session& session, Dialogs& dialogs, const SweepOptions& sweep,
                                      const CommandLine& line, std::ostream& err, bool ascending);

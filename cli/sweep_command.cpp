@@ -49,7 +49,6 @@ int RunSweepCommand(const Command& command, const std::vector<std::string>& word
   if (table + touchstone + twoPort > 1) {
     return line.Refuse("--table, --touchstone and --touchstone2 each choose the output: give one", err);
   }
-  if (const auto stop = RefuseUncoveredBlocks(session, true, line, err)) return *stop;
 
   std::string text;
   if (table) {

@@ -175,7 +175,8 @@ void ReadBlockFiles(Session& session, const std::filesystem::path& folder, Dialo
     block.table = reading.table;
     if (block.table) continue;
     if (dialogs != nullptr) {
-      dialogs->Message(reading.problem + kLineEnd + "Stage " + std::to_string(stage) + " has been left empty.");
+      dialogs->Message("The two-port block of stage " + std::to_string(stage) + ": " + reading.problem + kLineEnd +
+                       "Stage " + std::to_string(stage) + " has been left empty.");
     }
     session.ElementType[stage] = Empty;
     session.Value[stage] = {};

@@ -156,7 +156,13 @@ TuningControls::TuningControls(Page& page, Session& session, Dialogs& dialogs,
 
 void TuningControls::SelectCell(int cell) {
   partClicked_ = true;
-  ShowPanel(SelectPart(session_, cell));
+  const TuningPanel panel = SelectPart(session_, cell);
+  // A two-port block is selected and framed like any part, with nothing to tune.
+  if (cell >= 1 && cell <= kLastStage && session_.ElementType[cell] == TwoPort) {
+    HidePanel();
+  } else {
+    ShowPanel(panel);
+  }
   redraw_();
 }
 

@@ -188,8 +188,8 @@ TEST_F(TwoPortFileTest, NetworkFileKeepsTheBlockAndSurvivesItsLoss) {
   std::filesystem::remove(file);
   ASSERT_TRUE(ReadNetworkFile(read, dialogs, PathOf("net.SSF")));
   ASSERT_EQ(dialogs.messages.size(), 1u);
-  EXPECT_NE(dialogs.messages[0].find("c.s2p"), std::string::npos) << dialogs.messages[0];
-  EXPECT_NE(dialogs.messages[0].find("Stage 3 has been left empty."), std::string::npos);
+  EXPECT_NE(dialogs.messages[0].text.find("c.s2p"), std::string::npos) << dialogs.messages[0].text;
+  EXPECT_NE(dialogs.messages[0].text.find("Stage 3 has been left empty."), std::string::npos);
   EXPECT_EQ(read.ElementType[3], Empty);
   EXPECT_EQ(read.ElementType[2], ShuntCapacitor);
   EXPECT_EQ(read.SweepPoints, 26);
