@@ -71,7 +71,7 @@ TEST_F(HostileInputTest, NothingInjectedNothingNonFinite) {
            {{"sweep", PathOf("block.SSF")}, kExitFailed, "(through.s2p) covers 1 MHz to 10 MHz, not"},
            {{"sweep", PathOf("block.SSF"), "--start", "2e6", "--stop", "9e6", "--touchstone2"}, kExitOk, ""},
            {{"spice", PathOf("block.SSF")}, kExitFailed, "measured data that a SPICE deck cannot hold"},
-           {{"impedance", PathOf("hostile block.SSF")}, kExitOk, "option line is not understood:  [31mRED"},
+           {{"impedance", PathOf("hostile block.SSF")}, kExitOk, "option line is not understood: # MHz S  [31mRED RI"},
            {{"impedance", "/proc/self/mem"}, kExitFailed, "cannot read /proc/self/mem: Input/output error"},
            {{"sweep", PathOf("net.SSF"), "--load", PathOf("y.s1p"), "-o", PathOf("y.s1p")}, kExitUsage,
             "-o names the input file"}}) {
