@@ -141,6 +141,19 @@ TEST_F(TwoPortFileTest, FormatsReferencesAndDataOrdersGiveTheHandWorkedBlock) {
   }
 }
 
+// The data orders differ where S12 and S21 do: an amplifier's gain is its
+// S21 in either order.
+TEST(TwoPortReadingTest, DataOrdersPutEachTransmissionInItsPlace) {
+  for (const char* text : {"# MHz S RI R 50\n1 0 0 4 0 0.01 0 0 0\n",
+                           "[Version] 2.0\n# MHz S RI R 50\n[Two-Port Data Order] 12_21\n[Network Data]\n"
+                           "1 0 0 0.01 0 4 0 0 0\n"}) {
+    const TwoPortReading reading = ReadTwoPortText("amplifier.s2p", text);
+    ASSERT_TRUE(reading.table) << reading.problem;
+    EXPECT_EQ(std::pair(reading.table->At(1e6)->S21(), reading.table->At(1e6)->S12()),
+              std::pair(Complex(4, 0), Complex(0.01, 0)));
+  }
+}
+
 TEST_F(TwoPortFileTest, FilesThatCannotBeABlockAreRefusedNamingWhy) {
   const std::pair<const char*, const char*> cases[] = {
       {"# MHz S RI R 50\n1 0 0 1 0 1 0 0 0\n2 0 0 nan 0 1 0 0 0\n", "line 3 holds nan, which is not a finite number"},
