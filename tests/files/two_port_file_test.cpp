@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
 #include <complex>
 
@@ -68,6 +69,32 @@ TEST_F(TwoPortFileTest, BlockFromTheNetworksOwnFileGivesItsInputImpedance) {
     const Complex expected = InputAt(lNetwork, f);
     EXPECT_LE(std::abs(InputAt(block, f) - expected), 1e-9 * std::abs(expected)) << f;
   }
+}
+
+// The written file: its option line at the system impedance and one line of
+// nine numbers a sweep frequency, but none where a block's file stops short.
+TEST_F(TwoPortFileTest, WrittenFileHoldsEveryFrequencyItsBlocksCover) {
+  Session narrow = Network({{SeriesCapacitor, {100e-12, 0}}});
+  narrow.SweepStart = 10e6;
+  narrow.SweepStop = 20e6;
+  narrow.SweepPoints = 11;
+  Session network = Network({{SeriesInductor, {1e-6, 0}}});
+  network.SystemZ = 75;
+  ASSERT_EQ(PlaceTwoPortBlock(network, {2, WriteTwoPortOf(narrow, "c.s2p")}), "");
+  const auto rows = [](Session session) {
+    RunSweepPoints(session, SweepUse::Table);
+    const std::string text = NetworkTwoPortText(session, "now");
+    EXPECT_NE(text.find("\n# Hz S RI R 75\n"), std::string::npos);
+    std::vector<std::size_t> words;
+    for (std::size_t start = text.find("R 75\n") + 5; start < text.size(); start = text.find('\n', start) + 1) {
+      const std::string row = text.substr(start, text.find('\n', start) - start);
+      words.push_back(std::count(row.begin(), row.end(), ' ') + 1);
+    }
+    return words;
+  };
+  EXPECT_EQ(rows(network), std::vector<std::size_t>(11, 9));  // 10..20 MHz of the sweep's 5..30
+  network.ElementType[2] = Empty;
+  EXPECT_EQ(rows(network), std::vector<std::size_t>(26, 9));
 }
 
 // An ideal capacitor between the ports is a series capacitor; at port 1 with

@@ -7,6 +7,7 @@
 #include "model/batch_calculate.h"
 #include "model/calculate.h"
 #include "model/network_abcd.h"
+#include "model/network_state.h"
 #include "support/networks.h"
 
 namespace kalvex {
@@ -85,6 +86,10 @@ TEST(TwoPortBlockTest, OutsideItsFileTheBlockGivesNoImpedanceAndTheRangeIsNamed)
   EXPECT_EQ(BlockRangeProblem(session, 1e6, 100e6), "");
   EXPECT_EQ(BlockRangeProblem(session, 2e6, 150e6),
             "The two-port block in stage 2 (delay.s2p) covers 1 MHz to 100 MHz, not 2 MHz to 150 MHz.");
+  session.Frequency = 150e6;
+  EXPECT_EQ(MatchStatusText(session), BlockRangeProblem(session, 150e6, 150e6));
+  session.Frequency = 50e6;
+  EXPECT_EQ(MatchStatusText(session).rfind("Input ", 0), 0u);
   session.TwoPortBlocks[2].table = nullptr;  // a stage with no data is passed over
   EXPECT_TRUE(std::isfinite(InputAt(session, 150e6).real()));
 }
