@@ -21,11 +21,13 @@ constexpr std::array kCommands = {
             RunImpedanceCommand, nullptr},
     Command{"sweep",
             "sweep FILE [--start HZ] [--stop HZ] [--points N] [--load LOADFILE] [--table]\n"
-            "            [--touchstone] [--load-model fixed|fitted] [-o OUT]",
+            "            [--touchstone] [--touchstone2] [--load-model fixed|fitted] [-o OUT]",
             "frequency sweep of a network file as the Tabulate page computes it: the sweep-data\n"
             "      file layout, or with --table the Tabulate page's heading and rows; over the\n"
             "      points of a load-data file (.RJX, or a one-port Touchstone .s1p) with --load;\n"
-            "      with --touchstone the input reflection as a one-port Touchstone file; to OUT\n"
+            "      with --touchstone the input reflection as a one-port Touchstone file, with\n"
+            "      --touchstone2 the network without its load as a two-port Touchstone file\n"
+            "      (port 1 the generator side, S parameters at the system impedance); to OUT\n"
             "      or standard output; --load-model fitted takes the load as R with the C or L of\n"
             "      its X at the working frequency (default fixed: R + jX at every frequency)",
             RunSweepCommand, nullptr},

@@ -28,6 +28,7 @@ int RunImpedanceCommand(const Command& command, const std::vector<std::string>& 
   ConsoleDialogs dialogs(err);
   if (!ReadCommandNetwork(file, session, dialogs)) return kExitFailed;
   if (frequency) session.Frequency = *frequency;
+  if (const auto stop = RefuseUncoveredBlocks(session, false, line, err)) return *stop;
   CalculateNetwork(session, 0);
   if (!std::isfinite(session.InputR) || !std::isfinite(session.InputX)) {
     err << line.Prefix() << "the network gives no finite input impedance at " << session.Frequency

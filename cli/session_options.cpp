@@ -1,5 +1,6 @@
 #include "session_options.h"
 
+#include <algorithm>
 #include <cmath>
 #include <filesystem>
 
@@ -11,6 +12,7 @@
 #include "files/load_data_file.h"
 #include "files/network_file.h"
 #include "model/format.h"
+#include "model/network_abcd.h"
 #include "model/number_text.h"
 #include "model/trim.h"
 
@@ -68,8 +70,10 @@ void SweepOptions::AddTo(CommandLine& line) {
       .Text("--load", "LOADFILE", load);
 }
 
-std::optional<int> ApplySweepOptions(Session& session, Dialogs& dialogs, const SweepOptions& sweep,
-                                     const CommandLine& line, std::ostream& err, bool ascending) {
+namespace {
+
+std::optional<int> ApplySweepSettings(Session& session, Dialogs& dialogs, const SweepOptions& sweep,
+                                      const CommandLine& line, std::ostream& err, bool ascending) {
   if (sweep.load && (sweep.start || sweep.stop || sweep.points)) {
     return line.Refuse("--load takes its frequencies from the file: no --start, --stop or --points",
                        err);
@@ -103,6 +107,14 @@ std::optional<int> ApplySweepOptions(Session& session, Dialogs& dialogs, const S
   return std::nullopt;
 }
 
+}  // namespace
+
+std::optional<int> ApplySweepOptions(Session& session, Dialogs& dialogs, const SweepOptions& sweep,
+                                     const CommandLine& line, std::ostream& err, bool ascending) {
+  if (const auto stop = ApplySweepSettings(session, dialogs, sweep, line, err, ascending)) return stop;
+  return RefuseUncoveredBlocks(session, true, line, err);
+}
+
 void ChartOptions::AddTo(CommandLine& line) {
   line.Number("--grid", "1..6", grid, kGrids)
       .Number("--zoom", "N", zoom, kZooms)
@@ -131,6 +143,25 @@ std::optional<int> RefuseOverwritingInputs(const std::optional<std::string>& out
     }
   }
   return std::nullopt;
+}
+
+std::optional<int> RefuseUncoveredBlocks(const Session& session, bool sweep, const CommandLine& line,
+                                         std::ostream& err) {
+  double lowest = session.Frequency;
+  double highest = session.Frequency;
+  if (sweep && session.LoadSource == 2 && session.SweepPoints > 0) {
+    const auto first = session.LoadFreq.begin() + 1;
+    const auto [low, high] = std::minmax_element(first, first + session.SweepPoints);
+    lowest = *low;
+    highest = *high;
+  } else if (sweep) {
+    lowest = std::min(session.SweepStart, session.SweepStop);
+    highest = std::max(session.SweepStart, session.SweepStop);
+  }
+  const std::string problem = BlockRangeProblem(session, lowest, highest);
+  if (problem.empty()) return std::nullopt;
+  err << line.Prefix() << problem << "\n";
+  return kExitFailed;
 }
 
 LoadModel LoadModelOf(const std::optional<std::string>& word) {

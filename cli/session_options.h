@@ -40,7 +40,8 @@ struct SweepOptions {
 // --load runs the sweep over a load-data file; otherwise --start, --stop and
 // --points replace the file's settings, each kept within what the sweep setup
 // takes; a value reset says so on `err`, naming the option, the value given
-// and the value used. With `ascending`, a start above the stop is refused.
+// and the value used. With `ascending`, a start above the stop is refused; a
+// two-port block whose file does not cover the sweep is refused.
 // Returns an exit code when the command must stop.
 std::optional<int> ApplySweepOptions(Session& session, Dialogs& dialogs, const SweepOptions& sweep,
                                      const CommandLine& line, std::ostream& err, bool ascending);
@@ -63,6 +64,12 @@ std::optional<int> RefuseOverwritingInputs(const std::optional<std::string>& out
                                            const std::optional<std::string>& file,
                                            const std::optional<std::string>& load,
                                            const CommandLine& line, std::ostream& err);
+
+// Refuses the network (the message on `err`, the failure's exit code) when a
+// two-port block's file does not cover the working frequency, or with
+// `sweep` the sweep's frequencies (the load data's, over a load-data file).
+std::optional<int> RefuseUncoveredBlocks(const Session& session, bool sweep, const CommandLine& line,
+                                         std::ostream& err);
 
 // The --load-model word (fixed when not given) as the load model.
 LoadModel LoadModelOf(const std::optional<std::string>& word);

@@ -5,6 +5,7 @@
 #include "command_line.h"
 #include "commands.h"
 #include "console_dialogs.h"
+#include "files/network_two_port_text.h"
 #include "files/sweep_data_file.h"
 #include "files/text_file.h"
 #include "files/touchstone.h"
@@ -28,10 +29,12 @@ int RunSweepCommand(const Command& command, const std::vector<std::string>& word
   SweepOptions sweep;
   bool table = false;
   bool touchstone = false;
+  bool twoPort = false;
   std::optional<std::string> loadModel;
   std::optional<std::string> output;
   CommandLine line(command);
   line.File(file).Flag("--table", table).Flag("--touchstone", touchstone)
+      .Flag("--touchstone2", twoPort)
       .Choice("--load-model", loadModel, {"fixed", "fitted"})
       .Text("-o", "OUT", output);
   sweep.AddTo(line);
@@ -43,10 +46,16 @@ int RunSweepCommand(const Command& command, const std::vector<std::string>& word
   if (!ReadCommandNetwork(file, session, dialogs)) return kExitFailed;
   session.SweepLoadModel = LoadModelOf(loadModel);
   if (const auto stop = ApplySweepOptions(session, dialogs, sweep, line, err, false)) return *stop;
+  if (table + touchstone + twoPort > 1) {
+    return line.Refuse("--table, --touchstone and --touchstone2 each choose the output: give one", err);
+  }
 
   std::string text;
   if (table) {
     text = TableText(session);
+  } else if (twoPort) {
+    RunSweepPoints(session, SweepUse::Table);
+    text = NetworkTwoPortText(session, dialogs.LocalDateTime());
   } else if (touchstone) {
     RunSweepPoints(session, SweepUse::Table);
     text = TouchstoneText(session, dialogs.LocalDateTime());

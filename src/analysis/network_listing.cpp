@@ -39,7 +39,7 @@ std::vector<std::string> PartLines(int16_t type, const std::array<double, kSlotC
     case SeriesParallelLC:
       return {FormatInductance(v[1]), FormatCapacitance(v[3]),
               WithPlus(1 / (1 / (omega * v[1]) - omega * v[3]))};
-    case CoaxialCable: case Transformer: return PartValueLines(type, v, cables);
+    case CoaxialCable: case Transformer: case TwoPort: return PartValueLines(type, v, cables);
     default: return {FormatGeneral(v[1])};  // the resistors
   }
 }
@@ -97,6 +97,7 @@ void DrawNetworkListing(Session& session, Canvas& canvas) {
         pen.DrawLead();
         pen.DrawLead();
       }
+      pen.BlockName = BlockNameOf(session, s);
       pen.DrawElementSymbol(type);
       if (pen.HighlightFlag != 0) {
         Frame(canvas, left + 30, pen.ListX - 30, pen.ListY, type == SeriesCapacitor ? 30 : 45);

@@ -19,6 +19,10 @@ struct TuningPanel {
 };
 TuningPanel PanelOf(const Session& session, int stage);
 
+// Whether the tuning panel opens for a stage: a part with a value to step.
+// A two-port block is what its file measured, with nothing to tune.
+inline bool IsTunable(int16_t type) { return IsPart(type) && type != TwoPort; }
+
 // SelectPart: selects the cell (0 the load, 1..5 a stage) and fills the panel.
 TuningPanel SelectPart(Session& session, int cell);
 

@@ -38,6 +38,7 @@ void SetNeutral(Session& session, const Slots& saved, int s) {
       v[2] = 0;
       v[3] = 0;
       break;
+    case TwoPort: v[kHeldBackSlot] = 1; break;  // the whole block held back: a through connection
     default: break;
   }
 }
@@ -71,6 +72,7 @@ void SetGrown(Session& session, const Slots& saved, int s, float t) {
       v[2] = saved[s][2] / t;
       v[3] = t * saved[s][3];
       break;
+    case TwoPort: v[kHeldBackSlot] = 1 - t; break;
     default: break;
   }
 }

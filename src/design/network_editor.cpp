@@ -2,6 +2,7 @@
 
 #include <cmath>
 #include <span>
+#include <utility>
 
 #include "design/feed_part_limits.h"
 #include "design/symbols.h"
@@ -323,11 +324,14 @@ void NetworkEditor::Insert(int s) {
     if (k - 1 > s) {
       session_.ElementType[k] = session_.ElementType[k - 1];
       for (int j = 1; j <= kValueSlots; ++j) session_.Value[k][j] = session_.Value[k - 1][j];
+      session_.TwoPortBlocks[k] = session_.TwoPortBlocks[k - 1];
     } else if (k - 1 == s) {
       session_.ElementType[k] = SavedType;
       for (int j = 1; j <= kValueSlots; ++j) session_.Value[k][j] = SavedValue[j];
+      session_.TwoPortBlocks[k] = session_.TwoPortBlocks[s];
       session_.ElementType[s] = InsertPlaceholder;
       for (int j = 1; j <= kValueSlots; ++j) session_.Value[s][j] = 0;
+      session_.TwoPortBlocks[s] = {};
       break;
     }
   }
@@ -383,6 +387,7 @@ void NetworkEditor::Compact() {
         session_.Value[k][j] = session_.Value[k + 1][j];
         session_.Value[k + 1][j] = 0;
       }
+      session_.TwoPortBlocks[k] = std::exchange(session_.TwoPortBlocks[k + 1], {});
       session_.ElementType[k + 1] = Empty;
     }
   }

@@ -1,12 +1,14 @@
 #include "design/schematic.h"
 
 #include <cmath>
+#include <filesystem>
 #include <optional>
 #include <string>
 #include <vector>
 
 #include "design/symbols.h"
 #include "model/feed_parts.h"
+#include "files/text_file.h"
 #include "model/format.h"
 #include "model/trim.h"
 
@@ -81,6 +83,14 @@ std::vector<std::string> PartValueLines(int16_t type, const std::array<double, k
       if (const CatalogueCable* named = CatalogueCableOf(cables, CableOf(v))) return {length, named->name};
       return {length, FormatGeneral(v[2]) + " ohms", "VF " + FormatGeneral(v[3])};
     }
+    case TwoPort: {
+      const BlockSlots block = BlockOf(v);
+      std::vector<std::string> lines{block.placement == BlockPlacement::Series  ? "series"
+                                     : block.placement == BlockPlacement::Shunt ? (block.port2Shorted ? "shunt, 2 shorted" : "shunt, 2 open")
+                                                                                : "cascade"};
+      if (block.swapped) lines.push_back("ports swapped");
+      return lines;
+    }
     case Transformer: {
       std::vector<std::string> lines{Trimmed(FormatGeneral(v[1])) + ":1"};
       if (v[2] > 0) lines.push_back("Lm " + FormatInductance(v[2]));
@@ -89,6 +99,10 @@ std::vector<std::string> PartValueLines(int16_t type, const std::array<double, k
     }
     default: return {};
   }
+}
+
+std::string BlockNameOf(const Session& session, int stage) {
+  return PrintableText(std::filesystem::path(session.TwoPortBlocks[stage].file).filename().string());
 }
 
 std::string LoadValueText(double r, double x) {
@@ -124,6 +138,7 @@ StagePositions DrawNetwork(Session& session, Canvas& canvas, float coilArcRadius
         for (std::size_t line = 0; line < labels->size(); ++line) {
           canvas.Text({pen.ListX, pen.ListY + 1200 + 200.0 * line}, (*labels)[line]);
         }
+        pen.BlockName = BlockNameOf(session, s);
         if (type == ShuntResistor) {
           pen.DrawPaddedShuntResistor();
         } else {

@@ -38,6 +38,9 @@ std::vector<std::string> PartValueLines(int16_t type, const std::array<double, k
 // The load's value text: "50 " for a resistance alone, else R, " +j" or
 // " -j", and |X| run together ("50  -j25 "). A reactive label starts 600
 // units plus 60 a character of the two value texts left of the cell's end.
+// The name of a block stage's file as its box shows it, without folders.
+std::string BlockNameOf(const Session& session, int stage);
+
 std::string LoadValueText(double r, double x);
 double ReactiveLoadLabelLeft(double cellEnd, const std::string& text);
 

@@ -20,16 +20,16 @@ struct Layout {
   double bodyWidth;
 };
 
-// Indexed by type 0..16.
-constexpr int kSymbolTypes = Transformer + 1;
+// Indexed by type 0..17.
+constexpr int kSymbolTypes = TwoPort + 1;
 constexpr std::array<Layout, kSymbolTypes> kDesignLayout = {{
     {6, 0, 0}, {2, 2, 360}, {3, 3, 0}, {1, 0, 900}, {3, 3, 0}, {1, 0, 960}, {0, 1, 640},
     {1, 1, 640}, {1, 1, 720}, {1, 1, 720}, {2, 2, 0}, {1, 1, 640}, {0, 0, 1040}, {0, 0, 0},
-    {2, 2, 360}, {1, 1, 960}, {1, 1, 640}}};
+    {2, 2, 360}, {1, 1, 960}, {1, 1, 640}, {1, 1, 960}}};
 constexpr std::array<Layout, kSymbolTypes> kStripLayout = {{
     {0, 0, 0}, {1, 1, 360}, {2, 2, 0}, {1, 1, 900}, {2, 2, 0}, {1, 1, 800}, {1, 1, 640},
     {1, 1, 640}, {1, 1, 720}, {1, 1, 720}, {2, 2, 0}, {1, 1, 640}, {1, 1, 880}, {0, 2, 0},
-    {2, 2, 360}, {1, 1, 960}, {1, 1, 640}}};
+    {2, 2, 360}, {1, 1, 960}, {1, 1, 640}, {1, 1, 960}}};
 
 Layout LayoutOf(SymbolFamily family, int type) {
   if (family == SymbolFamily::Strip || family == SymbolFamily::Paper) return kStripLayout[type];
@@ -50,7 +50,10 @@ struct Backdrop {
 constexpr std::array<Backdrop, kSymbolTypes> kBackdrops = {{
     {0, 0}, {-200, 1200}, {-200, 1200}, {-100, 1200}, {-200, 1200}, {-100, 1200},
     {-200, 1000}, {-200, 1100}, {-200, 1200}, {-200, 1200}, {-200, 800}, {-200, 1200},
-    {-100, 1100}, {-300, 300}, {-200, 1200}, {-200, 1200}, {-200, 900}}};
+    {-100, 1100}, {-300, 300}, {-200, 1200}, {-200, 1200}, {-200, 900}, {-200, 1200}}};
+
+// The most characters of a block's file name its box shows.
+constexpr std::size_t kBlockNameShown = 12;
 
 }  // namespace
 
@@ -143,6 +146,7 @@ void SymbolPen::DrawBody(int type) {
     case InsertPlaceholder: InsertBody(); break;
     case CoaxialCable: CableBody(); break;
     case Transformer: TransformerBody(); break;
+    case TwoPort: TwoPortBody(); break;
     default: break;  // the plain wire is leads only
   }
 }
@@ -303,6 +307,20 @@ void SymbolPen::TransformerBody() {
   for (int turn = 0; turn < 3; ++turn) ArcAt(480, 360 + 160 * turn, 80, kPi / 2, 3 * kPi / 2);
   PathAt({{480, 760}, {480, kGroundRail}});
   LineAt(0, kGroundRail, 640, kGroundRail);
+}
+
+// A box between the rails with the name of the block's file in it; its
+// port 1 on the generator side (right), port 2 on the load side.
+void SymbolPen::TwoPortBody() {
+  LineAt(0, 0, 160, 0);
+  LineAt(800, 0, 960, 0);
+  canvas_.OutlineRect(At(160, -160), At(800, 760), HighlightFlag);
+  LineAt(480, 760, 480, kGroundRail);
+  LineAt(0, kGroundRail, 960, kGroundRail);
+  const std::string shown = BlockName.size() > kBlockNameShown
+                                ? BlockName.substr(0, kBlockNameShown - 2) + ".."
+                                : BlockName;
+  canvas_.Text(At(190, 240), shown);
 }
 
 void SymbolPen::InsertBody() {

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <string>
+
 #include "platform/canvas.h"
 
 namespace kalvex {
@@ -24,9 +26,11 @@ class SymbolPen {
   // The colour of the symbol lines; 0 is black. On the Design page any other
   // value also gives the symbol its pale-green backdrop.
   Colour HighlightFlag = 0;
+  // The file name a two-port block's box shows (long ones cut short).
+  std::string BlockName;
 
-  // Element types 0..16: the plain wire, the thirteen parts, the insert mark,
-  // the cable and the transformer.
+  // Element types 0..17: the plain wire, the thirteen parts, the insert mark,
+  // the cable, the transformer and the two-port block.
   void DrawElementSymbol(int type);
   void DrawLead();
   void DrawStageSeparator();
@@ -64,6 +68,7 @@ class SymbolPen {
   void InsertBody();
   void CableBody();
   void TransformerBody();
+  void TwoPortBody();
 
   // The strip and the paper share their layouts and most shapes.
   bool StripLike() const {

@@ -7,15 +7,25 @@
 #include "files/field_reader.h"
 #include "files/safe_write.h"
 #include "files/text_file.h"
+#include "files/two_port_file.h"
 #include "model/format.h"
+#include "model/trim.h"
 
 namespace kalvex {
 namespace {
 
 constexpr int kStoredSlots = 5;  // slots 1..5 of stages 1..5 go into the file
 
-std::string SessionFileText(const Session& session, const std::string& header,
-                            const std::string& dateTime) {
+// A block's file as the network file names it: relative to the network
+// file's folder, with "/" between folders on every system.
+std::string StoredBlockName(const std::string& file, const std::filesystem::path& folder) {
+  if (file.empty()) return "";
+  const std::filesystem::path absolute = std::filesystem::absolute(file);
+  return absolute.lexically_proximate(std::filesystem::absolute(folder)).generic_string();
+}
+
+std::string SessionFileText(const Session& session, const std::filesystem::path& folder,
+                            const std::string& header, const std::string& dateTime) {
   std::string text;
   auto line = [&text](const std::string& content) { text += content + kLineEnd; };
   line(header);
@@ -32,6 +42,11 @@ std::string SessionFileText(const Session& session, const std::string& header,
          FileInteger(session.ElementType[stage]));
     for (int slot = 1; slot <= kStoredSlots; ++slot) {
       line("   Value(" + std::to_string(slot) + "): " + FileNumber(session.Value[stage][slot]));
+    }
+    // Only a block stage has this line, so that every other network's file
+    // stays as it always was.
+    if (session.ElementType[stage] == TwoPort) {
+      line("   Two-port file: " + PrintableText(StoredBlockName(session.TwoPortBlocks[stage].file, folder)));
     }
     line("");
   }
@@ -65,6 +80,11 @@ class SessionFieldsReader {
       if (!Integer(session.ElementType[stage], kUnchecked)) return end_;
       for (int slot = 1; slot <= kStoredSlots; ++slot) {
         if (!Double(session.Value[stage][slot], kUnchecked)) return end_;
+      }
+      if (session.ElementType[stage] == TwoPort) {
+        const auto name = fields_.Next();
+        if (!name) return end_;
+        session.TwoPortBlocks[stage].file = Trimmed(*name, " \t");
       }
     }
     if (!Single(session.QCircle, 0.1) || !Single(session.VSWRCircle, 1.001) ||
@@ -138,6 +158,34 @@ class SessionFieldsReader {
   ReadEnd end_ = ReadEnd::Complete;
 };
 
+// Reads the file of each block stage, named relative to `folder`. A block
+// whose file cannot be read leaves its stage empty, with a message naming
+// the file when `dialogs` is given; the rest of the network stands.
+void ReadBlockFiles(Session& session, const std::filesystem::path& folder, Dialogs* dialogs) {
+  for (int stage = 1; stage <= kLastStage; ++stage) {
+    if (session.ElementType[stage] != TwoPort) continue;
+    TwoPortBlock& block = session.TwoPortBlocks[stage];
+    const std::string name = block.file;
+    TwoPortReading reading{nullptr, "The network names no file for the two-port block in stage " +
+                                        std::to_string(stage) + "."};
+    if (!name.empty()) {
+      block.file = (folder / name).lexically_normal().string();
+      reading = ReadTwoPortFile(block.file);
+    }
+    block.table = reading.table;
+    if (block.table) continue;
+    if (dialogs != nullptr) {
+      dialogs->Message("The two-port block of stage " + std::to_string(stage) + ": " + reading.problem + kLineEnd +
+                       "Stage " + std::to_string(stage) + " has been left empty.");
+    }
+    session.ElementType[stage] = Empty;
+    session.Value[stage] = {};
+    block = {};
+  }
+}
+
+std::filesystem::path FolderOf(const std::filesystem::path& file) { return file.parent_path(); }
+
 std::string ReadProblemMessage(const std::string& chosenName) {
   return "We had a problem reading file " + chosenName + kLineEnd + kLineEnd +
          "Defaults have been used but the network is empty.";
@@ -153,8 +201,8 @@ bool WriteNetworkFile(const Session& session, Dialogs& dialogs, const std::strin
                       std::string* failure) {
   const std::string name = NetworkFileName(chosenName);
   if (name.empty()) return false;
-  const std::string problem =
-      WriteFileSafely(name, SessionFileText(session, "Kalvex network file", dialogs.LocalDateTime()));
+  const std::string problem = WriteFileSafely(
+      name, SessionFileText(session, FolderOf(name), "Kalvex network file", dialogs.LocalDateTime()));
   if (failure != nullptr) *failure = problem;
   return problem.empty();
 }
@@ -177,6 +225,7 @@ bool ReadNetworkFile(Session& session, Dialogs& dialogs, const std::string& chos
   SetNetworkDefaults(session);
   if (contents &&
       SessionFieldsReader(*contents, /*checked=*/true).Read(session) == ReadEnd::Complete) {
+    ReadBlockFiles(session, FolderOf(chosenName), &dialogs);
     return true;
   }
   dialogs.Message(ReadProblemMessage(chosenName));
@@ -187,7 +236,7 @@ bool ReadNetworkFile(Session& session, Dialogs& dialogs, const std::string& chos
 bool WriteLastSession(const Session& session, Dialogs& dialogs, const std::filesystem::path& path,
                       std::string* failure) {
   const std::string problem = WriteFileSafely(
-      path, SessionFileText(session, "Kalvex last-session file", dialogs.LocalDateTime()));
+      path, SessionFileText(session, FolderOf(path), "Kalvex last-session file", dialogs.LocalDateTime()));
   if (failure != nullptr) *failure = problem;
   if (problem.empty()) return true;
   dialogs.Beep();
@@ -200,6 +249,7 @@ void ReadLastSession(Session& session, const std::filesystem::path& path) {
   const std::optional<std::string> contents = ReadTextFile(path);
   if (contents &&
       SessionFieldsReader(*contents, /*checked=*/false).Read(session) == ReadEnd::Complete) {
+    ReadBlockFiles(session, FolderOf(path), nullptr);
     return;
   }
   SetNetworkDefaults(session);

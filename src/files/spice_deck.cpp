@@ -2,6 +2,7 @@
 
 #include <charconv>
 #include <cmath>
+#include <filesystem>
 #include <numbers>
 #include <vector>
 
@@ -191,6 +192,16 @@ std::string Stage(Deck& deck, int s, int16_t type, const std::array<double, kSlo
 }  // namespace
 
 SpiceDeck MakeSpiceDeck(const Session& session) {
+  // A measured block is a table of S parameters over frequency; a deck of
+  // lumped parts and lines has nothing that holds it at every frequency of
+  // the .ac sweep, and a part fitted at one frequency would be wrong at the
+  // others.
+  for (int s = 1; s <= kLastStage; ++s) {
+    if (session.ElementType[s] != TwoPort) continue;
+    return {"", "stage " + std::to_string(s) + " is a two-port block (" +
+                    PrintableText(std::filesystem::path(session.TwoPortBlocks[s].file).filename().string()) +
+                    "), measured data that a SPICE deck cannot hold"};
+  }
   const double f = session.Frequency;
   Deck deck(f);
   deck.Writing("The working frequency");

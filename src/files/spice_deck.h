@@ -22,7 +22,8 @@ inline constexpr const char* kSpiceDeckFilter = "SPICE decks (*.cir)|*.cir";
 // Every line is composed here: nothing read from a file becomes a command.
 // A value whose number in the deck would not be finite (a 1E+308 H inductor)
 // gives no text and a problem naming the stage (or the load, the working
-// frequency or the sweep settings).
+// frequency or the sweep settings). A two-port block, measured data over
+// frequency, gives no text and a problem naming its stage and file.
 struct SpiceDeck {
   std::string text;
   std::string problem;

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "files/line_reader.h"
+#include "files/touchstone_words.h"
 #include "files/load_points.h"
 #include "files/text_file.h"
 #include "model/number_text.h"
@@ -18,100 +19,19 @@
 namespace kalvex {
 namespace {
 
+using namespace touchstone;
 using Complex = std::complex<double>;
 constexpr int kMaxLoadPoints = kLoadPointCount - 1;
 constexpr double kDegree = std::numbers::pi / 180;
-
-enum class Parameter { S, Z, Y };
-enum class Format { MA, DB, RI };
-
-struct Options {
-  double hertzPerUnit = 1e9;
-  Parameter parameter = Parameter::S;
-  Format format = Format::MA;
-  double reference = 50;
-  bool version2 = false;
-};
 
 struct DataPoint {
   double frequency;
   Complex impedance;
 };
 
-std::string Lower(std::string_view text) {
-  std::string lower(text);
-  for (char& c : lower) c = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
-  return lower;
-}
-
-// Hands out the blank-separated words of a line as views into it, so that a
-// line of millions of words is walked without copying it.
-class WordReader {
- public:
-  explicit WordReader(std::string_view line) : rest_(line) {}
-
-  std::optional<std::string_view> Next() {
-    const std::size_t start = rest_.find_first_not_of(" \t");
-    if (start == std::string_view::npos) return std::nullopt;
-    rest_.remove_prefix(start);
-    const std::size_t end = std::min(rest_.find_first_of(" \t"), rest_.size());
-    const std::string_view word = rest_.substr(0, end);
-    rest_.remove_prefix(end);
-    return word;
-  }
-
-  // The number of words not yet handed out.
-  std::size_t Remaining() {
-    std::size_t count = 0;
-    while (Next()) ++count;
-    return count;
-  }
-
- private:
-  std::string_view rest_;
-};
-
-std::optional<double> Number(std::string_view word) {
-  double value = 0;
-  const char* end = word.data() + word.size();
-  const auto [stop, error] = std::from_chars(word.data(), end, value);
-  if (error != std::errc() || stop != end || !std::isfinite(value)) return std::nullopt;
-  return value;
-}
-
-// The option line's words after "#"; false when one is not understood.
-bool ReadOptions(WordReader words, Options& options) {
-  words.Next();  // "#"
-  while (const auto next = words.Next()) {
-    const std::string word = Lower(*next);
-    if (word == "hz") options.hertzPerUnit = 1;
-    else if (word == "khz") options.hertzPerUnit = 1e3;
-    else if (word == "mhz") options.hertzPerUnit = 1e6;
-    else if (word == "ghz") options.hertzPerUnit = 1e9;
-    else if (word == "s") options.parameter = Parameter::S;
-    else if (word == "z") options.parameter = Parameter::Z;
-    else if (word == "y") options.parameter = Parameter::Y;
-    else if (word == "ma") options.format = Format::MA;
-    else if (word == "db") options.format = Format::DB;
-    else if (word == "ri") options.format = Format::RI;
-    else if (const auto reference = word == "r" ? words.Next() : std::nullopt;
-             reference && Number(*reference).value_or(0) > 0) {
-      options.reference = *Number(*reference);
-    } else {
-      return false;
-    }
-  }
-  return true;
-}
-
 // The load R + jX of one data point's parameter.
 Complex ImpedanceOf(const Options& options, double a, double b) {
-  Complex value;
-  switch (options.format) {
-    case Format::RI: value = {a, b}; break;
-    case Format::MA: value = std::polar(a, b * kDegree); break;
-    case Format::DB: value = std::polar(std::pow(10.0, a / 20), b * kDegree); break;
-  }
+  const Complex value = ComplexOf(options.format, a, b);
   const double r = options.reference;
   switch (options.parameter) {
     case Parameter::S: return r * (1.0 + value) / (1.0 - value);
@@ -141,12 +61,6 @@ struct Reading {
   std::string refusal;
   std::vector<long> leftOutLines;  // points whose load Kalvex cannot take (IsUsableLoad)
 };
-
-// A line of the file in a message: one line, and not the whole of a huge one.
-std::string Quoted(std::string_view line) {
-  constexpr std::size_t kShown = 80;
-  return PrintableText(line.substr(0, kShown)) + (line.size() > kShown ? "..." : "");
-}
 
 std::string LastWord(std::string_view line) {
   WordReader words(line);

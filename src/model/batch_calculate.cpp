@@ -91,8 +91,8 @@ template <class Through>
       const double resistance = ShuntResistance(s1);
       return EachPoint(b, [=](double, double, Impedance in) { return Parallel(in, {resistance, 0}); });
     }
-    // The cable's complex hyperbolic tangent and the transformer are the
-    // scalar calculation's, point by point: the same bits.
+    // The cable's complex hyperbolic tangent, the transformer and the
+    // two-port block are the scalar calculation's, point by point: the same bits.
     case CoaxialCable: {
       const CableSlots cable = CableOf(stage.slot);
       return EachPoint(b, [=](double f, double, Impedance in) { return CableStage(cable, f, in); });
@@ -100,6 +100,11 @@ template <class Through>
     case Transformer: {
       const TransformerSlots transformer = TransformerOf(stage.slot);
       return EachPoint(b, [=](double f, double, Impedance in) { return TransformerStage(transformer, f, in); });
+    }
+    case TwoPort: {
+      const TwoPortTable* table = stage.block.get();
+      const BlockSlots block = BlockOf(stage.slot);
+      return EachPoint(b, [=](double f, double, Impedance in) { return TwoPortStage(table, block, f, in); });
     }
     default:
       return;
@@ -174,7 +179,7 @@ std::vector<VectorPath> VectorPaths() {
 NetworkBatch::NetworkBatch(const Session& session) {
   for (int s = 1; s <= kLastStage; ++s) {
     const int16_t type = session.ElementType[s];
-    if (IsPart(type)) stages_.push_back({type, session.Value[s]});
+    if (IsPart(type)) stages_.push_back({type, session.Value[s], session.TwoPortBlocks[s].table});
   }
 }
 

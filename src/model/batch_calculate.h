@@ -2,6 +2,7 @@
 
 #include <array>
 #include <cstdint>
+#include <memory>
 #include <span>
 #include <vector>
 
@@ -44,6 +45,7 @@ class NetworkBatch {
   struct Stage {
     int16_t type = Empty;
     std::array<double, kSlotCount> slot{};
+    std::shared_ptr<const TwoPortTable> block;  // a two-port block's data
   };
 
  private:

@@ -9,8 +9,8 @@
 namespace kalvex {
 namespace {
 
-Impedance CalculateStage(int16_t type, const std::array<double, kSlotCount>& slot, double f,
-                         Impedance in) {
+Impedance CalculateStage(int16_t type, const std::array<double, kSlotCount>& slot,
+                         const TwoPortTable* block, double f, Impedance in) {
   const LineSlots line{slot[1], slot[2], slot[3]};
   const LCSlots lc{slot[1], slot[2], slot[3], slot[4]};
   switch (type) {
@@ -29,6 +29,7 @@ Impedance CalculateStage(int16_t type, const std::array<double, kSlotCount>& slo
     case ShuntResistor: return ShuntResistorStage(slot[1], in);
     case CoaxialCable: return CableStage(CableOf(slot), f, in);
     case Transformer: return TransformerStage(TransformerOf(slot), f, in);
+    case TwoPort: return TwoPortStage(block, BlockOf(slot), f, in);
     default: return in;  // empty stages and the insert placeholder
   }
 }
@@ -48,7 +49,8 @@ Impedance ThroughStages(Session& session, Impedance z, int first, int last) {
   for (int stage = first; stage <= last; ++stage) {
     const int16_t type = session.ElementType[stage];
     if (IsLineOrStub(type)) session.VelocityFactor = 1.0;
-    z = CalculateStage(type, session.Value[stage], session.Frequency, z);
+    z = CalculateStage(type, session.Value[stage], session.TwoPortBlocks[stage].table.get(),
+                       session.Frequency, z);
   }
   return z;
 }

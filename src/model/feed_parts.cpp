@@ -72,6 +72,13 @@ double CablePowerRatio(const CableSlots& cable, double f, Impedance load) {
   return (vIn * std::conj(iIn)).real() / load.R;
 }
 
+Abcd CableAbcd(const CableSlots& cable, double f) {
+  if (cable.characteristicZ <= 0 || cable.velocityFactor <= 0) return {};
+  const Complex gammaL = Propagation(cable, f);
+  const double z0 = cable.characteristicZ;
+  return {std::cosh(gammaL), z0 * std::sinh(gammaL), std::sinh(gammaL) / z0, std::cosh(gammaL)};
+}
+
 TransformerSlots TransformerOf(const std::array<double, kSlotCount>& slot) {
   return {slot[1], slot[2], slot[3]};
 }
@@ -97,6 +104,15 @@ int LastFeedStage(const Session& session) {
     if (IsFeedPart(session.ElementType[stage])) return stage;
   }
   return 0;
+}
+
+Abcd TransformerAbcd(const TransformerSlots& transformer, double f) {
+  if (transformer.ratio <= 0) return {};
+  const double root = std::sqrt(transformer.ratio);
+  Abcd m{1 / root, 0.0, 0.0, root};
+  if (transformer.magnetisingH > 0) m = Cascade(ShuntAbcd(1.0 / Complex(0, Omega(f) * transformer.magnetisingH)), m);
+  if (transformer.leakageH > 0) m = Cascade(SeriesAbcd(Complex(0, Omega(f) * transformer.leakageH)), m);
+  return m;
 }
 
 }  // namespace kalvex

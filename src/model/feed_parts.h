@@ -4,6 +4,7 @@
 
 #include "model/elements.h"
 #include "model/session.h"
+#include "model/two_port.h"
 
 namespace kalvex {
 
@@ -40,6 +41,9 @@ LinePerMetre CablePerMetre(const CableSlots& cable, double f);
 // impedance or velocity factor is not above 0 is passed over, as a line of
 // 0 ohms is.
 Impedance CableStage(const CableSlots& cable, double f, Impedance in);
+// The cable as a two-port: cosh, Z0 sinh, sinh / Z0, cosh of gamma l; a
+// cable passed over is a through connection.
+Abcd CableAbcd(const CableSlots& cable, double f);
 
 // The power into the cable's generator end over the power it delivers into
 // `load` at its far end (1 for a lossless cable, 10^(loss/10) for a matched
@@ -61,6 +65,9 @@ TransformerSlots TransformerOf(const std::array<double, kSlotCount>& slot);
 // inductance in series; an inductance not above 0 is none. A ratio not above 0
 // is passed over.
 Impedance TransformerStage(const TransformerSlots& transformer, double f, Impedance in);
+// The transformer as a two-port, generator side first: the leakage in
+// series, the magnetising inductance across, then the ratio.
+Abcd TransformerAbcd(const TransformerSlots& transformer, double f);
 
 // Cables and transformers are the feed between the antenna and whatever
 // matches it: the highest stage holding one (0 when there is none). Matching

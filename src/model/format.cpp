@@ -105,6 +105,13 @@ std::string FormatSI(double value) {
   return WithMultiplier(PrintNumberText(rounded, kSingleDigits), value, scale.suffix, true);
 }
 
+std::string HertzText(double frequency) {
+  std::string text = FormatSI(frequency);
+  text.erase(0, text.find_first_not_of(' '));
+  text.erase(text.find_last_not_of(' ') + 1);
+  return text + "Hz";
+}
+
 std::string FormatGeneral(double value) {
   const double magnitude = std::fabs(value);
   const GeneralScale* picked = &kGeneralBelowOne;

@@ -11,6 +11,7 @@ namespace kalvex {
 // multiplier's suffix; ParseValue reads every suffix they write.
 
 std::string FormatSI(double value);            // frequencies: " 14 M", " 250 m"
+std::string HertzText(double frequency);       // FormatSI in a sentence: "14 MHz"
 std::string FormatSmallSI(double value);       // system impedance: "50 u"
 std::string FormatGeneral(double value);       // R, X, Q, lengths: "144.123 M"
 std::string FormatCapacitance(double value);   // "4700 pF", "0.01 uF"

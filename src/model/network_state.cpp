@@ -4,6 +4,7 @@
 
 #include "model/calculate.h"
 #include "model/format.h"
+#include "model/network_abcd.h"
 #include "model/number_text.h"
 #include "model/reflection.h"
 #include "model/trim.h"
@@ -11,7 +12,7 @@
 namespace kalvex {
 
 NetworkState NetworkStateOf(const Session& s) {
-  return {s.ElementType, s.Value,      s.Frequency,  s.SystemZ,   s.LoadSource,
+  return {s.ElementType, s.Value,      s.TwoPortBlocks, s.Frequency,  s.SystemZ,   s.LoadSource,
           s.DataIndex,   s.DefaultCapacitorQ, s.DefaultInductorQ, s.SweepStart, s.SweepStop,
           s.SweepPoints, s.LoadFreq,   s.LoadR,      s.LoadX};
 }
@@ -19,6 +20,7 @@ NetworkState NetworkStateOf(const Session& s) {
 void RestoreNetworkState(Session& s, const NetworkState& state) {
   s.ElementType = state.elementType;
   s.Value = state.value;
+  s.TwoPortBlocks = state.twoPortBlocks;
   s.Frequency = state.frequency;
   s.SystemZ = state.systemZ;
   s.LoadSource = state.loadSource;
@@ -35,6 +37,11 @@ void RestoreNetworkState(Session& s, const NetworkState& state) {
 
 std::string MatchStatusText(const Session& network, StatusForm form) {
   if (!(network.Frequency > 0) || !(network.SystemZ > 0)) return "";
+  // A block whose file stops short of the working frequency gives no figures:
+  // the line says which block and what its file covers instead.
+  if (std::string uncovered = BlockRangeProblem(network, network.Frequency, network.Frequency); !uncovered.empty()) {
+    return uncovered;
+  }
   Session session = network;
   if (session.LoadSource != 2) session.LoadSource = 1;
   const int16_t point = session.LoadSource == 2 ? static_cast<int16_t>(session.SweepPoints / 2 + 1) : 0;

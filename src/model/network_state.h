@@ -16,6 +16,7 @@ namespace kalvex {
 struct NetworkState {
   std::array<int16_t, kStageCount> elementType{};
   std::array<std::array<double, kSlotCount>, kValueStageCount> value{};
+  std::array<TwoPortBlock, kValueStageCount> twoPortBlocks{};
   double frequency = 0;
   double systemZ = 0;
   int16_t loadSource = 0;
@@ -45,7 +46,8 @@ inline constexpr double kMatchedReturnLossDb = 180;
 // |Gamma| 0.747 at -47.1 deg  VSWR 6.89  Return loss 2.54 dB  at 14 MHz";
 // the brief form for a narrow window drops "Input", says "RL" and joins each
 // figure's words with no-break spaces. Empty while there is no working
-// frequency.
+// frequency. Where a two-port block's file does not cover the working
+// frequency, the line names the block and the range its file covers.
 enum class StatusForm { Full, Brief };
 std::string MatchStatusText(const Session& session, StatusForm form = StatusForm::Full);
 

@@ -10,6 +10,7 @@ void SetNetworkDefaults(Session& session) {
   for (int stage = 1; stage <= kLastStage; ++stage) {
     session.ElementType[stage] = Empty;
     for (int slot = 1; slot < kSlotCount; ++slot) session.Value[stage][slot] = 0;
+    session.TwoPortBlocks[stage] = {};
   }
   session.Frequency = 1'000'000;
   session.SystemZ = 50;

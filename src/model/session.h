@@ -7,6 +7,7 @@
 
 #include "model/cable_names.h"
 #include "model/load_model.h"
+#include "model/two_port_block.h"
 #include "platform/colour.h"
 
 namespace kalvex {
@@ -34,6 +35,9 @@ enum ElementKind : int16_t {
   // model/elements.h.
   CoaxialCable = 15,
   Transformer = 16,
+  // A part given by a two-port Touchstone file (measured or published); its
+  // slots and data are described in model/two_port_block.h.
+  TwoPort = 17,
 };
 
 // What each element type is called in texts: "series capacitor", ...
@@ -42,14 +46,14 @@ inline const char* PartName(int16_t type) {
       "wire", "series capacitor", "shunt capacitor", "series inductor", "shunt inductor",
       "line section", "series shorted stub", "series open stub", "shunt shorted stub",
       "shunt open stub", "shunt series LC", "series parallel LC", "series resistor",
-      "shunt resistor", "unknown part", "coaxial cable", "transformer"};
-  return type >= 0 && type <= Transformer ? kNames[type] : "unknown part";
+      "shunt resistor", "unknown part", "coaxial cable", "transformer", "two-port block"};
+  return type >= 0 && type <= TwoPort ? kNames[type] : "unknown part";
 }
 
 // A stage that holds a part: not empty, not the insert placeholder, not an unknown code.
 inline bool IsPart(int16_t type) {
   return (type >= SeriesCapacitor && type <= ShuntResistor) || type == CoaxialCable ||
-         type == Transformer;
+         type == Transformer || type == TwoPort;
 }
 
 inline constexpr int kLastStage = 5;       // stages 1..5 run from the load to the generator
@@ -76,6 +80,9 @@ struct Session {
   // The network: stage 0 is the load (Value[0][1] = R, Value[0][2] = X).
   std::array<int16_t, kStageCount> ElementType{};
   std::array<std::array<double, kSlotCount>, kValueStageCount> Value{};
+  // The file and data of each two-port block stage (type 17); the other
+  // stages hold none. They move with their stage as its type and values do.
+  std::array<TwoPortBlock, kValueStageCount> TwoPortBlocks{};
 
   // The operating point.
   double Frequency = 0;

@@ -46,6 +46,7 @@ void PrintSchematic(const Session& session, Canvas& canvas) {
         pen.DrawLead();
         pen.DrawLead();
       }
+      pen.BlockName = BlockNameOf(session, s);
       pen.DrawElementSymbol(type);
     }
     rightEdge[s] = pen.ListX;

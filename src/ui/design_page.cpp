@@ -9,6 +9,7 @@
 #include "files/network_file.h"
 #include "model/network_state.h"
 #include "ui/match_dialog.h"
+#include "ui/two_port_dialog.h"
 #include "ui/page_menus.h"
 #include "files/spice_deck.h"
 #include "model/format.h"
@@ -116,6 +117,7 @@ DesignPage::DesignPage(Session& session, Dialogs& dialogs)
   commands.setup = [this] { cmdSetup->click(); };
   commands.match = [this] { OpenMatch(); };
   commands.stagePart = [this] { OpenStagePart(); };
+  commands.twoPortBlock = [this] { OpenTwoPort(); };
   commands.exit = [this] { cmdExit->click(); };
   commands.undoable = true;
   FollowHistory();
@@ -128,7 +130,9 @@ DesignPage::DesignPage(Session& session, Dialogs& dialogs)
        commands.writeSpice},
       {QKeySequence(Qt::CTRL | Qt::Key_M), "Match: compute a matching network for the load", commands.match},
       {QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_C),
-       "Cable or transformer: put one into the selected stage", commands.stagePart}};
+       "Cable or transformer: put one into the selected stage", commands.stagePart},
+      {QKeySequence(Qt::CTRL | Qt::Key_B), "Two-port from file: a measured or published .s2p block as a stage",
+       commands.twoPortBlock}};
   for (Key& key : HistoryKeys(this)) keys.push_back(std::move(key));
   commands.keys = BindKeys(this, dialogs_, std::move(keys));
   SetMenuBar(BuildMenuBar(this, dialogs_, session_.Version, commands));
@@ -325,6 +329,12 @@ void DesignPage::OpenStagePart() {
   if (dialog.exec() != QDialog::Accepted) return;
   editor_.Open();
   ShowEditor();
+}
+
+void DesignPage::OpenTwoPort() {
+  TwoPortDialog dialog(session_, dialogs_, this);
+  if (dialog.exec() != QDialog::Accepted) return;
+  ReopenDesignPage();
   RecordStep(dialog.AppliedStep());
 }
 

@@ -59,6 +59,7 @@ class DesignPage : public Page {
   void OnMouseDown(int button, double x, double y) override;
   void OpenMatch();
   void OpenStagePart();
+  void OpenTwoPort();
   void FinishPendingEdit() override;
   void Reload() override;
   bool OnUserClose() override;

@@ -86,6 +86,7 @@ QMenuBar* BuildMenuBar(QWidget* page, Dialogs& dialogs, const std::string& versi
   AddItem(file, "Get freq/load", "Ctrl+L", c.getLoad);
   AddItem(file, "Live load", "Ctrl+Shift+L", c.liveLoad);
   AddItem(file, "Write SPICE deck", "Ctrl+Shift+E", c.writeSpice);
+  if (c.saveTwoPort) AddItem(file, "Save as two-port", "Ctrl+Shift+S", c.saveTwoPort);
   file->addSeparator();
   AddItem(file, "Export image", "Ctrl+E", c.exportImage);
   AddItem(file, "Print", "Ctrl+P", c.print);
@@ -102,6 +103,7 @@ QMenuBar* BuildMenuBar(QWidget* page, Dialogs& dialogs, const std::string& versi
   }
   AddItem(edit, "Setup", "Ctrl+,", c.setup);
   AddItem(edit, "Cable or transformer...", "Ctrl+Shift+C", c.stagePart);
+  if (c.twoPortBlock) AddItem(edit, "Two-port from file\u2026", "Ctrl+B", c.twoPortBlock);
 
   QMenu* view = bar->addMenu("&View");
   AddItem(view, "Zoom in", "+", c.zoomIn);

@@ -13,8 +13,8 @@ namespace kalvex {
 // What a page's menus reach: each is what the page's button or key does; one
 // the page does not have is shown disabled.
 struct PageCommands {
-  std::function<void()> getNet, saveNet, getLoad, liveLoad, writeSpice, exportImage, print, exit;
-  std::function<void()> setup, stagePart;
+  std::function<void()> getNet, saveNet, getLoad, liveLoad, writeSpice, saveTwoPort, exportImage, print, exit;
+  std::function<void()> setup, stagePart, twoPortBlock;
   std::function<void()> zoomIn, zoomOut, gridType, qArcs, vswrCircle, sweep, band;
   std::function<void()> match, optimise;
   std::function<void()> keys;

@@ -6,6 +6,7 @@
 #include <QVBoxLayout>
 
 #include "analysis/tabulate.h"
+#include "files/network_two_port_text.h"
 #include "files/sweep_data_file.h"
 #include "print/print_table.h"
 #include "ui/controls.h"
@@ -58,9 +59,12 @@ TabulatePage::TabulatePage(Session& session, Dialogs& dialogs, QWidget* parent)
   commands.print = [this] { cmdPrint->click(); };
   commands.exit = [this] { cmdExit->click(); };
   commands.band = [this] { BandWindow::Show(session_, dialogs_, true); };
+  commands.saveTwoPort = [this] { SaveTwoPort(); };
   commands.keys = BindKeys(this, dialogs_,
            {{QKeySequence(Qt::CTRL | Qt::Key_P), "To printer", commands.print},
             {QKeySequence(Qt::CTRL | Qt::Key_S), "To file", [this] { cmdFile->click(); }},
+            {QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_S),
+             "Save as two-port: the network without its load as a .s2p over the sweep", commands.saveTwoPort},
             {QKeySequence(Qt::Key_Escape), "Return", commands.exit},
             {QKeySequence(Qt::CTRL | Qt::Key_G), "Band: VSWR against frequency, bandwidths, Bode-Fano bound",
              commands.band}});
@@ -74,6 +78,14 @@ void TabulatePage::WriteToFile() {
   if (chosen.empty()) return;
   session_.FileName = chosen;
   WriteSweepData(session_, dialogs_, chosen);
+}
+
+void TabulatePage::SaveTwoPort() {
+  const std::string chosen = dialogs_.ChooseSaveFile("Save as two-port", kTwoPortFilter, session_.FileName);
+  if (chosen.empty()) return;
+  if (const std::string problem = WriteNetworkTwoPort(session_, dialogs_, chosen); !problem.empty()) {
+    dialogs_.Message("The two-port file was not written: " + problem);
+  }
 }
 
 }  // namespace kalvex

@@ -32,6 +32,7 @@ class TabulatePage : public QDialog {
 
  private:
   void WriteToFile();
+  void SaveTwoPort();
 
   Session& session_;
   Dialogs& dialogs_;

@@ -156,7 +156,13 @@ TuningControls::TuningControls(Page& page, Session& session, Dialogs& dialogs,
 
 void TuningControls::SelectCell(int cell) {
   partClicked_ = true;
-  ShowPanel(SelectPart(session_, cell));
+  const TuningPanel panel = SelectPart(session_, cell);
+  // A two-port block is selected and framed like any part, with nothing to tune.
+  if (cell >= 1 && cell <= kLastStage && session_.ElementType[cell] == TwoPort) {
+    HidePanel();
+  } else {
+    ShowPanel(panel);
+  }
   redraw_();
 }
 
@@ -217,7 +223,7 @@ void TuningControls::ShowSession() {
   txtFreq->setText(Q(FormatSI(session_.Frequency)));
   if (!partClicked_) return;
   const int s = session_.SelectedStage;
-  const bool partThere = s == 0 || (s >= 1 && s <= kLastStage && IsPart(session_.ElementType[s]));
+  const bool partThere = s == 0 || (s >= 1 && s <= kLastStage && IsTunable(session_.ElementType[s]));
   if (!partThere) {
     HidePanel();
     return;

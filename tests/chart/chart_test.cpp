@@ -176,8 +176,7 @@ double Distance(Gamma a, Gamma b) { return std::hypot(a.u - b.u, a.v - b.v); }
 
 // Every stage's stretch starts where the one before ended (the first on the
 // load), and the path ends at the network's input impedance.
-TEST_P(NetworkPaths, EachStageGrowsFromWhereTheLastEnded) {
-  Session session = testing::NetworkAround(GetParam());
+void ExpectEachStageGrowsFromWhereTheLastEnded(Session session) {
   const auto values = session.Value;
   const std::vector<PathPoint> path = TraceNetworkPath(session);
   ASSERT_EQ(path.size(), 5000u);  // stages 4 and 5 are empty: their stretches stand still
@@ -190,6 +189,23 @@ TEST_P(NetworkPaths, EachStageGrowsFromWhereTheLastEnded) {
   }
   CalculateNetwork(session, 1);
   EXPECT_LT(Distance(path.back().gamma, ImpedanceToGamma(session.InputR, session.InputX, 50)), 0.001);
+}
+
+TEST_P(NetworkPaths, EachStageGrowsFromWhereTheLastEnded) {
+  ExpectEachStageGrowsFromWhereTheLastEnded(testing::NetworkAround(GetParam()));
+}
+
+// A two-port block grows from a through connection: a 200 ohm series
+// resistor's two-port in each placement.
+TEST(NetworkPath, TwoPortBlockGrowsFromAThroughConnection) {
+  const SMatrix resistor = SOfAbcd(SeriesAbcd(200), 50);
+  const auto table = std::make_shared<const TwoPortTable>(
+      std::vector<TwoPortTable::Point>{{1e6, resistor}, {100e6, resistor}}, 50);
+  for (const double placement : {1, 2, 3}) {
+    Session session = testing::NetworkAround({"block", TwoPort, {0, placement}});
+    session.TwoPortBlocks[2] = {"r.s2p", table};
+    ExpectEachStageGrowsFromWhereTheLastEnded(session);
+  }
 }
 
 INSTANTIATE_TEST_SUITE_P(AllThirteen, NetworkPaths, ::testing::ValuesIn(testing::ThirteenParts()), testing::PartName);

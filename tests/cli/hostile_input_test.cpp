@@ -7,7 +7,9 @@
 #include <filesystem>
 
 #include "cli/cli_test.h"
+#include "design/two_port_stage.h"
 #include "files/exit_actions.h"
+#include "files/network_file.h"
 #include "files/safe_write.h"
 
 namespace kalvex {
@@ -35,6 +37,17 @@ TEST_F(HostileInputTest, NothingInjectedNothingNonFinite) {
   WriteFile("y.s1p", "# MHz Y RI R 50\n14 0 0\n15 0.02 0\n");
   WriteFile("db.s1p", "# MHz S DB R 50\n14 1e308 0\n15 -20 0\n");
   WriteFile("escape.s1p", "# MHz S \x1b[31mRED RI\n14 0.2 0\n");
+  // Networks with a two-port block: a through connection from 1 to 10 MHz,
+  // and a file that has become hostile since.
+  WriteFile("through.s2p", "# MHz S RI R 50\n1 0 0 1 0 1 0 0 0\n10 0 0 1 0 1 0 0 0\n");
+  Session withBlock;
+  InitialiseSession(withBlock);
+  testing::FakeDialogs unheard;
+  ASSERT_EQ(PlaceTwoPortBlock(withBlock, {1, PathOf("through.s2p")}), "");
+  ASSERT_TRUE(WriteNetworkFile(withBlock, unheard, PathOf("block.SSF")));
+  WriteFile("hostile.s2p", "# MHz S \x1b[31mRED RI\n1 0 0 1 0 1 0 0 0\n");
+  withBlock.TwoPortBlocks[1].file = PathOf("hostile.s2p");
+  ASSERT_TRUE(WriteNetworkFile(withBlock, unheard, PathOf("hostile block.SSF")));
 
   struct Case {
     std::vector<std::string> words;
@@ -54,6 +67,11 @@ TEST_F(HostileInputTest, NothingInjectedNothingNonFinite) {
            {{"sweep", PathOf("net.SSF"), "--load", PathOf("db.s1p"), "--table"}, kExitOk, "line 2 gives"},
            {{"sweep", PathOf("net.SSF"), "--load", PathOf("open.s1p")}, kExitFailed, "no point whose load"},
            {{"sweep", PathOf("net.SSF"), "--load", PathOf("escape.s1p")}, kExitFailed, " [31mRED"},
+           {{"impedance", PathOf("block.SSF")}, kExitOk, ""},
+           {{"sweep", PathOf("block.SSF")}, kExitFailed, "(through.s2p) covers 1 MHz to 10 MHz, not"},
+           {{"sweep", PathOf("block.SSF"), "--start", "2e6", "--stop", "9e6", "--touchstone2"}, kExitOk, ""},
+           {{"spice", PathOf("block.SSF")}, kExitFailed, "measured data that a SPICE deck cannot hold"},
+           {{"impedance", PathOf("hostile block.SSF")}, kExitOk, "option line is not understood: # MHz S  [31mRED RI"},
            {{"impedance", "/proc/self/mem"}, kExitFailed, "cannot read /proc/self/mem: Input/output error"},
            {{"sweep", PathOf("net.SSF"), "--load", PathOf("y.s1p"), "-o", PathOf("y.s1p")}, kExitUsage,
             "-o names the input file"}}) {

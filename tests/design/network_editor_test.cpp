@@ -167,5 +167,24 @@ TEST_F(NetworkEditorTest, CompactClosesTheGaps) {
   EXPECT_EQ(StagesNow(), (Stages{{3, -1e-6}, {14, 0}, {12, 10}, {0, 0}, {0, 0}}));
 }
 
+// A two-port block keeps its file as its stage moves with an insertion or
+// a compaction.
+TEST_F(NetworkEditorTest, BlocksMoveWithTheirStages) {
+  const auto table = std::make_shared<const TwoPortTable>(std::vector<TwoPortTable::Point>{{1e6, {}}}, 50);
+  SetStage(2, TwoPort, {0, 1});
+  session.TwoPortBlocks[2] = {"block.s2p", table};
+  editor.Open();
+  PickType(1, InsertPlaceholder);
+  editor.Accept();
+  EXPECT_EQ(std::pair(session.ElementType[3], session.TwoPortBlocks[3].file), std::pair(int16_t{TwoPort}, std::string("block.s2p")));
+  EXPECT_EQ(session.TwoPortBlocks[3].table, table);
+  EXPECT_EQ(session.TwoPortBlocks[2].table, nullptr);
+  SetStage(1, Empty, {});
+  SetStage(2, Empty, {});
+  editor.Compact();
+  EXPECT_EQ(std::pair(session.ElementType[1], session.TwoPortBlocks[1].file), std::pair(int16_t{TwoPort}, std::string("block.s2p")));
+  EXPECT_EQ(session.TwoPortBlocks[3].table, nullptr);
+}
+
 }  // namespace
 }  // namespace kalvex

@@ -111,5 +111,32 @@ TEST(Symbols, ShuntStubWallsStandWhereEachMemberHasThem) {
   }
 }
 
+// A two-port block is a box between the rails with its file's name (without
+// folders, a long one cut short) in the schematic, the strip and the printed
+// schematic alike, and its placement under it.
+TEST(Symbols, TwoPortBlockIsABoxNamedForItsFile) {
+  Session session;
+  InitialiseSession(session);
+  session.ElementType[2] = TwoPort;
+  session.Value[2] = {0, 3, 1, 1};
+  session.TwoPortBlocks[2].file = "/parts/murata_grm_100p.s2p";
+  const auto texts = [](const DisplayList& list) {
+    std::vector<std::string> all;
+    for (const DrawCommand& c : testing::OfKind(list, Kind::Text)) all.push_back(c.text);
+    return all;
+  };
+  DisplayList schematic, strip;
+  DrawNetwork(session, schematic, kRv);
+  DrawNetworkListing(session, strip);
+  for (const DisplayList* list : {&schematic, &strip}) {
+    const std::vector<std::string> shown = texts(*list);
+    EXPECT_EQ(std::ranges::count(shown, "murata_grm.."), 1);
+    EXPECT_EQ(std::ranges::count(shown, "shunt, 2 shorted"), 1);
+    EXPECT_EQ(std::ranges::count(shown, "ports swapped"), 1);
+    EXPECT_FALSE(testing::OfKind(*list, Kind::OutlineRect).empty());
+  }
+  EXPECT_EQ(BlockNameOf(session, 2), "murata_grm_100p.s2p");
+}
+
 }  // namespace
 }  // namespace kalvex
