@@ -8,6 +8,7 @@
 #include "cli.h"
 #include "console_dialogs.h"
 #include "design/design_values.h"
+#include "files/cable_catalogue.h"
 #include "files/load_data_file.h"
 #include "files/network_file.h"
 #include "model/format.h"
@@ -58,6 +59,7 @@ bool ReadNetworkInto(const std::string& path, Session& session, Dialogs& dialogs
 bool ReadCommandNetwork(const std::string& path, Session& session, Dialogs& dialogs) {
   InitialiseSession(session);
   session.LoadSource = 1;
+  session.Cables = ReadShippedCatalogue();
   return ReadNetworkInto(path, session, dialogs);
 }
 
