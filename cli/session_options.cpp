@@ -9,6 +9,7 @@
 #include "cli.h"
 #include "console_dialogs.h"
 #include "design/design_values.h"
+#include "files/cable_catalogue.h"
 #include "files/load_data_file.h"
 #include "files/network_file.h"
 #include "model/format.h"
@@ -60,6 +61,7 @@ bool ReadNetworkInto(const std::string& path, Session& session, Dialogs& dialogs
 bool ReadCommandNetwork(const std::string& path, Session& session, Dialogs& dialogs) {
   InitialiseSession(session);
   session.LoadSource = 1;
+  session.Cables = ReadShippedCatalogue();
   return ReadNetworkInto(path, session, dialogs);
 }
 

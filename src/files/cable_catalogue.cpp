@@ -4,6 +4,7 @@
 #include <system_error>
 
 #include "files/line_reader.h"
+#include "files/text_file.h"
 #include "model/trim.h"
 
 namespace kalvex {
@@ -67,6 +68,18 @@ std::filesystem::path CableCataloguePath(const std::filesystem::path& programFol
     if (std::filesystem::is_regular_file(candidate, error)) return candidate;
   }
   return {};
+}
+
+CableCatalogue ReadShippedCatalogue() {
+  std::error_code error;
+  const std::filesystem::path self = std::filesystem::read_symlink("/proc/self/exe", error);
+  if (error) return {};
+  const std::filesystem::path path = CableCataloguePath(self.parent_path());
+  if (path.empty()) return {};
+  std::string failure;
+  const auto text = ReadTextFile(path, &failure);
+  if (!text) return {{}, {failure}};
+  return ParseCableCatalogue(*text);
 }
 
 }  // namespace kalvex

@@ -24,4 +24,9 @@ CableCatalogue ParseCableCatalogue(std::string_view text);
 // (bin/../share/kalvex/cables.txt). Empty when neither is there.
 std::filesystem::path CableCataloguePath(const std::filesystem::path& programFolder);
 
+// The catalogue shipped with the running program, found from where the
+// program lies; an empty one where it is not there, a problem where it cannot
+// be read.
+CableCatalogue ReadShippedCatalogue();
+
 }  // namespace kalvex

@@ -4,6 +4,7 @@
 #include <cmath>
 #include <cstdio>
 
+#include "model/cable_names.h"
 #include "model/feed_parts.h"
 
 namespace kalvex {
@@ -15,17 +16,9 @@ std::string Figures(double value) {
   return text;
 }
 
-// Catalogue figures and a network file's round their digits differently.
-bool Near(double a, double b) { return std::fabs(a - b) <= 1e-4 * std::max(std::fabs(a), std::fabs(b)); }
-
-std::string CableText(const CableSlots& cable, const std::vector<CatalogueCable>& catalogue) {
+std::string CableText(const CableSlots& cable, const CableCatalogue& catalogue) {
   const std::string length = Figures(cable.lengthMetres) + " m";
-  for (const CatalogueCable& c : catalogue) {
-    if (Near(c.characteristicZ, cable.characteristicZ) && Near(c.velocityFactor, cable.velocityFactor) &&
-        Near(c.k1, cable.k1) && Near(c.k2, cable.k2)) {
-      return c.name + " " + length;
-    }
-  }
+  if (const CatalogueCable* named = CatalogueCableOf(catalogue, cable)) return named->name + " " + length;
   return length + " of " + Figures(cable.characteristicZ) + " ohm VF " + Figures(cable.velocityFactor) + " k1 " +
          Figures(cable.k1) + " k2 " + Figures(cable.k2) + " dB/100 m";
 }
@@ -45,7 +38,7 @@ std::string CsvField(const std::string& text) {
   return quoted + "\"";
 }
 
-std::string ValueOf(const Session& session, const NetworkPart& part, const std::vector<CatalogueCable>& catalogue) {
+std::string ValueOf(const Session& session, const NetworkPart& part) {
   const auto& v = session.Value[part.stage];
   switch (part.kind) {
     case PartKind::Capacitor: return EngineeringValue(v[part.slot], "F");
@@ -53,7 +46,7 @@ std::string ValueOf(const Session& session, const NetworkPart& part, const std::
     case PartKind::Resistor: return EngineeringValue(v[part.slot], "ohm");
     case PartKind::Line:
       return Figures(v[1]) + " deg at " + EngineeringValue(v[2], "Hz") + " " + EngineeringValue(v[3], "ohm");
-    case PartKind::Cable: return CsvField(CableText(CableOf(v), catalogue));
+    case PartKind::Cable: return CsvField(CableText(CableOf(v), session.Cables));
     case PartKind::Transformer: return TransformerText(TransformerOf(v));
   }
   return {};
@@ -80,13 +73,12 @@ std::string EngineeringValue(double value, const std::string& unit) {
   return Figures(value / std::pow(1000.0, index - kUnitIndex)) + " " + kPrefixes[index] + unit;
 }
 
-std::string PartsListCsv(const Session& session, const Tolerances& tolerances,
-                         const std::vector<CatalogueCable>& catalogue) {
+std::string PartsListCsv(const Session& session, const Tolerances& tolerances) {
   std::string csv = "stage,part,value,series,tolerance\n";
   for (const NetworkPart& part : PartsOf(session)) {
     const auto series = HasStandardValues(part.kind) ? SmallestSeriesHolding(session.Value[part.stage][part.slot])
                                                      : std::nullopt;
-    csv += std::to_string(part.stage) + "," + PartOf(session, part) + "," + ValueOf(session, part, catalogue) + "," +
+    csv += std::to_string(part.stage) + "," + PartOf(session, part) + "," + ValueOf(session, part) + "," +
            (series ? SeriesName(*series) : "") + "," + Figures(tolerances.Of(part.kind)) + " %\n";
   }
   return csv;

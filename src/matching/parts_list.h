@@ -2,7 +2,6 @@
 
 #include <string>
 
-#include "files/cable_catalogue.h"
 #include "matching/parts.h"
 #include "model/session.h"
 
@@ -18,9 +17,8 @@ std::string EngineeringValue(double value, const std::string& unit);
 // that holds the value (empty for none and for lines), tolerance. A line or
 // stub is its length in degrees at its reference frequency, with its
 // impedance; a cable the catalogue's name for its figures and its length
-// ("RG-58 30 m"), or its figures where no cable of `catalogue` has them; a
-// transformer its ratio ("49:1") and any winding inductance.
-std::string PartsListCsv(const Session& session, const Tolerances& tolerances = {},
-                         const std::vector<CatalogueCable>& catalogue = {});
+// ("RG-58 30 m") as the drawings name it from the session's catalogue, or its
+// figures; a transformer its ratio ("49:1") and any winding inductance.
+std::string PartsListCsv(const Session& session, const Tolerances& tolerances = {});
 
 }  // namespace kalvex

@@ -38,18 +38,18 @@ TEST(PartsList, EveryPartWithItsSeriesAndTolerance) {
 // A cable goes by its catalogue name where its figures are a catalogue
 // cable's, else by its figures; a transformer by its ratio and windings.
 TEST(PartsList, CablesAndTransformers) {
-  const std::vector<CatalogueCable> catalogue = {{"RG-213", 50, 0.66, 0.59576, 0.00276},
-                                                 {"RG-58", 50, 0.66, 1.3807, 0.022686},
-                                                 {"Mine, foam", 52, 0.8, 1, 0.01}};
   Session session;
   InitialiseSession(session);
+  session.Cables.cables = {{"RG-213", 50, 0.66, 0.59576, 0.00276},
+                           {"RG-58", 50, 0.66, 1.3807, 0.022686},
+                           {"Mine, foam", 52, 0.8, 1, 0.01}};
   session.ElementType = {0, CoaxialCable, CoaxialCable, CoaxialCable, Transformer, Transformer};
   session.Value[1] = {0, 30, 50, 0.66, 1.3807, 0.022686};
   session.Value[2] = {0, 12.5, 50, 0.66, 1.38, 0.022686};
   session.Value[3] = {0, 3, 52, 0.8, 1, 0.01};
   session.Value[4] = {0, 49, 20e-6, 0.2e-6};
   session.Value[5] = {0, 4};
-  EXPECT_EQ(PartsListCsv(session, {}, catalogue),
+  EXPECT_EQ(PartsListCsv(session),
             "stage,part,value,series,tolerance\n"
             "1,coaxial cable,RG-58 30 m,,2 %\n"
             "2,coaxial cable,12.5 m of 50 ohm VF 0.66 k1 1.38 k2 0.02269 dB/100 m,,2 %\n"
