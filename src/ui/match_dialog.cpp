@@ -137,7 +137,8 @@ void MatchDialog::Compute() {
       lstSolutions->setItem(row, column, item);
     }
   }
-  lstSolutions->resizeColumnToContents(0);
+  // The short figures and their headings whole at any font; the parts take the rest.
+  for (const int column : {0, 2, 3, 4, 5}) lstSolutions->resizeColumnToContents(column);
   lstSolutions->resizeRowsToContents();
   lblWorksOn->setText(WorksOnText());
   if (lstSolutions->rowCount() > 0) lstSolutions->selectRow(0);

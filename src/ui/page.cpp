@@ -211,6 +211,16 @@ double FollowPageFont(QWidget* dialog) {
   return double(font.pixelSize()) / own;
 }
 
+void ScalePlaced(QWidget* dialog, double factor) {
+  if (factor == 1) return;
+  const auto scaled = [factor](int length) { return static_cast<int>(std::lround(length * factor)); };
+  for (QWidget* control : dialog->findChildren<QWidget*>()) {
+    const QRect place = control->geometry();
+    control->setGeometry(scaled(place.x()), scaled(place.y()), scaled(place.width()), scaled(place.height()));
+  }
+  dialog->setFixedSize(scaled(dialog->width()), scaled(dialog->height()));
+}
+
 // The status line shows its full text where it fits, else the brief one,
 // wrapped between figures when even that is too wide; it grows to show every
 // line. Returns whether its height changed, and with it the page's frame.

@@ -160,4 +160,8 @@ class Page : public QWidget {
 // system's font is the larger).
 double FollowPageFont(QWidget* dialog);
 
+// A dialog whose controls are placed by hand grows with its text: its fixed
+// size and every control's place multiplied by `factor`.
+void ScalePlaced(QWidget* dialog, double factor);
+
 }  // namespace kalvex

@@ -21,6 +21,7 @@
 #include "ui/options_page.h"
 #include "ui/page_renderer.h"
 #include "ui/qt_print_job.h"
+#include "ui/sweep_setup_dialog.h"
 #include "ui/tabulate_page.h"
 
 namespace kalvex {
@@ -170,6 +171,7 @@ TEST_F(LayoutTest, PrintedChartPageLiesInsideThePrintableArea) {
 
 // A dialog over a page on a large screen reads as the page's menu bar does,
 // and opens larger by as much; on a smaller one it keeps the system's font.
+// A dialog placed by hand grows with its text: every label is whole.
 // Each row of the solutions is as tall as its text wrapped at the width the
 // dialog opens with.
 TEST_F(LayoutTest, MatchDialogTakesThePageFontOnLargeScreens) {
@@ -192,6 +194,14 @@ TEST_F(LayoutTest, MatchDialogTakesThePageFontOnLargeScreens) {
     table.resizeRowsToContents();
     for (int row = 0; row < table.rowCount(); ++row) EXPECT_EQ(heights[row], table.rowHeight(row)) << row;
     EXPECT_GT(table.rowCount(), 0);
+
+    SweepSetupDialog sweep(session, dialogs, [] {}, [](bool) {}, &page);
+    EXPECT_EQ(QFontInfo(sweep.font()).pixelSize(), pixels);
+    for (const QLabel* label : sweep.findChildren<QLabel*>()) {
+      if (label->wordWrap()) continue;
+      EXPECT_LE(label->sizeHint().width(), label->width()) << label->text().toStdString();
+      EXPECT_TRUE(sweep.rect().contains(label->geometry())) << label->text().toStdString();
+    }
   }
 }
 
