@@ -172,18 +172,13 @@ AnalysisPage::AnalysisPage(Session& session, Dialogs& dialogs)
     if (session_.Frequency != shown) tuning->txtFreq->setText(Q(FormatSI(shown = session_.Frequency)));
     Redraw();
   });
-  // A new network: the page opens again on it, as a visit would.
   commands.match = [this] {
     MatchDialog dialog(session_, dialogs_, this);
-    if (dialog.exec() != QDialog::Accepted) return;
-    RecordStep(dialog.AppliedStep());
-    SwitchTo(new AnalysisPage(session_, dialogs_));
+    if (dialog.exec() == QDialog::Accepted) ShowApplied(dialog.AppliedStep());
   };
   commands.optimise = [this] {
     OptimiseDialog dialog(session_, this);
-    if (dialog.exec() != QDialog::Accepted) return;
-    RecordStep(dialog.AppliedStep());
-    SwitchTo(new AnalysisPage(session_, dialogs_));
+    if (dialog.exec() == QDialog::Accepted) ShowApplied(dialog.AppliedStep());
   };
   std::vector<Key> keys = {
       {QKeySequence(Qt::CTRL | Qt::Key_S), "Save net", commands.saveNet},
@@ -336,6 +331,13 @@ void AnalysisPage::Reload() {
   tuning->ShowSession();
   cmdSweep->setEnabled(SweepSettingsUsable(session_));
   Redraw();
+}
+
+// A network a dialog applied is one step, shown as an undo shows one: in the
+// view as it stands.
+void AnalysisPage::ShowApplied(const QString& step) {
+  RecordStep(step);
+  Reload();
 }
 
 bool AnalysisPage::OnUserClose() {

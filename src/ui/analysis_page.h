@@ -77,6 +77,7 @@ class AnalysisPage : public Page {
   void ShowReadout(double x, double y);
   void HideReadout();
   void GoToDesignPage();
+  void ShowApplied(const QString& step);
 
   Session& session_;
   Dialogs& dialogs_;

@@ -8,6 +8,7 @@
 #include "model/format.h"
 #include "model/trim.h"
 #include "platform/colour.h"
+#include "ui/page.h"
 
 namespace kalvex {
 
@@ -16,10 +17,13 @@ inline QString Q(const std::string& text) { return QString::fromStdString(text);
 // A frequency as the status line and the undo steps name it: "14.2 MHz".
 inline QString HzText(double hz) { return Q(Trimmed(FormatSI(hz))) + "Hz"; }
 
-// A dialog's frame: a title and a close box, no minimise or maximise buttons.
-inline void DialogFrame(QWidget* dialog) {
+// A dialog's frame: a title and a close box, no minimise or maximise
+// buttons; its font follows the page it opens over. Returns the factor its
+// text grew by.
+inline double DialogFrame(QWidget* dialog) {
   dialog->setWindowFlags(Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint |
                          Qt::WindowCloseButtonHint);
+  return FollowPageFont(dialog);
 }
 
 // The light green of a button whose switch is on, and of the tuning panel.

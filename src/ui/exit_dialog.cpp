@@ -39,7 +39,7 @@ ExitDialog::ExitDialog(Session& session, Dialogs& dialogs, QWidget* parent)
       dialogs_(dialogs) {
   setWindowTitle("Exit ?");
   setModal(true);
-  DialogFrame(this);
+  const double scale = DialogFrame(this);
   setFixedSize(Twips(6000), Twips(6000));
   cmdCancel->setGeometry(Twips(1500), Twips(1200), Twips(3000), Twips(450));
   cmdSave->setGeometry(Twips(1500), Twips(2100), Twips(3000), Twips(450));
@@ -55,6 +55,7 @@ ExitDialog::ExitDialog(Session& session, Dialogs& dialogs, QWidget* parent)
     Label2->setText("The network is empty.");
     Label2->show();
   }
+  ScalePlaced(this, scale);
 
   connect(cmdCancel, &QPushButton::clicked, this, &QDialog::reject);
   connect(cmdExit, &QPushButton::clicked, this,

@@ -55,7 +55,7 @@ MatchDialog::MatchDialog(Session& session, Dialogs& dialogs, QWidget* parent)
       dialogs_(dialogs) {
   setWindowTitle("Match");
   setModal(true);
-  DialogFrame(this);
+  const double scale = DialogFrame(this);
   cboKind->addItems({"All kinds", "L", "Pi", "T", "Stub", "Quarter-wave", "Multi-section"});
   cboSections->addItems({"2 to 4", "2", "3", "4", "5", "6", "7"});
   txtQ->setPlaceholderText("twice the smallest, at least 1");
@@ -68,6 +68,12 @@ MatchDialog::MatchDialog(Session& session, Dialogs& dialogs, QWidget* parent)
   // A long list of parts wraps in its cell rather than ending in "…", and
   // shows whole in its tip.
   lstSolutions->setWordWrap(true);
+  // Each row as tall as its text wrapped at the columns' widths, again
+  // whenever they change: the dialog's width is known only once it shows.
+  // Queued, as a row's height is taken over the columns in view, and the
+  // view has its new width only once the change is done.
+  connect(lstSolutions->horizontalHeader(), &QHeaderView::sectionResized, lstSolutions,
+          &QTableWidget::resizeRowsToContents, Qt::QueuedConnection);
   lstSolutions->setTextElideMode(Qt::ElideNone);
   lblNotes->setWordWrap(true);
   lblWorksOn->setWordWrap(true);
@@ -96,7 +102,7 @@ MatchDialog::MatchDialog(Session& session, Dialogs& dialogs, QWidget* parent)
   layout->addWidget(series, 0, Qt::AlignLeft);
   layout->addWidget(lblSnap);
   layout->addLayout(buttons);
-  resize(Twips(16000), Twips(7000));
+  resize(static_cast<int>(Twips(16000) * scale), static_cast<int>(Twips(7000) * scale));
 
   connect(cmdCompute, &QPushButton::clicked, this, &MatchDialog::Compute);
   connect(cmdApply, &QPushButton::clicked, this, &MatchDialog::Apply);
@@ -131,7 +137,8 @@ void MatchDialog::Compute() {
       lstSolutions->setItem(row, column, item);
     }
   }
-  lstSolutions->resizeColumnToContents(0);
+  // The short figures and their headings whole at any font; the parts take the rest.
+  for (const int column : {0, 2, 3, 4, 5}) lstSolutions->resizeColumnToContents(column);
   lstSolutions->resizeRowsToContents();
   lblWorksOn->setText(WorksOnText());
   if (lstSolutions->rowCount() > 0) lstSolutions->selectRow(0);

@@ -13,7 +13,7 @@ OverlaySetupDialog::OverlaySetupDialog(Session& session, Dialogs& dialogs, Overl
       cmdAccept(new QPushButton("Accept", this)) {
   setWindowTitle(overlay == Overlay::QArcs ? "Q circle setup" : "VSWR circle setup");
   setModal(true);
-  DialogFrame(this);
+  const double scale = DialogFrame(this);
   setFixedSize(Twips(4200), Twips(1900));
   Label1->setGeometry(Twips(240), Twips(150), Twips(3700), Twips(300));
   Label2->setGeometry(Twips(240), Twips(650), Twips(1500), Twips(300));
@@ -21,6 +21,7 @@ OverlaySetupDialog::OverlaySetupDialog(Session& session, Dialogs& dialogs, Overl
                      Twips(overlay == Overlay::QArcs ? 330 : 300));
   cmdAccept->setGeometry(Twips(2400), Twips(1200), Twips(1350), Twips(330));
   cmdAccept->setDefault(true);
+  ScalePlaced(this, scale);
   Text1->setText(Q(OverlaySettingText(session, overlay)));
 
   connect(cmdAccept, &QPushButton::clicked, this, [this, &session, &dialogs, overlay] {

@@ -1,6 +1,7 @@
 #include "ui/page.h"
 
 #include <QCloseEvent>
+#include <QFontInfo>
 #include <QStatusTipEvent>
 #include <QGuiApplication>
 #include <QScreen>
@@ -180,10 +181,7 @@ void Page::SetPixelSize(QWidget* control, int pixels) {
 
 void Page::resizeEvent(QResizeEvent* event) {
   if (event != nullptr) QWidget::resizeEvent(event);
-  // The menu bar and the status line take the page's font, at the scale the
-  // page has in the whole window; a readable size at the least.
-  const QRectF whole = PageFrame(size(), Shape());
-  const int pixels = std::max(9, FontPixels(whole.height() / logicalSize_.height()));
+  const int pixels = ChromeFontPixels();
   if (menuBar_) {
     SetPixelSize(menuBar_, pixels);
     menuBar_->setGeometry(0, 0, width(), menuBar_->sizeHint().height());
@@ -193,6 +191,34 @@ void Page::resizeEvent(QResizeEvent* event) {
     FitStatus();
   }
   for (const Placement& placement : placements_) ApplyPlacement(placement);
+}
+
+int Page::ChromeFontPixels() const {
+  const QRectF whole = PageFrame(size(), Shape());
+  return std::max(9, FontPixels(whole.height() / logicalSize_.height()));
+}
+
+double FollowPageFont(QWidget* dialog) {
+  const Page* page = nullptr;
+  for (QWidget* w = dialog->parentWidget(); w != nullptr && page == nullptr; w = w->parentWidget()) {
+    page = qobject_cast<const Page*>(w);
+  }
+  const int own = QFontInfo(dialog->font()).pixelSize();
+  if (page == nullptr || page->ChromeFontPixels() <= own) return 1;
+  QFont font = dialog->font();
+  font.setPixelSize(page->ChromeFontPixels());
+  dialog->setFont(font);
+  return double(font.pixelSize()) / own;
+}
+
+void ScalePlaced(QWidget* dialog, double factor) {
+  if (factor == 1) return;
+  const auto scaled = [factor](int length) { return static_cast<int>(std::lround(length * factor)); };
+  for (QWidget* control : dialog->findChildren<QWidget*>()) {
+    const QRect place = control->geometry();
+    control->setGeometry(scaled(place.x()), scaled(place.y()), scaled(place.width()), scaled(place.height()));
+  }
+  dialog->setFixedSize(scaled(dialog->width()), scaled(dialog->height()));
 }
 
 // The status line shows its full text where it fits, else the brief one,

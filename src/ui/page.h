@@ -25,6 +25,10 @@ class Page : public QWidget {
   Q_OBJECT
 
  public:
+  // The font of the menu bar and the status line, in pixels: the page's at
+  // the scale it has in the whole window, a readable size at the least.
+  int ChromeFontPixels() const;
+
   explicit Page(QSizeF logicalSize, QWidget* parent = nullptr);
 
   // Puts `control` at a place given in page units and keeps it there.
@@ -149,5 +153,15 @@ class Page : public QWidget {
   QString status_;
   QString statusBrief_;
 };
+
+// A dialog opened over a page takes the page's menu bar font where that is
+// larger than its own, so that on a large screen it reads as the page does.
+// Returns the factor its text grew by, for its initial size (1 where the
+// system's font is the larger).
+double FollowPageFont(QWidget* dialog);
+
+// A dialog whose controls are placed by hand grows with its text: its fixed
+// size and every control's place multiplied by `factor`.
+void ScalePlaced(QWidget* dialog, double factor);
 
 }  // namespace kalvex

@@ -29,7 +29,7 @@ SweepSetupDialog::SweepSetupDialog(Session& session, Dialogs& dialogs,
       sweepSwitchable_(std::move(sweepSwitchable)) {
   setWindowTitle("Sweep setup");
   setModal(true);
-  DialogFrame(this);
+  const double scale = DialogFrame(this);
   setFixedSize(Twips(6000), Twips(4500));
   Label1->setGeometry(Twips(240), Twips(150), Twips(5500), Twips(300));
   Frame1->setGeometry(Twips(240), Twips(540), Twips(5520), Twips(840));
@@ -45,6 +45,7 @@ SweepSetupDialog::SweepSetupDialog(Session& session, Dialogs& dialogs,
   Label5->setWordWrap(true);
   cmdAccept->setGeometry(Twips(2325), Twips(3780), Twips(1350), Twips(330));
   cmdAccept->setDefault(true);
+  ScalePlaced(this, scale);
 
   session_.LoadSource = 1;
   Option1->setChecked(true);

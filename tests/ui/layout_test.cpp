@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <QFontInfo>
 #include <QGroupBox>
 #include <QImage>
 #include <QMenuBar>
@@ -20,6 +21,7 @@
 #include "ui/options_page.h"
 #include "ui/page_renderer.h"
 #include "ui/qt_print_job.h"
+#include "ui/sweep_setup_dialog.h"
 #include "ui/tabulate_page.h"
 
 namespace kalvex {
@@ -164,6 +166,42 @@ TEST_F(LayoutTest, PrintedChartPageLiesInsideThePrintableArea) {
     const QImage image(QString::fromStdString(file));
     const QRect ink = testing::BoxOf(image, [](QRgb pixel) { return qGray(pixel) < 160; });
     EXPECT_TRUE(image.rect().adjusted(2, 2, -2, -2).contains(ink)) << size << ": ink right edge " << ink.right();
+  }
+}
+
+// A dialog over a page on a large screen reads as the page's menu bar does,
+// and opens larger by as much; on a smaller one it keeps the system's font.
+// A dialog placed by hand grows with its text: every label is whole.
+// Each row of the solutions is as tall as its text wrapped at the width the
+// dialog opens with.
+TEST_F(LayoutTest, MatchDialogTakesThePageFontOnLargeScreens) {
+  const int system = QFontInfo(QFont()).pixelSize();
+  for (const QSize screen : {QSize(1366, 768), QSize(2560, 1440)}) {
+    SCOPED_TRACE(screen.width());
+    AnalysisPage page(session, dialogs);
+    page.resize(screen);
+    page.show();
+    const int menu = QFontInfo(page.findChild<QMenuBar*>()->font()).pixelSize();
+    MatchDialog dialog(session, dialogs, &page);
+    const int pixels = QFontInfo(dialog.lstSolutions->font()).pixelSize();
+    EXPECT_EQ(pixels, std::max(system, menu));
+    EXPECT_NEAR(dialog.width(), 16000 / 15 * double(pixels) / system, 1);
+    dialog.show();
+    QCoreApplication::processEvents();
+    QTableWidget& table = *dialog.lstSolutions;
+    std::vector<int> heights;
+    for (int row = 0; row < table.rowCount(); ++row) heights.push_back(table.rowHeight(row));
+    table.resizeRowsToContents();
+    for (int row = 0; row < table.rowCount(); ++row) EXPECT_EQ(heights[row], table.rowHeight(row)) << row;
+    EXPECT_GT(table.rowCount(), 0);
+
+    SweepSetupDialog sweep(session, dialogs, [] {}, [](bool) {}, &page);
+    EXPECT_EQ(QFontInfo(sweep.font()).pixelSize(), pixels);
+    for (const QLabel* label : sweep.findChildren<QLabel*>()) {
+      if (label->wordWrap()) continue;
+      EXPECT_LE(label->sizeHint().width(), label->width()) << label->text().toStdString();
+      EXPECT_TRUE(sweep.rect().contains(label->geometry())) << label->text().toStdString();
+    }
   }
 }
 

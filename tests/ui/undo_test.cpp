@@ -12,6 +12,7 @@
 #include "ui/analysis_page.h"
 #include "ui/band_window.h"
 #include "ui/design_page.h"
+#include "ui/match_dialog.h"
 #include "ui/session_history.h"
 
 namespace kalvex {
@@ -172,6 +173,47 @@ TEST_F(UndoTest, AnalysisViewStaysAcrossUndo) {
   EXPECT_TRUE(analysis.cmdOut->isEnabled());
   EXPECT_FLOAT_EQ(session.ChartAspect, 0.9f);
   EXPECT_FALSE(std::filesystem::exists("Defaults.TXT"));
+}
+
+// A match applied on the Analysis page is one step shown as an undo shows
+// one: the zoom, the drag, the aspect, the grid, the overlays and the
+// selected part stay, and the page is not opened again.
+TEST_F(UndoTest, MatchAppliedOnTheAnalysisPageKeepsTheView) {
+  session.Value[0] = {0, 25, 80};
+  history.Settle();
+  auto& analysis = Show<AnalysisPage>();
+  analysis.cmdIn->click();
+  analysis.txtAspect->setText("0.9");
+  Key(analysis.txtAspect, Qt::Key_Return, {});
+  analysis.cmdDisplay->click();
+  analysis.cmdQon->click();
+  session.ChartCentreY = 5400;  // where a drag left the chart
+  Click((session.PartRightEdge[0] + session.PartRightEdge[1]) / 2.0, 800);  // stage 1
+  const auto view = [this, &analysis] {
+    return std::tuple(session.ChartZoom, session.ChartCentreX, session.ChartCentreY, session.ChartAspect,
+                      session.GridType, session.QArcsOn, session.SelectedStage, analysis.cmdOut->isEnabled(),
+                      analysis.tuning->cmdZ1->isVisible());
+  };
+  const auto before = view();
+  const NetworkState started = NetworkStateOf(session);
+  const QString shown = analysis.tuning->txtZ1->text();
+
+  testing::WhenModalShows<MatchDialog>([](MatchDialog& dialog) {
+    dialog.cboKind->setCurrentIndex(1);  // L networks
+    dialog.cmdCompute->click();
+    dialog.lstSolutions->selectRow(3);
+    dialog.cmdApply->click();
+  });
+  Key(analysis.tuning->txtZ1, Qt::Key_M);
+  EXPECT_EQ(UndoText(), "Match applied (L, 2 parts)");
+  EXPECT_NE(NetworkStateOf(session), started);
+  EXPECT_NE(analysis.tuning->txtZ1->text(), shown);  // the panel shows the new stage 1
+  EXPECT_TRUE(analysis.isVisible());
+  EXPECT_EQ(view(), before);
+
+  history.Undo();
+  EXPECT_EQ(NetworkStateOf(session), started);
+  EXPECT_EQ(view(), before);
 }
 
 }  // namespace

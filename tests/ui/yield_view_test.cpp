@@ -103,9 +103,9 @@ TEST_F(YieldViewTest, EachPartsToleranceReachesTheComputation) {
 
   for (int row = 1; row < 5; ++row) EditTolerance(row, "0");
   EXPECT_TRUE(window->Yield().parts.empty());
-  for (const YieldEnvelopePoint& p : window->Yield().envelope) {
-    EXPECT_DOUBLE_EQ(p.low, p.nominal);
-    EXPECT_DOUBLE_EQ(p.high, p.nominal);
+  for (const YieldEnvelopePoint& p : window->Yield().envelope) {  // kept to seven digits
+    EXPECT_FLOAT_EQ(p.low, p.nominal);
+    EXPECT_FLOAT_EQ(p.high, p.nominal);
   }
 }
 
