@@ -326,13 +326,15 @@ void DesignPage::OpenStagePart() {
     ShowEditor();
   }
   StagePartDialog dialog(session_, dialogs_, stage, this);
-  if (dialog.exec() != QDialog::Accepted) return;
+  const int result = dialog.exec();
+  if (result == StagePartDialog::kTwoPortChosen) return OpenTwoPort(dialog.Stage());
+  if (result != QDialog::Accepted) return;
   editor_.Open();
   ShowEditor();
 }
 
-void DesignPage::OpenTwoPort() {
-  TwoPortDialog dialog(session_, dialogs_, this);
+void DesignPage::OpenTwoPort(int stage) {
+  TwoPortDialog dialog(session_, dialogs_, stage, this);
   if (dialog.exec() != QDialog::Accepted) return;
   ReopenDesignPage();
   RecordStep(dialog.AppliedStep());

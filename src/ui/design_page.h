@@ -59,7 +59,7 @@ class DesignPage : public Page {
   void OnMouseDown(int button, double x, double y) override;
   void OpenMatch();
   void OpenStagePart();
-  void OpenTwoPort();
+  void OpenTwoPort(int stage = 0);
   void FinishPendingEdit() override;
   void Reload() override;
   bool OnUserClose() override;

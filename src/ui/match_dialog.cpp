@@ -32,7 +32,7 @@ Session Matched(const Session& session, const MatchSolution& solution) {
 
 bool HasStandardParts(const Session& session) {
   const std::vector<NetworkPart> parts = PartsOf(session);
-  return std::any_of(parts.begin(), parts.end(), [](const NetworkPart& p) { return p.kind != PartKind::Line; });
+  return std::any_of(parts.begin(), parts.end(), [](const NetworkPart& p) { return HasStandardValues(p.kind); });
 }
 
 }  // namespace

@@ -37,6 +37,7 @@ StagePartDialog::StagePartDialog(Session& session, Dialogs& dialogs, int stage, 
       forms(new QStackedWidget(this)),
       cmdApply(new QPushButton("Apply", this)),
       cmdCancel(new QPushButton("Cancel", this)),
+      cmdTwoPort(new QPushButton("Two-port from file...", this)),
       session_(session),
       dialogs_(dialogs) {
   setWindowTitle("Cable or transformer");
@@ -50,6 +51,7 @@ StagePartDialog::StagePartDialog(Session& session, Dialogs& dialogs, int stage, 
   choices->addRow("Into:", cboStage);
   choices->addRow("Part:", cboKind);
   auto* buttons = new QHBoxLayout;
+  buttons->addWidget(cmdTwoPort);
   buttons->addStretch();
   buttons->addWidget(cmdApply);
   buttons->addWidget(cmdCancel);
@@ -64,6 +66,7 @@ StagePartDialog::StagePartDialog(Session& session, Dialogs& dialogs, int stage, 
   connect(cboStage, &QComboBox::currentIndexChanged, this, &StagePartDialog::ShowStage);
   connect(cmdApply, &QPushButton::clicked, this, &StagePartDialog::Apply);
   connect(cmdCancel, &QPushButton::clicked, this, &QDialog::reject);
+  connect(cmdTwoPort, &QPushButton::clicked, this, [this] { done(kTwoPortChosen); });
   cboStage->setCurrentIndex((stage >= 1 && stage <= kLastStage ? stage : FirstFreeStage(session)) - 1);
   ShowStage();
 }

@@ -31,6 +31,12 @@ class StagePartDialog : public QDialog {
   QStackedWidget* forms;
   QPushButton* cmdApply;
   QPushButton* cmdCancel;
+  QPushButton* cmdTwoPort;  // "Two-port from file...": exec() returns kTwoPortChosen
+
+  // The result of exec() when the user goes on to a two-port block from a
+  // file for the chosen stage (TwoPortDialog), which has a dialog of its own.
+  static constexpr int kTwoPortChosen = 2;
+  int Stage() const { return cboStage->currentIndex() + 1; }
 
   // The undo step of the part put in: "Cable in stage 2".
   const QString& AppliedStep() const { return appliedStep_; }
@@ -41,7 +47,6 @@ class StagePartDialog : public QDialog {
   void AddForm(StagePartForm* form);
   void ShowStage();
   void Apply();
-  int Stage() const { return cboStage->currentIndex() + 1; }
 
   Session& session_;
   Dialogs& dialogs_;

@@ -16,7 +16,7 @@ constexpr const char* kTwoPortFiles = "Two-port Touchstone files (*.s2p *.ts)|*.
 
 }  // namespace
 
-TwoPortDialog::TwoPortDialog(Session& session, Dialogs& dialogs, QWidget* parent)
+TwoPortDialog::TwoPortDialog(Session& session, Dialogs& dialogs, int stage, QWidget* parent)
     : QDialog(parent),
       spnStage(new QSpinBox(this)),
       txtFile(new QLineEdit(this)),
@@ -30,7 +30,7 @@ TwoPortDialog::TwoPortDialog(Session& session, Dialogs& dialogs, QWidget* parent
       dialogs_(dialogs) {
   setWindowTitle("Two-port from file");
   spnStage->setRange(1, kLastStage);
-  spnStage->setValue(FirstFreeStage(session_));
+  spnStage->setValue(stage >= 1 && stage <= kLastStage ? stage : FirstFreeStage(session_));
   txtFile->setMinimumWidth(360);
   auto* browse = new QPushButton("Browse...", this);
   auto* fileRow = new QHBoxLayout;

@@ -22,7 +22,8 @@ class TwoPortDialog : public QDialog {
   Q_OBJECT
 
  public:
-  TwoPortDialog(Session& session, Dialogs& dialogs, QWidget* parent = nullptr);
+  // `stage` 1..5, or any other number for the first free stage.
+  TwoPortDialog(Session& session, Dialogs& dialogs, int stage = 0, QWidget* parent = nullptr);
 
   // The undo step's name once the block went in: "Two-port in stage 2".
   QString AppliedStep() const;

@@ -12,6 +12,7 @@
 #include "ui/session_history.h"
 #include "ui/stage_part_dialog.h"
 #include "ui/transformer_form.h"
+#include "ui/two_port_dialog.h"
 
 namespace kalvex {
 namespace {
@@ -123,6 +124,25 @@ TEST_F(StagePartTest, TheDesignPageOpensTheDialogAndRecordsOneStep) {
   testing::ClickPage(page, page.Editor().StageX[2] + 300, 1000);
   EXPECT_EQ(std::tuple(page.Editor().EditStage, page.Editor().LibraryArmed), std::tuple(2, 1));
   EXPECT_EQ(history.Stack().count(), 1);
+}
+
+// "Two-port from file..." goes on to the block's dialog for the stage chosen.
+TEST_F(StagePartTest, TwoPortFromFileOpensTheBlockDialogForTheChosenStage) {
+  DesignPage page(session, dialogs);
+  page.show();
+  QApplication::setActiveWindow(&page);
+  int blockStage = 0;
+  testing::WhenModalShows<StagePartDialog>([&blockStage](StagePartDialog& dialog) {
+    dialog.cboStage->setCurrentIndex(3);
+    testing::WhenModalShows<TwoPortDialog>([&blockStage](TwoPortDialog& block) {
+      blockStage = block.spnStage->value();
+      block.reject();
+    });
+    dialog.cmdTwoPort->click();
+  });
+  QTest::keyClick(&page, Qt::Key_C, Qt::ControlModifier | Qt::ShiftModifier);
+  EXPECT_EQ(blockStage, 4);
+  EXPECT_EQ(session.ElementType[4], Empty);
 }
 
 }  // namespace
