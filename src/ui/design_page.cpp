@@ -331,6 +331,7 @@ void DesignPage::OpenStagePart() {
   if (result != QDialog::Accepted) return;
   editor_.Open();
   ShowEditor();
+  RecordStep(dialog.AppliedStep());
 }
 
 void DesignPage::OpenTwoPort(int stage) {
