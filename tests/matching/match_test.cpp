@@ -270,7 +270,7 @@ TEST(Match, NoChebyshevWhereTheRippleCoversTheMismatch) {
 // Every single-stub match: two line lengths, each with an open and a shorted
 // stub, R = z0 included (its second line is a quarter wave).
 TEST(Match, EverySingleStubMatch) {
-  for (const auto [r, x, quarterWaveLines] : {std::tuple(50, 40, 2), {50, -120, 2}, {100, 50, 0}, {20, -35, 0}}) {
+  for (const auto& [r, x, quarterWaveLines] : {std::tuple(50, 40, 2), {50, -120, 2}, {100, 50, 0}, {20, -35, 0}}) {
     SCOPED_TRACE(std::to_string(r) + "+j" + std::to_string(x));
     const MatchResult result = FindMatches(WithLoad(r, x), MatchRequest{{MatchKind::Stub}});
     EXPECT_EQ(result.solutions.size(), 4u);
