@@ -16,9 +16,7 @@ using std::numbers::pi;
 // The shipped figures against an independent reference: the loss of a cable
 // of the published dimensions with smooth copper conductors (skin effect at
 // 1 MHz), which no real cable beats, and its insulation's own loss.
-struct Geometry {
-  double k1, k2, z0;  // dB per 100 m at 1 MHz; ohms
-};
+struct Geometry { double k1, k2, z0; };  // dB per 100 m at 1 MHz; ohms
 
 constexpr double kPerHundredMetres = 100 * 8.685889638065037;  // from Np/m
 const double kRs = std::sqrt(pi * 1e6 * 4e-7 * pi / 5.8e7);   // copper at 1 MHz

@@ -14,9 +14,29 @@
 namespace kalvex {
 namespace {
 
+// Decks run by ngspice: V(in) at the deck's one frequency, the working one, is
+// the input impedance the calculation gives (ngspice prints seven significant
+// digits).
 class SpiceDecks : public testing::TempDirTest, public ::testing::WithParamInterface<testing::Part> {
  protected:
-  // V(in) at the one frequency of the deck's sweep, as ngspice computes it.
+  void SetUp() override {
+    if (std::system("ngspice --version >/dev/null 2>&1") != 0) GTEST_SKIP() << "ngspice is not installed";
+    TempDirTest::SetUp();
+  }
+
+  // Returns the calculated input impedance, which `session`'s deck was checked against.
+  std::complex<double> ExpectNgspiceAgrees(Session session) {
+    testing::SweepOver(session, session.Frequency, session.Frequency, 1);
+    CalculateNetwork(session, 0);
+    const std::complex<double> expected(session.InputR, session.InputX);
+    const auto simulated = RunNgspice(MakeSpiceDeck(session).text);
+    EXPECT_TRUE(simulated.has_value());
+    const double error = simulated ? std::abs(*simulated - expected) : 0;
+    EXPECT_LT(error, 1e-6 * std::abs(expected)) << expected;
+    return expected;
+  }
+
+ private:
   std::optional<std::complex<double>> RunNgspice(const std::string& deck) {
     WriteFile("deck.cir", deck);
     const std::string command = "ngspice -b '" + PathOf("deck.cir") + "' 2>&1";
@@ -36,46 +56,22 @@ class SpiceDecks : public testing::TempDirTest, public ::testing::WithParamInter
   }
 };
 
-// Each part type in its network, run by ngspice at the working frequency:
-// V(in) is the input impedance the calculation gives.
+// Each part type in its network.
 TEST_P(SpiceDecks, NgspiceFindsTheCalculatedInputImpedance) {
-  if (std::system("ngspice --version >/dev/null 2>&1") != 0) {
-    GTEST_SKIP() << "ngspice is not installed: the deck is not run";
-  }
-  Session session = testing::NetworkAround(GetParam());
-  testing::SweepOver(session, 10e6, 10e6, 1);
-  CalculateNetwork(session, 0);
-  const std::complex<double> expected(session.InputR, session.InputX);
-  const auto simulated = RunNgspice(MakeSpiceDeck(session).text);
-  ASSERT_TRUE(simulated.has_value());
-  // ngspice prints seven significant digits.
-  EXPECT_LT(std::abs(*simulated - expected), 1e-6 * std::abs(expected))
-      << GetParam().name << ": " << *simulated << " against " << expected;
+  SCOPED_TRACE(GetParam().name);
+  ExpectNgspiceAgrees(testing::NetworkAround(GetParam()));
 }
 
 INSTANTIATE_TEST_SUITE_P(AllThirteen, SpiceDecks, ::testing::ValuesIn(testing::ThirteenParts()), testing::PartName);
-INSTANTIATE_TEST_SUITE_P(CableAndTransformer, SpiceDecks, ::testing::ValuesIn(testing::FeedParts()),
-                         testing::PartName);
+INSTANTIATE_TEST_SUITE_P(CableAndTransformer, SpiceDecks, ::testing::ValuesIn(testing::FeedParts()), testing::PartName);
 
 // An end-fed's transformer and cable with the L network that matches the
-// load seen through them: ngspice finds the input the calculation gives, the
-// matched 50 ohms less what the parts' Q moves it.
+// load seen through them: the matched 50 ohms less what the parts' Q moves it.
 TEST_F(SpiceDecks, NgspiceAgreesBeyondACableAndTransformer) {
-  if (std::system("ngspice --version >/dev/null 2>&1") != 0) {
-    GTEST_SKIP() << "ngspice is not installed: the deck is not run";
-  }
   Session session = testing::EndFedNetwork();
-  MatchRequest request;
-  request.kinds = {MatchKind::L};
-  ApplyMatch(session, FindMatches(session, request).solutions.front());
-  session.SweepStart = session.SweepStop = session.Frequency;
-  session.SweepPoints = 1;
-  CalculateNetwork(session, 0);
-  const std::complex<double> expected(session.InputR, session.InputX);
+  ApplyMatch(session, FindMatches(session, MatchRequest{{MatchKind::L}}).solutions.front());
+  const std::complex<double> expected = ExpectNgspiceAgrees(session);
   EXPECT_LT(std::abs((expected - 50.0) / (expected + 50.0)), 0.02);
-  const auto simulated = RunNgspice(MakeSpiceDeck(session).text);
-  ASSERT_TRUE(simulated.has_value());
-  EXPECT_LT(std::abs(*simulated - expected), 1e-6 * std::abs(expected)) << *simulated << " against " << expected;
 }
 
 TEST(SpiceDeck, WritesPlainExponentsAndTheSweep) {

@@ -14,20 +14,12 @@
 #include "matching/synthesis.h"
 #include "model/calculate.h"
 #include "model/reflection.h"
+#include "support/session_setup.h"
 
 namespace kalvex {
 namespace {
 
-Session WithLoad(double r, double x) {
-  Session session;
-  InitialiseSession(session);
-  session.LoadSource = 1;
-  session.Frequency = 14e6;
-  session.SystemZ = 50;
-  session.Value[0][1] = r;
-  session.Value[0][2] = x;
-  return session;
-}
+Session WithLoad(double r, double x) { return testing::SessionOnLoad(r, x, 14e6); }
 
 // The input impedance of `stages` on `session`'s load at `f` (lossless).
 Impedance InputAt(Session session, const std::vector<MatchStage>& stages, double f) {
@@ -40,10 +32,6 @@ Impedance InputAt(Session session, const std::vector<MatchStage>& stages, double
   return {session.InputR, session.InputX};
 }
 
-Impedance InputOf(const Session& session, const MatchSolution& solution) {
-  return InputAt(session, solution.stages, session.Frequency);
-}
-
 // |Γ| of `stages` on `session`'s load at `f`.
 double ReflectionAt(const Session& session, const std::vector<MatchStage>& stages, double f) {
   const Impedance z = InputAt(session, stages, f);
@@ -52,26 +40,19 @@ double ReflectionAt(const Session& session, const std::vector<MatchStage>& stage
 
 // Whether `solution`'s parts vanish at `f`: the input impedance there is the
 // load's own.
-bool PartsVanishAt(Session session, const MatchSolution& solution, double f) {
-  session.Frequency = f;
-  const Impedance z = InputOf(session, solution);
+bool PartsVanishAt(const Session& session, const MatchSolution& solution, double f) {
+  const Impedance z = InputAt(session, solution.stages, f);
   const Impedance load{session.Value[0][1], session.Value[0][2]};
   return std::hypot(z.R - load.R, z.X - load.X) < 1e-3 * (std::hypot(load.R, load.X) + session.SystemZ);
 }
 
-// Every solution of every kind turns the load into the system impedance, for
-// loads inductive and capacitive, above and below it, near the centre and
-// near the rim; the L networks number as many as exist. Each solution's
-// labels follow what its parts do in the calculation: DC reaches the load
-// when the parts vanish far below the working frequency; a lumped network
-// passes the end of the spectrum where its parts vanish, one with a line is
-// band-pass (a line repeats along the frequency axis). The table and the
-// JSON write the same labels.
+// Every solution of every kind matches loads all over the chart, with as many
+// L networks as exist. Its labels, in the table and the JSON alike, follow its
+// parts: DC reaches the load when they vanish far below the working frequency;
+// a lumped network passes the end of the spectrum where they vanish; a line
+// repeats along the frequency axis, so a network with one is band-pass.
 TEST(Match, EverySolutionMatchesWithTheLabelsItsPartsEarn) {
-  struct Case {
-    double r, x;
-    int lNetworks;
-  };
+  struct Case { double r, x; int lNetworks; };
   std::set<std::pair<std::string, bool>> seen;
   std::set<MatchKind> kinds;
   // 10 - j20 lies on the unit-conductance circle: its one shunt-first network
@@ -106,7 +87,7 @@ TEST(Match, EverySolutionMatchesWithTheLabelsItsPartsEarn) {
       EXPECT_EQ(json[n]["dc"], dc) << where;
       seen.insert({response, lows});
       kinds.insert(solution.kind);
-      const Impedance z = InputOf(session, solution);
+      const Impedance z = InputAt(session, solution.stages, session.Frequency);
       if (solution.kind == MatchKind::Chebyshev) {
         // An equal-ripple transformer is within its ripple at the centre, not exact.
         EXPECT_LE(PlotImpedance(z.R, z.X, 50).rho, 1.03 * RippleReflection(0.1)) << where;
@@ -132,8 +113,7 @@ bool IsSeriesPart(int16_t type) { return type == SeriesCapacitor || type == Seri
 // only the kind it is too small for, and every other kind is still listed.
 TEST(Match, PiAndTTakeTheLoadedQ) {
   const Session session = WithLoad(200, -30);
-  MatchRequest request;
-  request.kinds = {MatchKind::Pi, MatchKind::T};
+  MatchRequest request{{MatchKind::Pi, MatchKind::T}};
   request.loadedQ = 5;
   const MatchResult result = FindMatches(session, request);
   EXPECT_EQ(result.solutions.size(), 8u);
@@ -157,11 +137,9 @@ TEST(Match, PiAndTTakeTheLoadedQ) {
   }
   // On a real load, at exactly the smallest Q, one part vanishes: that is an
   // L network, not listed again.
-  for (const MatchKind kind : {MatchKind::Pi, MatchKind::T}) {
-    request.kinds = {kind};
-    request.loadedQ = std::sqrt(3.0);
-    EXPECT_TRUE(FindMatches(WithLoad(200, 0), request).solutions.empty()) << MatchKindName(kind);
-  }
+  request = MatchRequest{{MatchKind::Pi, MatchKind::T}};
+  request.loadedQ = std::sqrt(3.0);
+  EXPECT_TRUE(FindMatches(WithLoad(200, 0), request).solutions.empty());
   EXPECT_EQ(DefaultLoadedQ({200, -30}, 50), 2 * SmallestPiQ({200, -30}, 50));
   EXPECT_EQ(DefaultLoadedQ({55, 0}, 50), 1);
 }
@@ -169,8 +147,7 @@ TEST(Match, PiAndTTakeTheLoadedQ) {
 // A matched load needs nothing: no network is listed.
 TEST(Match, AMatchedLoadListsNothing) {
   const MatchResult result = FindMatches(WithLoad(50, 1e-12), MatchRequest{});
-  EXPECT_TRUE(result.alreadyMatched);
-  EXPECT_TRUE(result.solutions.empty());
+  EXPECT_TRUE(result.alreadyMatched && result.solutions.empty());
   EXPECT_FALSE(FindMatches(WithLoad(50, 1e-6), MatchRequest{}).alreadyMatched);
 }
 
@@ -179,16 +156,12 @@ TEST(Match, AMatchedLoadListsNothing) {
 // capacitor, and the figure follows it.
 TEST(Match, WorstVSWROverTheBandInView) {
   Session session = WithLoad(25, -40);
-  session.SweepStart = 13e6;
-  session.SweepStop = 15e6;
-  session.SweepPoints = 21;
-  MatchRequest request;
-  request.kinds = {MatchKind::L};
+  testing::SweepOver(session, 13e6, 15e6, 21);
+  MatchRequest request{{MatchKind::L}};
   const MatchResult inSweep = FindMatches(session, request);
   EXPECT_TRUE(inSweep.band.fromSweep);
   EXPECT_EQ(inSweep.band.start, 13e6);
-  session.SweepStart = 20e6;
-  session.SweepStop = 30e6;
+  testing::SweepOver(session, 20e6, 30e6, 21);
   const MatchResult around = FindMatches(session, request);
   EXPECT_FALSE(around.band.fromSweep);
   EXPECT_NEAR(around.band.start, 12.6e6, 1e-3);
@@ -209,20 +182,11 @@ TEST(Match, WorstVSWROverTheBandInView) {
   EXPECT_GT(std::fabs(fitted.worstVSWR - first.worstVSWR), 0.01);
 }
 
-TEST(Match, BinomialSectionsFromTheirClosedForm) {
-  const std::vector<double> binomial = BinomialSections(50, 200, 3);
-  // ln(Z[n+1]/Z[n]) = 2^-N C(N, n) ln(ZL/Z0): steps of 1/8, 3/8, 3/8, 1/8 of ln 4.
-  EXPECT_EQ(binomial.size(), 3u);
-  for (std::size_t n = 0; n < binomial.size(); ++n) EXPECT_NEAR(binomial[n], 50 * std::pow(4, (1 + 3 * n) / 8.0), 1e-9);
-}
-
 // The equal-ripple steps as the textbook writes them out for N = 2..5, with
-// A = Γm and sec θm = cosh(acosh(|ln(ZL/Z0)| / 2Γm) / N), Z[n+1] = Z[n] e^(2Γn).
-TEST(Match, ChebyshevSectionsAreTheTextbookOnes) {
-  struct Case {
-    int sections;
-    double zl, gammaMax;
-  };
+// A = Γm and sec θm = cosh(acosh(|ln(ZL/Z0)| / 2Γm) / N), Z[n+1] = Z[n] e^(2Γn);
+// the binomial ones from ln(Z[n+1]/Z[n]) = 2^-N C(N, n) ln(ZL/Z0).
+TEST(Match, TransformerSectionsAreTheTextbookOnes) {
+  struct Case { int sections; double zl, gammaMax; };
   for (const Case& c : {Case{2, 100, 0.05}, Case{3, 100, 0.05}, Case{4, 100, 0.05}, Case{5, 100, 0.02},
                         Case{4, 12.5, 0.1}, Case{3, 300, 0.15}}) {
     const double lnRatio = std::log(c.zl / 50);
@@ -233,10 +197,7 @@ TEST(Match, ChebyshevSectionsAreTheTextbookOnes) {
       case 2: g = {a * s * s / 2, a * (s * s - 1)}; break;
       case 3: g = {a * std::pow(s, 3) / 2, 3 * a * (std::pow(s, 3) - s) / 2}; break;
       case 4: g = {a * std::pow(s, 4) / 2, 2 * a * (std::pow(s, 4) - s * s), a * (3 * std::pow(s, 4) - 4 * s * s + 1)}; break;
-      case 5:
-        g = {a * std::pow(s, 5) / 2, 5 * a * (std::pow(s, 5) - std::pow(s, 3)) / 2,
-             5 * a * (2 * std::pow(s, 5) - 3 * std::pow(s, 3) + s) / 2};
-        break;
+      case 5: g = {a * std::pow(s, 5) / 2, 5 * a * (std::pow(s, 5) - std::pow(s, 3)) / 2, 5 * a * (2 * std::pow(s, 5) - 3 * std::pow(s, 3) + s) / 2}; break;
     }
     const std::vector<double> sections = ChebyshevSections(50, c.zl, c.sections, c.gammaMax);
     ASSERT_EQ(sections.size(), static_cast<std::size_t>(c.sections));
@@ -247,18 +208,21 @@ TEST(Match, ChebyshevSectionsAreTheTextbookOnes) {
     }
   }
   EXPECT_TRUE(ChebyshevSections(50, 55, 4, 0.05).empty());  // ln(55/50)/2 = 0.048: no ripple to trade
+  // Three binomial steps of 1/8, 3/8, 3/8, 1/8 of ln 4 from 50 to 200 ohms.
+  const std::vector<double> binomial = BinomialSections(50, 200, 3);
+  ASSERT_EQ(binomial.size(), 3u);
+  for (std::size_t n = 0; n < 3; ++n) EXPECT_NEAR(binomial[n], 50 * std::pow(4, (1 + 3 * n) / 8.0), 1e-9);
 }
 
 // The band around f0 (a fraction of it) over which |Γ| stays at or below `limit`.
 double Passband(const Session& session, const std::vector<MatchStage>& stages, double limit) {
-  const double f0 = session.Frequency;
-  double edges[2] = {0, 0};
-  for (const int side : {0, 1}) {
+  double width = 0;
+  for (const double side : {-1.0, 1.0}) {
     double step = 0;
-    while (step < 1 && ReflectionAt(session, stages, f0 * (1 + (side ? step : -step))) <= limit) step += 1e-4;
-    edges[side] = step;
+    while (step < 1 && ReflectionAt(session, stages, session.Frequency * (1 + side * step)) <= limit) step += 1e-4;
+    width += step;
   }
-  return edges[0] + edges[1];
+  return width;
 }
 
 // Four sections from a real 100 ohm load to 50 ohms, ripple 0.0458 dB (|Γ| 0.1):
@@ -266,12 +230,11 @@ double Passband(const Session& session, const std::vector<MatchStage>& stages, d
 // 2 - 4θm/π, far wider than the binomial one of the same order, and shows its
 // ripple's peak at the centre (an even N); the odd N has a zero there.
 TEST(Match, ChebyshevPassbandIsTheTextbookOne) {
-  Session session = WithLoad(100, 0);
+  const Session session = WithLoad(100, 0);
   const double rippleDb = -10 * std::log10(1 - 0.1 * 0.1);
   const double gammaMax = RippleReflection(rippleDb);
   ASSERT_NEAR(gammaMax, 0.1, 1e-12);
-  MatchRequest request;
-  request.kinds = {MatchKind::Binomial, MatchKind::Chebyshev};
+  MatchRequest request{{MatchKind::Binomial, MatchKind::Chebyshev}};
   request.rippleDb = rippleDb;
   for (const int n : {3, 4}) {
     request.sections = n;
@@ -294,8 +257,7 @@ TEST(Match, ChebyshevPassbandIsTheTextbookOne) {
 // Where the ripple asked for is at least the load's own |Γ| no Chebyshev
 // transformer exists: none is listed, a note says why.
 TEST(Match, NoChebyshevWhereTheRippleCoversTheMismatch) {
-  MatchRequest request;
-  request.kinds = {MatchKind::Chebyshev};
+  MatchRequest request{{MatchKind::Chebyshev}};
   request.rippleDb = 1;  // |Γ| 0.45
   const MatchResult result = FindMatches(WithLoad(60, 30), request);
   EXPECT_TRUE(result.solutions.empty());
@@ -308,20 +270,13 @@ TEST(Match, NoChebyshevWhereTheRippleCoversTheMismatch) {
 // Every single-stub match: two line lengths, each with an open and a shorted
 // stub, R = z0 included (its second line is a quarter wave).
 TEST(Match, EverySingleStubMatch) {
-  struct Case {
-    double r, x;
-    bool quarterWave;
-  };
-  for (const Case& c : {Case{50, 40, true}, Case{50, -120, true}, Case{100, 50, false}, Case{20, -35, false}}) {
-    MatchRequest request;
-    request.kinds = {MatchKind::Stub};
-    const MatchResult result = FindMatches(WithLoad(c.r, c.x), request);
-    EXPECT_EQ(result.solutions.size(), 4u) << c.r << "+j" << c.x;
-    int quarterWaveLines = 0;
-    for (const MatchSolution& s : result.solutions) {
-      quarterWaveLines += std::fabs(s.stages.front().values[1] - 90) < 1e-9 ? 1 : 0;
-    }
-    EXPECT_EQ(quarterWaveLines, c.quarterWave ? 2 : 0) << c.r << "+j" << c.x;
+  for (const auto& [r, x, quarterWaveLines] : {std::tuple(50, 40, 2), {50, -120, 2}, {100, 50, 0}, {20, -35, 0}}) {
+    SCOPED_TRACE(std::to_string(r) + "+j" + std::to_string(x));
+    const MatchResult result = FindMatches(WithLoad(r, x), MatchRequest{{MatchKind::Stub}});
+    EXPECT_EQ(result.solutions.size(), 4u);
+    EXPECT_EQ(std::count_if(result.solutions.begin(), result.solutions.end(),
+                            [](const MatchSolution& s) { return std::fabs(s.stages.front().values[1] - 90) < 1e-9; }),
+              quarterWaveLines);
   }
 }
 
@@ -347,11 +302,7 @@ TEST(Match, ApplyFillsTheStages) {
 TEST(Match, BeyondCablesAndTransformers) {
   const std::array<double, kSlotCount> rg58 = {0, 30, 50, 0.66, 1.3807, 0.022686};
   const std::array<double, kSlotCount> ratio4 = {0, 4};
-  struct Case {
-    std::vector<std::pair<int16_t, std::array<double, kSlotCount>>> kept;
-    double r, x;
-    bool room;
-  } const cases[] = {
+  struct Case { std::vector<std::pair<int16_t, std::array<double, kSlotCount>>> kept; double r, x; bool room; } const cases[] = {
       {{{Transformer, {0, 49, 20e-6, 0.2e-6}}, {CoaxialCable, rg58}}, 2450, 300, true},
       {{{SeriesInductor, {0, 1e-6, 100}}, {CoaxialCable, rg58}}, 30, 10, true},
       {{{CoaxialCable, rg58}, {ShuntCapacitor, {0, 30e-12, 500}}, {Transformer, ratio4}}, 12, -40, true},

@@ -24,9 +24,7 @@ constexpr double kHardCaseReferenceDb = 20.7467;
 // closed form, each value then made ten times wrong.
 Session MistunedL() {
   Session session = testing::SessionOnLoad(25, 80, 14e6);
-  MatchRequest request;
-  request.kinds = {MatchKind::L};
-  for (const MatchSolution& s : FindMatches(session, request).solutions) {
+  for (const MatchSolution& s : FindMatches(session, MatchRequest{{MatchKind::L}}).solutions) {
     if (s.response == MatchResponse::LowPass) ApplyMatch(session, s);
   }
   session.Value[1][1] *= 10;
@@ -43,8 +41,7 @@ TEST(Optimise, FreesTheTransformerRatioAndTheCableLength) {
   session.ElementType = {0, Transformer, CoaxialCable};
   session.Value[1] = {0, 9};
   session.Value[2] = {0, 10, 75, 0.66};
-  const OptimiseResult result = Optimise(session, {{1, 2}, false, false});
-  ApplyOptimised(session, result);
+  ApplyOptimised(session, Optimise(session, {{1, 2}, false, false}));
   CalculateNetwork(session, 0);
   EXPECT_LT(PlotImpedance(session.InputR, session.InputX, 50).rho, 1e-4);
   EXPECT_NE(session.Value[1][1], 9);
@@ -74,12 +71,8 @@ TEST(Optimise, IsDeterministicAndNeverWorse) {
 TEST(Optimise, AStartNothingBettersIsReturnedAsItIs) {
   enum class Goal { Working, Sweep, LoadData };
   const double b = 2 * std::numbers::pi * 15e6 * 1e-15 * 50;  // the capacitor's susceptance at 15 MHz, × 50
-  struct Case {
-    int16_t type;
-    double value, loadR;
-    Goal goal;
-    double reflection;  // at the start, the worst over the goal
-  };
+  // `reflection`: the start's worst over the goal.
+  struct Case { int16_t type; double value, loadR; Goal goal; double reflection; };
   for (const Case& c : {Case{SeriesResistor, 25, 25, Goal::Working, 0}, {SeriesResistor, 25, 25, Goal::Sweep, 0},
                         {SeriesResistor, 25, 25, Goal::LoadData, 0}, {SeriesLine, 30, 50, Goal::Sweep, 0},
                         {SeriesResistor, 1, 50, Goal::Working, 1 / 101.0},
@@ -103,8 +96,9 @@ TEST(Optimise, AStartNothingBettersIsReturnedAsItIs) {
   }
 }
 
-// The worst VSWR of `session`'s network over its sweep, its load as `model` takes it.
-double BandWorst(const Session& session, LoadModel model) {
+// The worst VSWR over the sweep of `session` with `result` applied, its load as `model` takes it.
+double AppliedWorst(Session session, const OptimiseResult& result, LoadModel model = LoadModel::Fixed) {
+  ApplyOptimised(session, result);
   return ComputeBandFigures(session, {2}, model).worst.vswr;
 }
 
@@ -116,9 +110,7 @@ TEST(Optimise, ReachesTheLongRunsBestOnAHardCase) {
   const testing::HardMatch hard = testing::HardMatches(201)[1];
   const OptimiseResult result = Optimise(hard.session, {hard.free, false, true});
   EXPECT_GT(ReturnLossDb((result.after - 1) / (result.after + 1)), kHardCaseReferenceDb - 0.05);
-  Session applied = hard.session;
-  ApplyOptimised(applied, result);
-  EXPECT_NEAR(BandWorst(applied, LoadModel::Fixed), result.after, 1e-9 * result.after);
+  EXPECT_NEAR(AppliedWorst(hard.session, result), result.after, 1e-9 * result.after);
 }
 
 // By default every value stays where parts can be built (a reactance of 0.01
@@ -134,9 +126,8 @@ TEST(Optimise, PracticalBoundsAndUselessParts) {
   const OptimiseResult practical = Optimise(session, {{1, 2, 3}, false, false});
   ASSERT_EQ(practical.stages.size(), 3u);
   for (const OptimisedStage& stage : practical.stages) {
-    const double reactance = stage.type == SeriesCapacitor || stage.type == ShuntCapacitor
-                                 ? 1 / (omega * stage.values[1])
-                                 : omega * stage.values[1];
+    const bool capacitor = stage.type == SeriesCapacitor || stage.type == ShuntCapacitor;
+    const double reactance = capacitor ? 1 / (omega * stage.values[1]) : omega * stage.values[1];
     EXPECT_GE(reactance, 0.5 * (1 - 1e-9));
     EXPECT_LE(reactance, 5000 * (1 + 1e-9));
   }
@@ -152,9 +143,7 @@ TEST(Optimise, PracticalBoundsAndUselessParts) {
   EXPECT_EQ(OptimisedPartsNote(useless),
             "Stage 3 (series capacitor) ended on a bound of its range.\n"
             "Stage 3 (series capacitor) has a negligible reactance: it could be left out.\n");
-  OptimiseRequest wide{{3}, false, false};
-  wide.wideBounds = true;
-  EXPECT_GT(Optimise(session, wide).stages[0].values[1], 100 / (omega * 0.5));
+  EXPECT_GT(Optimise(session, {{3}, false, false, true}).stages[0].values[1], 100 / (omega * 0.5));
 }
 
 // A stop asked for keeps the best network found so far: never worse than the
@@ -171,9 +160,7 @@ TEST(Optimise, CancelKeepsTheStoppedRunsBest) {
     EXPECT_TRUE(result.cancelled) << stopAfter;
     EXPECT_LE(result.after, result.before) << stopAfter;
     EXPECT_LE(result.after, lastReported) << stopAfter;
-    Session applied = hard.session;
-    ApplyOptimised(applied, result);
-    EXPECT_NEAR(BandWorst(applied, LoadModel::Fixed), result.after, 1e-9 * result.after) << stopAfter;
+    EXPECT_NEAR(AppliedWorst(hard.session, result), result.after, 1e-9 * result.after) << stopAfter;
   }
 }
 
@@ -186,15 +173,9 @@ TEST(Optimise, FollowsTheLoadModel) {
   OptimiseRequest request{{1, 2}, false, true};
   request.loadModel = LoadModel::Fitted;
   const OptimiseResult fitted = Optimise(session, request);
-  Session applied = session;
-  ApplyOptimised(applied, fitted);
-  EXPECT_NEAR(BandWorst(applied, LoadModel::Fitted), fitted.after, 1e-9 * fitted.after);
-  // The network tuned for a fixed load is worse on the fitted one.
-  Session tunedFixed = session;
-  ApplyOptimised(tunedFixed, Optimise(session, {{1, 2}, false, true}));
-  EXPECT_GT(BandWorst(tunedFixed, LoadModel::Fitted), fitted.after + 0.01);
+  EXPECT_NEAR(AppliedWorst(session, fitted, LoadModel::Fitted), fitted.after, 1e-9 * fitted.after);
+  EXPECT_GT(AppliedWorst(session, Optimise(session, {{1, 2}, false, true}), LoadModel::Fitted), fitted.after + 0.01);
 }
-
 
 // A free lossy cable stays within half a wavelength of its length; free over
 // everything the page takes, it "matches" by growing until its loss hides

@@ -34,7 +34,6 @@ TEST(PartsList, EveryPartWithItsSeriesAndTolerance) {
             "4,shunt capacitor,3 nF,E24,2 %\n");
 }
 
-
 // A cable goes by its catalogue name where its figures are a catalogue
 // cable's, else by its figures; a transformer by its ratio and windings.
 TEST(PartsList, CablesAndTransformers) {

@@ -17,8 +17,7 @@ namespace {
 Session MatchedPi() {
   Session session = testing::FiveStageNetwork();
   session.ElementType = {};
-  MatchRequest request;
-  request.kinds = {MatchKind::Pi};
+  MatchRequest request{{MatchKind::Pi}};
   request.loadedQ = 3;
   for (const MatchSolution& s : FindMatches(session, request).solutions) {
     if (s.response == MatchResponse::LowPass) ApplyMatch(session, s);
@@ -32,14 +31,8 @@ double Worst(Session session) { return BandResponse(session).WorstVSWR(session);
 TEST(Snap, NeverWorseThanRoundingAndOnItsSeries) {
   const Session session = MatchedPi();
   ASSERT_EQ(session.ElementType[2], SeriesInductor);
-  struct Case {
-    std::vector<int> stages;
-    SeriesChoice series;
-  } const cases[] = {
-      {{1, 3}, {}},
-      {{1, 2, 3}, {ESeries::E6, ESeries::E6, ESeries::E96}},
-      {{2}, {ESeries::E24, ESeries::E3, ESeries::E96}},
-  };
+  struct Case { std::vector<int> stages; SeriesChoice series; } const cases[] = {
+      {{1, 3}, {}}, {{1, 2, 3}, {ESeries::E6, ESeries::E6, ESeries::E96}}, {{2}, {ESeries::E24, ESeries::E3, ESeries::E96}}};
   for (const Case& c : cases) {
     SCOPED_TRACE(c.stages.size());
     const SnapResult result = SnapToStandardValues(session, {c.stages, c.series});
@@ -73,7 +66,6 @@ TEST(Snap, AllPartsSnappedIsTheBestOfEveryCombination) {
   EXPECT_LE(result.after, best + 1e-12);
   EXPECT_EQ(result.stages.size(), 3u);
 }
-
 
 // Cables and transformers have no standard values: snap leaves them on
 // theirs, and re-tunes the cable's length and the ratio only when asked.

@@ -40,11 +40,7 @@ const double kXc = 1 / (kOmega * 47e-12);
 const double kShuntCDb = 10 * std::log10(1 + 200 * (kXc / 100) / (kXc * kXc / 1e4 + kXc * kXc));
 
 TEST(NetworkLoss, AgreesWithTheClosedForms) {
-  struct Case {
-    const char* name;
-    Session session;
-    double db;
-  } const cases[] = {
+  struct Case { const char* name; Session session; double db; } const cases[] = {
       {"matched cable", Network(50, 0, {{CoaxialCable, kRG58}}), kMatchedDb},
       {"cable into 150 ohm", Network(150, 0, {{CoaxialCable, kRG58}}), MismatchedCableDb(150)},
       {"cable into 12 ohm", Network(12, 0, {{CoaxialCable, kRG58}}), MismatchedCableDb(12)},
