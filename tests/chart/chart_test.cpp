@@ -29,9 +29,7 @@ class ChartTest : public ::testing::Test {
   }
   std::vector<Gamma> LineEndsIn(Colour colour) const {
     std::vector<Gamma> ends;
-    for (const DrawCommand& line : testing::LinesIn(list, colour)) {
-      ends.push_back(ChartView::Of(session).PageToGamma(line.b));
-    }
+    for (const DrawCommand& line : testing::LinesIn(list, colour)) ends.push_back(ChartView::Of(session).PageToGamma(line.b));
     return ends;
   }
   std::tuple<float, float, double> View() const {
@@ -107,9 +105,7 @@ TEST_F(ChartTest, QArcsCrossTheAxisWhereTheirQSaysAndTurnWhiteBeyondTheChart) {
   const std::vector<Gamma> ends = LineEndsIn(kTeal);
   for (double sign : {+1.0, -1.0}) {
     double nearest = 1;
-    for (const Gamma& g : ends) {
-      nearest = std::min(nearest, std::hypot(g.u, g.v - sign * (std::sqrt(2.0) - 1)));
-    }
+    for (const Gamma& g : ends) nearest = std::min(nearest, std::hypot(g.u, g.v - sign * (std::sqrt(2.0) - 1)));
     EXPECT_LT(nearest, 0.002) << sign;
   }
   // Every impedance on the arcs has |X| = R: both over |1 − Γ|², 2|v| = 1 − |Γ|².
@@ -122,9 +118,7 @@ TEST_F(ChartTest, QArcsCrossTheAxisWhereTheirQSaysAndTurnWhiteBeyondTheChart) {
   const std::vector<DrawCommand> white = testing::LinesIn(list, kWhite);
   ASSERT_FALSE(white.empty());
   for (const DrawCommand& line : white) EXPECT_GE(std::fabs(line.b.x - 8000), 0.75 * 3000);
-  for (const DrawCommand& line : testing::LinesIn(list, kTeal)) {
-    EXPECT_LT(std::fabs(line.b.x - 8000), 0.75 * 3000);
-  }
+  for (const DrawCommand& line : testing::LinesIn(list, kTeal)) EXPECT_LT(std::fabs(line.b.x - 8000), 0.75 * 3000);
   // 1,801 points from 0 to 180 degrees on each of the two arcs.
   EXPECT_EQ(white.size() + testing::LinesIn(list, kTeal).size(), 2u * 1800);
   for (const auto& [entered, drawn] : {std::pair{0.0f, 2.0f}, {0.05f, 0.1f}, {25.0f, 20.0f}}) {
@@ -163,8 +157,8 @@ TEST(OverlaySettings, AcceptTheirRangeAndRefuseBeyondIt) {
     InitialiseSession(session);
     testing::FakeDialogs dialogs;
     EXPECT_EQ(AcceptOverlaySetting(session, dialogs, overlay, typed), accepted) << typed;
-    const char* refusal = overlay == Overlay::QArcs ? "Q must be between .1 and 20"
-                                                    : "VSWR circle radius must be between 1.01 and 20";
+    const char* refusal =
+        overlay == Overlay::QArcs ? "Q must be between .1 and 20" : "VSWR circle radius must be between 1.01 and 20";
     EXPECT_EQ(dialogs.MessageTexts(), testing::FakeDialogs::Only(accepted ? nullptr : refusal));
     EXPECT_EQ(OverlaySettingText(session, overlay), typed);
   }
@@ -220,9 +214,7 @@ TEST(NetworkPath, SkipsPointsThatAreNotFinite) {
   session.ChartRadius = 3000;
   DisplayList list;
   DrawNetworkArcs(session, list);
-  for (const DrawCommand& c : list.Commands()) {
-    ASSERT_TRUE(std::isfinite(c.a.x + c.a.y + c.b.x + c.b.y));
-  }
+  for (const DrawCommand& c : list.Commands()) ASSERT_TRUE(std::isfinite(c.a.x + c.a.y + c.b.x + c.b.y));
   EXPECT_LT(TraceNetworkPath(session).size(), 5000u);
 }
 

@@ -99,15 +99,13 @@ TEST_F(HostileInputTest, ExitStepsSayWhatWasNotSaved) {
   EXPECT_EQ(EndAndQuit(network, dialogs, PathOf(kLastSessionFileName)),
             "Data for this session has been saved as 'LastSession'");
   EXPECT_EQ(std::pair(NetworkIsEmpty(network), NetworkIsEmpty(Session{})), std::pair(false, true));
-  EXPECT_EQ(EndAndQuit(network, dialogs, unwritable),
-            "Nothing was saved: cannot write " + unwritable + ": Not a directory");
+  EXPECT_EQ(EndAndQuit(network, dialogs, unwritable), "Nothing was saved: cannot write " + unwritable + ": Not a directory");
   dialogs.fileNames = {PathOf("file/net"), PathOf("net2")};
   EXPECT_EQ(SaveThenExit(network, dialogs, PathOf(kLastSessionFileName)),
             "The network was not saved: cannot write " + PathOf("file/net.SSF") +
                 ": Not a directory. The last session was saved.");
   EXPECT_EQ(SaveThenExit(network, dialogs, unwritable),
-            "The network was saved; the last session was not: cannot write " + unwritable +
-                ": Not a directory");
+            "The network was saved; the last session was not: cannot write " + unwritable + ": Not a directory");
   // A cancelled chooser saves nothing and leaves FileName empty, as it answered.
   EXPECT_EQ(SaveThenExit(network, dialogs, PathOf(kLastSessionFileName)), std::nullopt);
   EXPECT_EQ(network.FileName, "");
@@ -134,8 +132,7 @@ TEST_F(HostileInputTest, AKilledWritersTemporaryGoesWithTheNextWrite) {
 TEST_F(HostileInputTest, AFullStandardOutputIsAFailure) {
   for (const char* command : {" impedance '", " optimize --free 1 '"}) {
     SCOPED_TRACE(command);
-    const std::string line = std::string(KALVEX_CLI) + command + PathOf("net.SSF") +
-                             "' >/dev/full 2>'" + PathOf("err") + "'";
+    const std::string line = std::string(KALVEX_CLI) + command + PathOf("net.SSF") + "' >/dev/full 2>'" + PathOf("err") + "'";
     EXPECT_EQ(WEXITSTATUS(std::system(line.c_str())), kExitFailed);
     EXPECT_TRUE(Holds(ReadFile("err"), "cannot write to standard output"));
   }

@@ -65,15 +65,13 @@ class NetworkFileTest : public testing::TempDirTest {
 TEST_F(NetworkFileTest, WritesTheLayoutLineByLine) {
   const std::vector<std::string> lines = WrittenLines();
   const std::pair<int, const char*> expected[] = {
-      {0, "Kalvex network file"}, {1, "2026-11-22 12:00:00"}, {2, ""},
-      {3, "Frequency:  14000000 "}, {4, "System impedance:  75 "}, {6, "Antenna R:  36.5 "},
-      {7, "Antenna X: -12.25 "}, {9, "Element type for stage 1: 3 "},
-      {10, "   Value(1):  1E-06 "}, {11, "   Value(2):  200 "}, {14, "   Value(5):  0 "},
-      {15, ""}, {16, "Element type for stage 2: 2 "}, {17, "   Value(1):  4.7E-10 "},
+      {0, "Kalvex network file"}, {1, "2026-11-22 12:00:00"}, {2, ""}, {3, "Frequency:  14000000 "},
+      {4, "System impedance:  75 "}, {6, "Antenna R:  36.5 "}, {7, "Antenna X: -12.25 "},
+      {9, "Element type for stage 1: 3 "}, {10, "   Value(1):  1E-06 "}, {11, "   Value(2):  200 "},
+      {14, "   Value(5):  0 "}, {15, ""}, {16, "Element type for stage 2: 2 "}, {17, "   Value(1):  4.7E-10 "},
       {30, "Element type for stage 4: 5 "}, {31, "   Value(1):  33.3333333333333 "},
-      {37, "Element type for stage 5: 0 "}, {43, ""}, {44, ""},
-      {45, "Q circle value:  2 "}, {46, "VSWR circle value:  1.5 "},
-      {47, "Sweep start:  13500000 "}, {48, "Sweep stop:  14500000 "},
+      {37, "Element type for stage 5: 0 "}, {43, ""}, {44, ""}, {45, "Q circle value:  2 "},
+      {46, "VSWR circle value:  1.5 "}, {47, "Sweep start:  13500000 "}, {48, "Sweep stop:  14500000 "},
       {49, "Number of points: 100 "}};
   for (const auto& [index, text] : expected) EXPECT_EQ(lines[index], text) << index;
   EXPECT_TRUE(ReadFile("net.SSF").ends_with("\r\n"));
@@ -91,8 +89,7 @@ TEST_F(NetworkFileTest, RoundTripRestoresTheSession) {
     }
     const std::vector<std::string> lines = WrittenLines();
     if (feed) EXPECT_EQ(std::tuple(lines[9], lines[16], lines[21]),
-                        std::tuple("Element type for stage 1: 16 ", "Element type for stage 2: 15 ",
-                                   "   Value(5):  .0213 "));
+                        std::tuple("Element type for stage 1: 16 ", "Element type for stage 2: 15 ", "   Value(5):  .0213 "));
     ASSERT_TRUE(ReadLines(lines));
     EXPECT_TRUE(dialogs.messages.empty());
     EXPECT_EQ(std::tuple(read.Frequency, read.SystemZ, read.Value[0], read.ElementType, read.VSWRCircle,
@@ -137,8 +134,8 @@ TEST_F(NetworkFileTest, FailingChecksSayWhichFileAndFallBackOnDefaults) {
     lines[line] = text;
     dialogs.messages.clear();
     EXPECT_FALSE(ReadLines(lines)) << text;
-    EXPECT_EQ(dialogs.MessageTexts(), std::vector<std::string>{"We had a problem reading file " +
-                                                               PathOf("in.SSF") + kProblemTail});
+    EXPECT_EQ(dialogs.MessageTexts(),
+              std::vector<std::string>{"We had a problem reading file " + PathOf("in.SSF") + kProblemTail});
     ExpectNetworkDefaults();
   }
   EXPECT_FLOAT_EQ(read.QCircle, 0.05f);  // a value read before the failure stays
@@ -149,8 +146,7 @@ TEST_F(NetworkFileTest, LastSessionRestoresWhatTheNetworkReaderRefusesAndAFailed
   WriteLastSession(written, dialogs, PathOf(kLastSessionFileName));
   EXPECT_EQ(SplitLines(ReadFile(kLastSessionFileName))[0], "Kalvex last-session file");
   ReadLastSession(read, PathOf(kLastSessionFileName));
-  EXPECT_EQ(read.Value[0][1], 0.5);
-  EXPECT_EQ(read.ElementType[1], SeriesInductor);
+  EXPECT_EQ(std::pair(read.Value[0][1], read.ElementType[1]), std::pair(0.5, int16_t{SeriesInductor}));
   EXPECT_TRUE(dialogs.messages.empty());
 
   EXPECT_FALSE(ReadNetworkFile(read, dialogs, PathOf(kLastSessionFileName)));
@@ -166,16 +162,14 @@ TEST_F(NetworkFileTest, LastSessionRestoresWhatTheNetworkReaderRefusesAndAFailed
   EXPECT_FALSE(ReadNetworkFile(read, dialogs, PathOf("absent.SSF")));
   EXPECT_EQ(dialogs.MessageTexts(),
             (std::vector<std::string>{"No file was chosen;  we are exiting the file-reading routine.",
-                                      "We had a problem reading file " + PathOf("absent.SSF") +
-                                          kProblemTail}));
+                                      "We had a problem reading file " + PathOf("absent.SSF") + kProblemTail}));
   ExpectNetworkDefaults();
   dialogs.messages.clear();
 
   WriteLastSession(written, dialogs, PathOf("no-such-folder/LASTSESSION.SSF"));
   EXPECT_EQ(dialogs.beeps, 1);
   EXPECT_EQ(dialogs.MessageTexts(),
-            std::vector<std::string>{
-                "WriteLastSessionErrorHandler\r\nThe Kalvex last-session file was not written."});
+            std::vector<std::string>{"WriteLastSessionErrorHandler\r\nThe Kalvex last-session file was not written."});
 }
 
 TEST(NetworkFileNames, CutTheLastComponentAtItsFirstPoint) {

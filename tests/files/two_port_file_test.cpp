@@ -60,17 +60,6 @@ class TwoPortFileTest : public testing::TempDirTest {
   }
 };
 
-// The file Kalvex writes for a network, read back as a block, is the network.
-TEST_F(TwoPortFileTest, BlockFromTheNetworksOwnFileGivesItsInputImpedance) {
-  const Session lNetwork = Network({{SeriesInductor, {1.2e-6, 0}}, {ShuntCapacitor, {180e-12, 0}}});
-  const Session block = BlockOn(lNetwork, WriteTwoPortOf(lNetwork, "l.s2p"), BlockPlacement::Cascade);
-  for (int k = 0; k < 26; ++k) {
-    const double f = 5e6 + k * 1e6;
-    const Complex expected = InputAt(lNetwork, f);
-    EXPECT_LE(std::abs(InputAt(block, f) - expected), 1e-9 * std::abs(expected)) << f;
-  }
-}
-
 // The written file: its option line at the system impedance and one line of
 // nine numbers a sweep frequency, but none where a block's file stops short.
 TEST_F(TwoPortFileTest, WrittenFileHoldsEveryFrequencyItsBlocksCover) {
@@ -97,28 +86,26 @@ TEST_F(TwoPortFileTest, WrittenFileHoldsEveryFrequencyItsBlocksCover) {
   EXPECT_EQ(rows(network), std::vector<std::size_t>(26, 9));
 }
 
-// An ideal capacitor between the ports is a series capacitor; at port 1 with
-// port 2 shorted it is a shunt one. Between the file's points the block follows
-// the capacitor too, to the interpolation's accuracy.
-TEST_F(TwoPortFileTest, CapacitorsTwoPortPlacedInSeriesOrShuntIsThatCapacitor) {
+// The file Kalvex writes for a network, read back as a block, is the network:
+// an L network's in cascade; an ideal capacitor's between the ports is a series
+// capacitor, and at port 1 with port 2 shorted a shunt one. Between the file's
+// points the block follows too, to the interpolation's accuracy.
+TEST_F(TwoPortFileTest, NetworksOwnFilePlacedInSeriesCascadeOrShuntIsThatNetwork) {
+  const Session lNetwork = Network({{SeriesInductor, {1.2e-6, 0}}, {ShuntCapacitor, {180e-12, 0}}});
+  const std::string lFile = WriteTwoPortOf(lNetwork, "l.s2p");
   const std::string file = WriteTwoPortOf(Network({{SeriesCapacitor, {100e-12, 0}}}), "c.s2p");
-  struct Case {
-    BlockPlacement placement;
-    bool shorted;
-    int16_t type;
-  };
-  for (const Case& c : {Case{BlockPlacement::Series, false, SeriesCapacitor},
-                        Case{BlockPlacement::Cascade, false, SeriesCapacitor},
-                        Case{BlockPlacement::Shunt, true, ShuntCapacitor}}) {
-    const Session capacitor = Network({{c.type, {100e-12, 0}}});
-    const Session block = BlockOn(capacitor, file, c.placement, c.shorted);
-    for (const double f : {5e6, 14e6, 30e6}) {
-      const Complex expected = InputAt(capacitor, f);
-      EXPECT_LE(std::abs(InputAt(block, f) - expected), 1e-9 * std::abs(expected))
-          << PartName(c.type) << " at " << f;
+  for (const auto& [network, name, placement, shorted] :
+       {std::tuple{lNetwork, lFile, BlockPlacement::Cascade, false},
+        {Network({{SeriesCapacitor, {100e-12, 0}}}), file, BlockPlacement::Series, false},
+        {Network({{ShuntCapacitor, {100e-12, 0}}}), file, BlockPlacement::Shunt, true}}) {
+    const Session block = BlockOn(network, name, placement, shorted);
+    for (int k = 0; k < 26; ++k) {
+      const double f = 5e6 + k * 1e6;
+      const Complex expected = InputAt(network, f);
+      EXPECT_LE(std::abs(InputAt(block, f) - expected), 1e-9 * std::abs(expected)) << name << " at " << f;
     }
     const Complex between = InputAt(block, 14.5e6);
-    EXPECT_LE(std::abs(between - InputAt(capacitor, 14.5e6)), 1e-2 * std::abs(between)) << PartName(c.type);
+    EXPECT_LE(std::abs(between - InputAt(network, 14.5e6)), 1e-2 * std::abs(between)) << name;
   }
   // With port 2 open nothing flows through the capacitor: the line is as it was.
   const Session open = BlockOn(Network({}), file, BlockPlacement::Shunt, false);
@@ -217,9 +204,7 @@ TEST_F(TwoPortFileTest, NetworkFileKeepsTheBlockAndSurvivesItsLoss) {
   ASSERT_TRUE(WriteNetworkFile(network, dialogs, PathOf("net.SSF")));
   EXPECT_NE(ReadFile("net.SSF").find(" \r\n   Two-port file: parts/c.s2p\r\n\r\nElement type for stage 4:"), std::string::npos);
 
-  Session read;
-  InitialiseSession(read);
-  read.LoadSource = 1;
+  Session read = Network({});
   ASSERT_TRUE(ReadNetworkFile(read, dialogs, PathOf("net.SSF")));
   EXPECT_TRUE(dialogs.messages.empty());
   EXPECT_EQ(read.ElementType[3], TwoPort);

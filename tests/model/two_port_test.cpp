@@ -74,8 +74,7 @@ TEST(TwoPortTableTest, InterpolatesMagnitudeAndUnwrappedPhaseAndRefusesOutsideIt
   EXPECT_NEAR(std::abs(half.S11() - 0.4), 0, 1e-12);
   EXPECT_NEAR(std::abs(half.S22() - Complex(-0.5, 0)), 0, 1e-12);
   EXPECT_NEAR(std::abs(table.At(1e6)->S21() - 1.0), 0, 1e-15);
-  EXPECT_FALSE(table.At(0.999e6));
-  EXPECT_FALSE(table.At(3.001e6));
+  EXPECT_FALSE(table.At(0.999e6) || table.At(3.001e6));
   EXPECT_EQ(CoveredRange(table), "1 MHz to 3 MHz");
 }
 
