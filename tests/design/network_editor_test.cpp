@@ -54,6 +54,8 @@ class NetworkEditorTest : public ::testing::Test {
 
   Session session;
   NetworkEditor editor{session, 80};
+  const std::shared_ptr<const TwoPortTable> block =
+      std::make_shared<const TwoPortTable>(std::vector<TwoPortTable::Point>{{1e6, {}}}, 50);
 };
 
 TEST_F(NetworkEditorTest, SelectingTheLoadShowsItsValues) {
@@ -92,8 +94,7 @@ TEST_F(NetworkEditorTest, AcceptStoresTheValuesWithinRange) {
            Case{1, {"0", "0"}, {0, 1e-12, 1000}}, Case{2, {"-100p", "1"}, {0, 1e-10, 2}},
            Case{3, {"-10n", "-50"}, {0, -1e-8, 50}}, Case{4, {"-10n", "0"}, {0, -1e-8, 100}},
            Case{5, {"0", "1k", "-75"}, {0, 1, 10000, 75}}, Case{5, {"30", "20G", "0"}, {0, 30, 1e10, 1}},
-           Case{6, {"0", "14M", "0.5"}, {0, 0, 14e6, 1}, Empty},
-           Case{7, {"45", "14M", "50"}, {0, 45, 14e6, 50}},
+           Case{6, {"0", "14M", "0.5"}, {0, 0, 14e6, 1}, Empty}, Case{7, {"45", "14M", "50"}, {0, 45, 14e6, 50}},
            Case{8, {"-90", "7M", "300"}, {0, 90, 7e6, 300}}, Case{9, {"10", "5", "50"}, {0, 10, 10000, 50}},
            Case{10, {"1p", "0", "-1", "0"}, {0, 1e-9, 100, 1, 1000}},
            Case{11, {"1u", "3", "-5p", "1"}, {0, 1e-6, 3, 1e-12, 2}},  // a series LC keeps C's sign
@@ -139,11 +140,14 @@ TEST_F(NetworkEditorTest, InsertingShiftsTheLaterStagesRight) {
 }
 
 // A cable's five values come back exactly when a pick on it is refused,
-// move whole with an insertion before it, and go whole with the plain wire.
+// move whole with an insertion before it (as a two-port block's file does),
+// and go whole with the plain wire.
 TEST_F(NetworkEditorTest, ACableKeepsItsFiveValuesWhole) {
   const std::array<double, kSlotCount> cable = {0, 30.48, 50, 0.66, 1.3807, 0.022686};
   session.ElementType[2] = CoaxialCable;
   session.Value[2] = cable;
+  SetStage(4, TwoPort, {0, 1});
+  session.TwoPortBlocks[4] = {"block.s2p", block};
   editor.Open();
   PickType(2, SeriesCapacitor);
   EXPECT_EQ(session.Value[2][5], 0);
@@ -152,38 +156,27 @@ TEST_F(NetworkEditorTest, ACableKeepsItsFiveValuesWhole) {
   PickType(2, InsertPlaceholder);
   editor.Accept();
   EXPECT_EQ(std::tuple(session.ElementType[3], session.Value[3]), std::tuple(CoaxialCable, cable));
+  EXPECT_EQ(std::tuple(session.ElementType[5], session.TwoPortBlocks[5].file, session.TwoPortBlocks[5].table),
+            std::tuple(TwoPort, "block.s2p", block));
   PickType(3, Empty);
   EXPECT_EQ(session.Value[3], (std::array<double, kSlotCount>{}));
 }
 
 // Leaving the page closes the gaps and removes parts that cannot work (a
-// capacitor without Q); a negative inductance stays.
+// capacitor without Q); a negative inductance stays, and a two-port block
+// takes its file along.
 TEST_F(NetworkEditorTest, CompactClosesTheGaps) {
   SetStage(1, SeriesCapacitor, {0, 1e-10, 0});
   SetStage(2, SeriesInductor, {0, -1e-6, 50});
   SetStage(3, InsertPlaceholder, {});
-  SetStage(5, SeriesResistor, {0, 10});
+  SetStage(4, SeriesResistor, {0, 10});
+  SetStage(5, TwoPort, {0, 1});
+  session.TwoPortBlocks[5] = {"block.s2p", block};
   editor.Compact();
-  EXPECT_EQ(StagesNow(), (Stages{{3, -1e-6}, {14, 0}, {12, 10}, {0, 0}, {0, 0}}));
-}
-
-// A two-port block keeps its file as its stage moves with an insertion or
-// a compaction.
-TEST_F(NetworkEditorTest, BlocksMoveWithTheirStages) {
-  const auto table = std::make_shared<const TwoPortTable>(std::vector<TwoPortTable::Point>{{1e6, {}}}, 50);
-  SetStage(2, TwoPort, {0, 1});
-  session.TwoPortBlocks[2] = {"block.s2p", table};
-  editor.Open();
-  PickType(1, InsertPlaceholder);
-  editor.Accept();
-  EXPECT_EQ(std::pair(session.ElementType[3], session.TwoPortBlocks[3].file), std::pair(int16_t{TwoPort}, std::string("block.s2p")));
-  EXPECT_EQ(session.TwoPortBlocks[3].table, table);
-  EXPECT_EQ(session.TwoPortBlocks[2].table, nullptr);
-  SetStage(1, Empty, {});
-  SetStage(2, Empty, {});
-  editor.Compact();
-  EXPECT_EQ(std::pair(session.ElementType[1], session.TwoPortBlocks[1].file), std::pair(int16_t{TwoPort}, std::string("block.s2p")));
-  EXPECT_EQ(session.TwoPortBlocks[3].table, nullptr);
+  EXPECT_EQ(StagesNow(), (Stages{{3, -1e-6}, {14, 0}, {12, 10}, {TwoPort, 1}, {0, 0}}));
+  EXPECT_EQ(std::pair(session.TwoPortBlocks[4].file, session.TwoPortBlocks[4].table),
+            std::pair(std::string("block.s2p"), block));
+  EXPECT_EQ(session.TwoPortBlocks[5].table, nullptr);
 }
 
 }  // namespace

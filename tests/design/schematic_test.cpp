@@ -43,17 +43,15 @@ TEST_F(SchematicTest, EmptyNetworkIsFiveWiresBetweenSeparators) {
 // The capacitive load ends at 1500 + 1000; its label runs both three-letter
 // value texts together left of that.
 TEST_F(SchematicTest, LoadLabelRunsTheTextsTogether) {
-  session.Value[0] = {0, 50, -25};
-  DrawNetwork(session, list, 80);
-  ASSERT_TRUE(FindText(list, "50  -j25 ") && FindText(list, "LOAD"));
-  EXPECT_EQ(FindText(list, "50  -j25 ")->a.x, 2500 - 600 - 60 * 3 - 60 * 3);
-  EXPECT_EQ(FindText(list, "50  -j25 ")->a.y, 1900);
-  EXPECT_EQ(FindText(list, "LOAD")->a.x, 1800);
-  session.Value[0][2] = 0;
-  list.Reset();
-  DrawNetwork(session, list, 80);
-  ASSERT_NE(FindText(list, "50 "), nullptr);
-  EXPECT_EQ(FindText(list, "50 ")->a.x, 1980 - 800);
+  for (const auto& [x, text, at] : {std::tuple{-25.0, "50  -j25 ", Point{2500 - 600 - 60 * 3 - 60 * 3, 1900}},
+                                    {0.0, "50 ", Point{1980 - 800, 1900}}}) {
+    session.Value[0] = {0, 50, x};
+    list.Reset();
+    DrawNetwork(session, list, 80);
+    ASSERT_TRUE(FindText(list, text) && FindText(list, "LOAD")) << text;
+    EXPECT_EQ(std::pair(FindText(list, text)->a.x, FindText(list, text)->a.y), std::pair(at.x, at.y));
+    EXPECT_EQ(FindText(list, "LOAD")->a.x, 1800);
+  }
 }
 
 // A part's value lines stand 200 apart under it; a negative inductance is
@@ -84,10 +82,7 @@ TEST_F(SchematicTest, CableAndTransformerShowTheirFigures) {
     EXPECT_NE(FindText(list, text), nullptr) << text;
   }
   const std::vector<std::string> texts = testing::Texts(list);
-  EXPECT_EQ(std::count_if(texts.begin(), texts.end(), [](const std::string& t) {
-              return t.starts_with("Lm ") || t.starts_with("Ll ");
-            }),
-            2);
+  EXPECT_EQ(std::ranges::count_if(texts, [](auto& t) { return t.starts_with("Lm ") || t.starts_with("Ll "); }), 2);
   EXPECT_EQ(Wires(), 2);
 }
 

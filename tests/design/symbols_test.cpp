@@ -120,16 +120,11 @@ TEST(Symbols, TwoPortBlockIsABoxNamedForItsFile) {
   session.ElementType[2] = TwoPort;
   session.Value[2] = {0, 3, 1, 1};
   session.TwoPortBlocks[2].file = "/parts/murata_grm_100p.s2p";
-  const auto texts = [](const DisplayList& list) {
-    std::vector<std::string> all;
-    for (const DrawCommand& c : testing::OfKind(list, Kind::Text)) all.push_back(c.text);
-    return all;
-  };
   DisplayList schematic, strip;
   DrawNetwork(session, schematic, kRv);
   DrawNetworkListing(session, strip);
   for (const DisplayList* list : {&schematic, &strip}) {
-    const std::vector<std::string> shown = texts(*list);
+    const std::vector<std::string> shown = testing::Texts(*list);
     EXPECT_EQ(std::ranges::count(shown, "murata_grm.."), 1);
     EXPECT_EQ(std::ranges::count(shown, "shunt, 2 shorted"), 1);
     EXPECT_EQ(std::ranges::count(shown, "ports swapped"), 1);

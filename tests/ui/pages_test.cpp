@@ -3,7 +3,6 @@
 #include <QDialogButtonBox>
 
 #include <QImage>
-#include <QTimer>
 #include <functional>
 #include <QMenuBar>
 #include <QPushButton>
@@ -68,19 +67,24 @@ TEST_F(PagesInFolder, TextKeepsItsProportionsInAWideImage) {
   EXPECT_NEAR(ratio(2400), ratio(1200), 0.05 * ratio(1200));
 }
 
-// The Design page driven with clicks in page units, as a user drives it.
-class DesignPageTest : public PagesInFolder {
+// A page shown on a fresh session (as Prepare leaves it), driven with clicks
+// in page units, as a user drives it.
+template <class Page>
+class PageTest : public PagesInFolder {
  protected:
   void SetUp() override {
     PagesInFolder::SetUp();
     InitialiseSession(session);
-    page = std::make_unique<DesignPage>(session, dialogs);
+    Prepare();
+    page = std::make_unique<Page>(session, dialogs);
     page->show();
   }
+  virtual void Prepare() {}
   void Click(double x, double y) { testing::ClickPage(*page, x, y); }
 
-  std::unique_ptr<DesignPage> page;
+  std::unique_ptr<Page> page;
 };
+using DesignPageTest = PageTest<DesignPage>;
 
 TEST_F(DesignPageTest, BuildsAStageFromTheLibrary) {
   EXPECT_EQ(page->windowTitle(), "Kalvex 2.12 - Design ");
@@ -101,15 +105,6 @@ TEST_F(DesignPageTest, BuildsAStageFromTheLibrary) {
   QTest::keyClick(page->txtValue[1], Qt::Key_Return);  // Enter presses Accept
   EXPECT_EQ(std::tuple(session.ElementType[2], session.Value[2][1]), std::tuple(SeriesCapacitor, 47e-12));
   EXPECT_TRUE(page->cmdAnalyze->isEnabled() && !page->txtValue[0]->isVisible());
-}
-
-TEST_F(DesignPageTest, GetNetShowsTheFileInTheCaption) {
-  WriteNetworkFile(testing::FiveStageNetwork(), dialogs, "tuner");
-  dialogs.fileNames.push_back("tuner.SSF");
-  page->cmdGetNet->click();
-  EXPECT_EQ(page->windowTitle(), "Kalvex 2.12 - Design tuner.SSF");
-  page->cmdGetNet->click();  // cancelled: the network stays
-  EXPECT_EQ(std::tuple(session.ElementType[1], session.FileName), std::tuple(SeriesInductor, "tuner.SSF"));
 }
 
 // Reopening takes the frequency as the box shows it (a box the program writes
@@ -159,22 +154,15 @@ TEST_F(DesignPageTest, ClosingTheOptionsPageReturnsToTheDesignPage) {
   EXPECT_EQ(session.ElementType[1], SeriesInductor);
 }
 
-class AnalysisPageTest : public PagesInFolder {
+class AnalysisPageTest : public PageTest<AnalysisPage> {
  protected:
-  void SetUp() override {
-    PagesInFolder::SetUp();
-    InitialiseSession(session);
+  void Prepare() override {
     session.LoadSource = 1;
     session.Frequency = 14e6;
     session.ElementType[1] = SeriesCapacitor;
     session.Value[1] = {0, 100e-12, 1000};
     session.ChartAspect = 0.75f;
-    page = std::make_unique<AnalysisPage>(session, dialogs);
-    page->show();
   }
-  void Click(double x, double y) { testing::ClickPage(*page, x, y); }
-
-  std::unique_ptr<AnalysisPage> page;
 };
 
 TEST_F(AnalysisPageTest, LoadsWithItsViewAndTuningState) {
@@ -227,8 +215,7 @@ TEST_F(AnalysisPageTest, OverlayDialogsSwitchTheirOverlayOnHoweverTheyClose) {
   });
   page->cmdVSWRsetup->click();
   EXPECT_EQ(std::tuple(session.VSWRCircleOn, session.VSWRCircle), std::tuple(1, 3.0f));
-  EXPECT_EQ(dialogs.MessageTexts(),
-            std::vector<std::string>{"VSWR circle radius must be between 1.01 and 20"});
+  EXPECT_EQ(dialogs.MessageTexts(), std::vector<std::string>{"VSWR circle radius must be between 1.01 and 20"});
 }
 
 TEST_F(AnalysisPageTest, SweepSetupSwitchesTheSweepOnAndEditsDisableTheTable) {
@@ -301,36 +288,21 @@ TEST_F(AnalysisPageTest, TheChartKeepsItsShapeAtEveryWindowSize) {
   }
 }
 
-// Apply in the Match dialog puts the chosen network into the stages.
-TEST_F(DesignPageTest, MatchDialogAppliesTheChosenNetwork) {
-  session.Value[0][1] = 25;
-  session.Value[0][2] = 80;
-  MatchDialog dialog(session, dialogs);
-  dialog.cboKind->setCurrentIndex(1);  // L networks
-  dialog.cmdCompute->click();
-  ASSERT_EQ(dialog.lstSolutions->rowCount(), 4);
-  dialog.lstSolutions->selectRow(3);
-  const QString parts = dialog.lstSolutions->item(3, 1)->text();
-  dialog.cmdApply->click();
-  EXPECT_EQ(dialog.result(), QDialog::Accepted);
-  EXPECT_EQ(dialog.AppliedStep(), "Match applied (L, 2 parts)");  // the undo step's name
-  EXPECT_TRUE(parts.startsWith(PartName(session.ElementType[1])));
-  EXPECT_TRUE(parts.contains(QString("; ") + PartName(session.ElementType[2])));
-  EXPECT_EQ(session.ElementType[3], Empty);
-}
-
-// Snap in the Match dialog puts the chosen network's parts on the series
-// chosen per kind, and Apply writes the snapped network as one undo step. A
-// snap belongs to its solution: choosing another drops it.
+// Apply in the Match dialog puts the chosen network into the stages. Snap puts
+// its parts on the series chosen per kind, and Apply writes the snapped network
+// as one undo step. A snap belongs to its solution: choosing another drops it.
 TEST_F(DesignPageTest, MatchDialogSnapsTheChosenNetworkAsOneStep) {
   session.Value[0][1] = 25;
   session.Value[0][2] = 80;
   SessionHistory history(session);
   const NetworkState started = NetworkStateOf(session);
+  QString parts;
   for (const bool snapChosen : {true, false}) {
-    WhenModalShows<MatchDialog>([snapChosen](MatchDialog& dialog) {
+    WhenModalShows<MatchDialog>([snapChosen, &parts](MatchDialog& dialog) {
       dialog.cboKind->setCurrentIndex(1);  // L networks
       dialog.cmdCompute->click();
+      ASSERT_EQ(dialog.lstSolutions->rowCount(), 4);
+      parts = dialog.lstSolutions->item(3, 1)->text();
       dialog.series->cboCapacitorSeries->setCurrentText("E6");
       dialog.series->cmdSnap->click();
       dialog.WaitForSnap();
@@ -349,6 +321,9 @@ TEST_F(DesignPageTest, MatchDialogSnapsTheChosenNetworkAsOneStep) {
     ASSERT_EQ(history.Stack().count(), steps + 1);
     EXPECT_EQ(history.Stack().undoText(),
               snapChosen ? "Match applied (L, 2 parts), snapped" : "Match applied (L, 2 parts)");
+    EXPECT_TRUE(parts.startsWith(PartName(session.ElementType[1])) &&
+                parts.contains(QString("; ") + PartName(session.ElementType[2])));
+    EXPECT_EQ(session.ElementType[3], Empty);
     int standard = 0;
     for (int s = 1; s <= 2; ++s) {
       const bool capacitor = session.ElementType[s] == SeriesCapacitor || session.ElementType[s] == ShuntCapacitor;
@@ -436,8 +411,6 @@ TEST_F(DesignPageTest, MenusAndKeysReachTheCommandsAndTheStatusLineReadsTheMatch
     return nullptr;
   };
   EXPECT_EQ(item("Get net")->text(), "Get net\tCtrl+O");
-  item("Get net")->trigger();
-  EXPECT_EQ(dialogs.chooserTitles.back(), "Read Kalvex network file");
   EXPECT_FALSE(item("Print")->isEnabled());  // the Analysis page prints
   session.ElementType[1] = SeriesCapacitor;
   session.Value[1] = {0, 100e-12, 1000};
@@ -456,6 +429,13 @@ TEST_F(DesignPageTest, MenusAndKeysReachTheCommandsAndTheStatusLineReadsTheMatch
   dialogs.fileNames.push_back("saved");
   QTest::keyClick(page.get(), Qt::Key_S, Qt::ControlModifier);
   EXPECT_TRUE(std::filesystem::exists("saved.SSF"));
+  WriteNetworkFile(testing::FiveStageNetwork(), dialogs, "tuner");
+  dialogs.fileNames.push_back("tuner.SSF");
+  QTest::keyClick(page.get(), Qt::Key_O, Qt::ControlModifier);
+  EXPECT_EQ(page->windowTitle(), "Kalvex 2.12 - Design tuner.SSF");  // the caption names the file
+  item("Get net")->trigger();  // cancelled: the network stays
+  EXPECT_EQ(std::tuple(dialogs.chooserTitles.back(), session.ElementType[1], session.FileName),
+            std::tuple("Read Kalvex network file", SeriesInductor, "tuner.SSF"));
   QTest::keyClick(page.get(), Qt::Key_F1);
   EXPECT_NE(dialogs.messages.back().text.find("Write LTspice"), std::string::npos);
 }
