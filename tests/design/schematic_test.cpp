@@ -41,16 +41,17 @@ TEST_F(SchematicTest, EmptyNetworkIsFiveWiresBetweenSeparators) {
 }
 
 // The capacitive load ends at 1500 + 1000; its label runs both three-letter
-// value texts together left of that.
+// value texts together left of that. The resistive load is narrower.
 TEST_F(SchematicTest, LoadLabelRunsTheTextsTogether) {
-  for (const auto& [x, text, at] : {std::tuple{-25.0, "50  -j25 ", Point{2500 - 600 - 60 * 3 - 60 * 3, 1900}},
-                                    {0.0, "50 ", Point{1980 - 800, 1900}}}) {
-    session.Value[0] = {0, 50, x};
+  for (const auto& [reactance, text, at, loadX] :
+       {std::tuple{-25.0, "50  -j25 ", Point{2500 - 600 - 60 * 3 - 60 * 3, 1900}, 1800.0},
+        {0.0, "50 ", Point{1980 - 800, 1900}, 1280.0}}) {
+    session.Value[0] = {0, 50, reactance};
     list.Reset();
     DrawNetwork(session, list, 80);
     ASSERT_TRUE(FindText(list, text) && FindText(list, "LOAD")) << text;
     EXPECT_EQ(std::pair(FindText(list, text)->a.x, FindText(list, text)->a.y), std::pair(at.x, at.y));
-    EXPECT_EQ(FindText(list, "LOAD")->a.x, 1800);
+    EXPECT_EQ(FindText(list, "LOAD")->a.x, loadX);
   }
 }
 

@@ -93,8 +93,7 @@ TEST_F(StagePartTest, TheDialogPutsThePartIntoTheStage) {
 
 // Ctrl+Shift+C puts a cable in as one step that undo and redo take back and
 // give again whole; a click on the cable opens the dialog on it, showing its
-// catalogue cable and length, and a cancel leaves the stage selected. The
-// dialog hands a two-port block on to the block's own dialog.
+// catalogue cable and length, and a cancel leaves the stage selected.
 TEST_F(StagePartTest, TheDesignPageOpensTheDialogAndRecordsOneStep) {
   SessionHistory history(session);
   DesignPage page(session, dialogs);
@@ -125,7 +124,13 @@ TEST_F(StagePartTest, TheDesignPageOpensTheDialogAndRecordsOneStep) {
   testing::ClickPage(page, page.Editor().StageX[2] + 300, 1000);
   EXPECT_EQ(std::tuple(page.Editor().EditStage, page.Editor().LibraryArmed), std::tuple(2, 1));
   EXPECT_EQ(history.Stack().count(), 1);
+}
 
+// "Two-port from file..." goes on to the block's dialog for the stage chosen.
+TEST_F(StagePartTest, TwoPortFromFileOpensTheBlockDialogForTheChosenStage) {
+  DesignPage page(session, dialogs);
+  page.show();
+  QApplication::setActiveWindow(&page);
   int blockStage = 0;
   testing::WhenModalShows<StagePartDialog>([&blockStage](StagePartDialog& dialog) {
     dialog.cboStage->setCurrentIndex(3);
