@@ -32,7 +32,8 @@ OptimiseDialog::OptimiseDialog(Session& session, QWidget* parent)
     const int16_t type = session_.ElementType[s];
     QCheckBox*& box = chkStage[s - 1];
     box = new QCheckBox(QString("Stage %1: %2").arg(s).arg(PartName(type)), this);
-    box->setEnabled(IsPart(type));
+    box->setEnabled(IsPart(type) && type != TwoPort);
+    if (type == TwoPort) box->setToolTip("A two-port block has no value to tune");
     box->setChecked(box->isEnabled());
     layout->addWidget(box);
   }
