@@ -1,6 +1,8 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <complex>
+#include <memory>
 #include <numbers>
 
 #include "model/feed_parts.h"
@@ -62,6 +64,21 @@ TEST(NetworkLoss, AgreesWithTheClosedForms) {
     EXPECT_NEAR(*db, c.db, 1e-9 * std::max(1.0, c.db)) << c.name;
   }
   EXPECT_FALSE(NetworkLossDb(Network(0, 30, {{CoaxialCable, kRG58}}), 1).has_value()) << "no power reaches it";
+
+  // A matched 3 dB attenuator as a block takes what the same T of resistors
+  // takes, into a load it does not match.
+  const double k = std::pow(10.0, 3.0 / 20);
+  const double series = 50 * (k - 1) / (k + 1);
+  const double shunt = 2 * 50 * k / (k * k - 1);
+  const std::complex<double> through = 1 / k;
+  Session block = Network(150, -40, {{TwoPort, {0, 1}}});
+  block.TwoPortBlocks[1].table = std::make_shared<const TwoPortTable>(
+      std::vector<TwoPortTable::Point>{{1e6, {{0, through, through, 0}}}, {30e6, {{0, through, through, 0}}}}, 50);
+  const Session resistors =
+      Network(150, -40, {{SeriesResistor, {0, series}}, {ShuntResistor, {0, shunt}}, {SeriesResistor, {0, series}}});
+  EXPECT_NEAR(*NetworkLossDb(block, 1), *NetworkLossDb(resistors, 1), 1e-9);
+  block.Frequency = 40e6;
+  EXPECT_FALSE(NetworkLossDb(block, 1).has_value()) << "outside the block's file";
   const std::vector<CableLoss> cables = CableMatchedLosses(Network(2450, 0, {{Transformer, {0, 49}}, {CoaxialCable, kRG58}}), 1);
   ASSERT_EQ(cables.size(), 1u);
   EXPECT_EQ(cables[0].stage, 2);
