@@ -11,7 +11,7 @@ cmake -S . -B build-fuzz -G Ninja -DCMAKE_BUILD_TYPE=RelWithDebInfo -DKALVEX_FUZ
 cmake --build build-fuzz
 mkdir -p build-fuzz/findings
 status=0
-for target in network_file defaults_file load_data_file parse_value touchstone sweep_outputs \
+for target in network_file defaults_file load_data_file parse_value touchstone two_port sweep_outputs \
               deck_name arguments analyser_answers; do
   # libFuzzer adds what it finds to its first corpus folder: a copy, not the seeds.
   # Full paths: a target may work in a folder of its own (the argument lists do).
