@@ -11,34 +11,20 @@
 #include "files/two_port_file.h"
 #include "model/calculate.h"
 #include "support/fake_dialogs.h"
+#include "support/session_setup.h"
 #include "support/temp_dir.h"
 
 namespace kalvex {
 namespace {
 
 using Complex = std::complex<double>;
+using testing::InputAt;
 
-Session Network(std::vector<std::pair<int16_t, std::array<double, 3>>> stages) {
-  Session session;
-  InitialiseSession(session);
-  session.LoadSource = 1;
-  session.Value[0][1] = 12;
-  session.Value[0][2] = 30;
-  for (std::size_t s = 0; s < stages.size(); ++s) {
-    session.ElementType[s + 1] = stages[s].first;
-    for (int k = 0; k < 3; ++k) session.Value[s + 1][k + 1] = stages[s].second[k];
-  }
-  session.Frequency = 14e6;
-  session.SweepStart = 5e6;
-  session.SweepStop = 30e6;
-  session.SweepPoints = 26;
+// The stages on a load of 12 + j30 ohms at 14 MHz, swept over 5..30 MHz in 26 points.
+Session Network(const std::vector<testing::StagePart>& stages) {
+  Session session = testing::WithStages(testing::SessionOnLoad(12, 30, 14e6), stages);
+  testing::SweepOver(session, 5e6, 30e6, 26);
   return session;
-}
-
-Complex InputAt(Session session, double f) {
-  session.Frequency = f;
-  CalculateNetwork(session, 0);
-  return {session.InputR, session.InputX};
 }
 
 class TwoPortFileTest : public testing::TempDirTest {
@@ -63,11 +49,9 @@ class TwoPortFileTest : public testing::TempDirTest {
 // The written file: its option line at the system impedance and one line of
 // nine numbers a sweep frequency, but none where a block's file stops short.
 TEST_F(TwoPortFileTest, WrittenFileHoldsEveryFrequencyItsBlocksCover) {
-  Session narrow = Network({{SeriesCapacitor, {100e-12, 0}}});
-  narrow.SweepStart = 10e6;
-  narrow.SweepStop = 20e6;
-  narrow.SweepPoints = 11;
-  Session network = Network({{SeriesInductor, {1e-6, 0}}});
+  Session narrow = Network({{SeriesCapacitor, {0, 100e-12, 0}}});
+  testing::SweepOver(narrow, 10e6, 20e6, 11);
+  Session network = Network({{SeriesInductor, {0, 1e-6, 0}}});
   network.SystemZ = 75;
   ASSERT_EQ(PlaceTwoPortBlock(network, {2, WriteTwoPortOf(narrow, "c.s2p")}), "");
   const auto rows = [](Session session) {
@@ -91,13 +75,13 @@ TEST_F(TwoPortFileTest, WrittenFileHoldsEveryFrequencyItsBlocksCover) {
 // capacitor, and at port 1 with port 2 shorted a shunt one. Between the file's
 // points the block follows too, to the interpolation's accuracy.
 TEST_F(TwoPortFileTest, NetworksOwnFilePlacedInSeriesCascadeOrShuntIsThatNetwork) {
-  const Session lNetwork = Network({{SeriesInductor, {1.2e-6, 0}}, {ShuntCapacitor, {180e-12, 0}}});
+  const Session lNetwork = Network({{SeriesInductor, {0, 1.2e-6, 0}}, {ShuntCapacitor, {0, 180e-12, 0}}});
   const std::string lFile = WriteTwoPortOf(lNetwork, "l.s2p");
-  const std::string file = WriteTwoPortOf(Network({{SeriesCapacitor, {100e-12, 0}}}), "c.s2p");
+  const std::string file = WriteTwoPortOf(Network({{SeriesCapacitor, {0, 100e-12, 0}}}), "c.s2p");
   for (const auto& [network, name, placement, shorted] :
        {std::tuple{lNetwork, lFile, BlockPlacement::Cascade, false},
-        {Network({{SeriesCapacitor, {100e-12, 0}}}), file, BlockPlacement::Series, false},
-        {Network({{ShuntCapacitor, {100e-12, 0}}}), file, BlockPlacement::Shunt, true}}) {
+        {Network({{SeriesCapacitor, {0, 100e-12, 0}}}), file, BlockPlacement::Series, false},
+        {Network({{ShuntCapacitor, {0, 100e-12, 0}}}), file, BlockPlacement::Shunt, true}}) {
     const Session block = BlockOn(network, name, placement, shorted);
     for (int k = 0; k < 26; ++k) {
       const double f = 5e6 + k * 1e6;
@@ -197,8 +181,8 @@ TEST_F(TwoPortFileTest, FilesThatCannotBeABlockAreRefusedNamingWhy) {
 // whose block file has gone reads with that stage empty and a message.
 TEST_F(TwoPortFileTest, NetworkFileKeepsTheBlockAndSurvivesItsLoss) {
   std::filesystem::create_directories(PathOf("parts"));
-  const std::string file = WriteTwoPortOf(Network({{SeriesCapacitor, {100e-12, 0}}}), "parts/c.s2p");
-  Session network = Network({{SeriesInductor, {1e-6, 0}}, {ShuntCapacitor, {100e-12, 0}}});
+  const std::string file = WriteTwoPortOf(Network({{SeriesCapacitor, {0, 100e-12, 0}}}), "parts/c.s2p");
+  Session network = Network({{SeriesInductor, {0, 1e-6, 0}}, {ShuntCapacitor, {0, 100e-12, 0}}});
   ASSERT_EQ(PlaceTwoPortBlock(network, {3, file, BlockPlacement::Shunt, true, false}), "");
   testing::FakeDialogs dialogs;
   ASSERT_TRUE(WriteNetworkFile(network, dialogs, PathOf("net.SSF")));

@@ -83,14 +83,8 @@ void ExpectBatchMatchesScalar(const Session& session, const std::vector<double>&
   }
 }
 
-Session WithStages(const std::vector<testing::Part>& parts) {
-  Session session;
-  InitialiseSession(session);
-  for (std::size_t s = 0; s < parts.size(); ++s) {
-    session.ElementType[s + 1] = parts[s].type;
-    std::copy(parts[s].values.begin(), parts[s].values.end(), session.Value[s + 1].begin());
-  }
-  return session;
+Session WithStages(const std::vector<testing::StagePart>& parts) {
+  return testing::WithStages(testing::SessionOnLoad(50, 0, 1e6), parts);
 }
 
 // Every type, and values that take the calculation's special cases, alone
@@ -115,9 +109,9 @@ TEST(NetworkBatchTest, EveryTypeAndEdgeValueMatchesTheCalculationOverTheRangeAnd
   f.push_back(5e6);
   for (const testing::Part& part : parts) {
     SCOPED_TRACE(part.name);
-    ExpectBatchMatchesScalar(WithStages({part}), f);
+    ExpectBatchMatchesScalar(WithStages({{part.type, part.values}}), f);
     ExpectBatchMatchesScalar(
-        WithStages({{"L", SeriesInductor, {0, 1e-6, 80}}, part, {"C", ShuntCapacitor, {0, 50e-12, 300}}}), f);
+        WithStages({{SeriesInductor, {0, 1e-6, 80}}, {part.type, part.values}, {ShuntCapacitor, {0, 50e-12, 300}}}), f);
   }
 }
 

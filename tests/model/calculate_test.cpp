@@ -13,25 +13,13 @@ namespace {
 
 using Complex = std::complex<double>;
 
-struct Stage {
-  int16_t type;
-  std::vector<double> slots;  // slots 1..
-};
+using Stages = std::vector<testing::StagePart>;
 
 class CalculateNetworkTest : public ::testing::Test {
  protected:
-  void SetUp() override {
-    InitialiseSession(session);
-    session.LoadSource = 1;
-  }
-
-  Complex Calculate(Complex load, double frequency, const std::vector<Stage>& stages) {
-    session.Value[0] = {0, load.real(), load.imag()};
-    session.Frequency = frequency;
-    for (std::size_t s = 0; s < stages.size(); ++s) {
-      session.ElementType[s + 1] = stages[s].type;
-      std::copy(stages[s].slots.begin(), stages[s].slots.end(), session.Value[s + 1].begin() + 1);
-    }
+  Complex Calculate(Complex load, double frequency, const Stages& stages) {
+    session = testing::WithStages(testing::SessionOnLoad(load.real(), load.imag(), frequency), stages);
+    session.VelocityFactor = 0.66;  // a line or stub puts it back to 1
     CalculateNetwork(session, 0);
     return {session.InputR, session.InputX};
   }
@@ -41,13 +29,11 @@ class CalculateNetworkTest : public ::testing::Test {
 
 TEST_F(CalculateNetworkTest, EmptyStagesArePassedOverAndNoFrequencyChangesNothing) {
   EXPECT_EQ(Calculate({33, -12}, 7e6, {}), Complex(33, -12));
-  const Complex withGap = Calculate({50, 0}, 14e6, {{SeriesCapacitor, {100e-12, 1000}},
-                                                    {Empty, {}}, {ShuntInductor, {1e-6, 200}}});
-  SetUp();
-  EXPECT_EQ(withGap, Calculate({50, 0}, 14e6, {{SeriesCapacitor, {100e-12, 1000}}, {ShuntInductor, {1e-6, 200}}}));
+  const Complex withGap = Calculate({50, 0}, 14e6, {{SeriesCapacitor, {0, 100e-12, 1000}},
+                                                    {Empty, {}}, {ShuntInductor, {0, 1e-6, 200}}});
+  EXPECT_EQ(withGap, Calculate({50, 0}, 14e6, {{SeriesCapacitor, {0, 100e-12, 1000}}, {ShuntInductor, {0, 1e-6, 200}}}));
   session.InputR = 12;
-  Calculate({50, 0}, 0, {{SeriesCapacitor, {100e-12, 1000}}});
-  EXPECT_EQ(session.InputR, 12);
+  EXPECT_EQ(testing::InputAt(session, 0).real(), 12);
 }
 
 constexpr double kF = 10e6;
@@ -105,10 +91,8 @@ class ElementTypes : public CalculateNetworkTest, public ::testing::WithParamInt
 TEST_P(ElementTypes, MatchCircuitFormulasInEveryStage) {
   const testing::Part& part = GetParam();
   for (int position : {1, 4, kLastStage}) {
-    SetUp();
-    session.VelocityFactor = 0.66;
-    std::vector<Stage> stages(position - 1, Stage{SeriesResistor, {5}});
-    stages.push_back({part.type, {part.values.begin() + 1, part.values.end()}});
+    Stages stages(position - 1, {SeriesResistor, {0, 5}});
+    stages.push_back({part.type, part.values});
     const Complex load(30, -20);
     const Complex actual = Calculate(load, kF, stages);
     const Complex expected = Expected(part, load + 5.0 * (position - 1));
@@ -129,27 +113,26 @@ TEST_F(CalculateNetworkTest, DegenerateInputsGiveFiniteResults) {
   struct Case {
     const char* name;
     Complex load;
-    Stage stage;
+    testing::StagePart stage;
     Complex expected;
     double tolerance;
   };
   for (const Case& c : {
            // A Q of 0 is an ideal part.
-           Case{"capacitor Q 0", {50, 0}, {SeriesCapacitor, {100e-12, 0}}, {50, -1 / (kOmega * 100e-12)}, 1e-9},
+           Case{"capacitor Q 0", {50, 0}, {SeriesCapacitor, {0, 100e-12, 0}}, {50, -1 / (kOmega * 100e-12)}, 1e-9},
            // A capacitance of 0 is an open: nothing across the line, a break in it.
-           Case{"shunt C of 0", {50, 10}, {ShuntCapacitor, {0, 1000}}, {50, 10}, 1e-9},
-           Case{"series C of 0", {50, 10}, {SeriesCapacitor, {0, 1000}}, {1e17, -1e20}, 1e6},
+           Case{"shunt C of 0", {50, 10}, {ShuntCapacitor, {0, 0, 1000}}, {50, 10}, 1e-9},
+           Case{"series C of 0", {50, 10}, {SeriesCapacitor, {0, 0, 1000}}, {1e17, -1e20}, 1e6},
            // A shunt short shorts the line, and so does a short reaching a shunt part.
-           Case{"shunt L of 0", {50, 10}, {ShuntInductor, {0, 200}}, {0, 0}, 0},
-           Case{"shunt shorted stub of 180 degrees", {50, 10}, {ShuntShortedStub, {180, kF, 50}}, {0, 0}, 1e-9},
-           Case{"short reaching a shunt capacitor", {0, 0}, {ShuntCapacitor, {100e-12, 1000}}, {0, 0}, 0},
+           Case{"shunt L of 0", {50, 10}, {ShuntInductor, {0, 0, 200}}, {0, 0}, 0},
+           Case{"shunt shorted stub of 180 degrees", {50, 10}, {ShuntShortedStub, {0, 180, kF, 50}}, {0, 0}, 1e-9},
+           Case{"short reaching a shunt capacitor", {0, 0}, {ShuntCapacitor, {0, 100e-12, 1000}}, {0, 0}, 0},
            // A reference frequency of 0 takes the length as entered.
-           Case{"line without reference frequency", {25, 25}, {SeriesLine, {45, 0, 50}}, {100, 50}, 1e-9},
+           Case{"line without reference frequency", {25, 25}, {SeriesLine, {0, 45, 0, 50}}, {100, 50}, 1e-9},
            // Admittances that cancel leave an open circuit.
-           Case{"cancelling admittances", {kOmega * 1e-6 / 2, -kOmega * 1e-6}, {ShuntInductor, {1e-6, -2}},
+           Case{"cancelling admittances", {kOmega * 1e-6 / 2, -kOmega * 1e-6}, {ShuntInductor, {0, 1e-6, -2}},
                 {1e20, 0}, 1},
-           Case{"shunt resistor of 0", {50, 0}, {ShuntResistor, {0}}, {0, 0}, 1e-19}}) {
-    SetUp();
+           Case{"shunt resistor of 0", {50, 0}, {ShuntResistor, {0, 0}}, {0, 0}, 1e-19}}) {
     const Complex z = Calculate(c.load, kF, {c.stage});
     ASSERT_TRUE(std::isfinite(z.real()) && std::isfinite(z.imag())) << c.name;
     EXPECT_LE(std::abs(z - c.expected), c.tolerance) << c.name << ": " << z;

@@ -7,22 +7,15 @@
 #include "model/calculate.h"
 #include "model/feed_parts.h"
 #include "model/reflection.h"
+#include "support/session_setup.h"
 
 namespace kalvex {
 namespace {
 
 using Complex = std::complex<double>;
 
-Complex Through(int16_t type, std::array<double, kSlotCount> slots, double f, Complex load) {
-  Session session;
-  InitialiseSession(session);
-  session.LoadSource = 1;
-  session.Frequency = f;
-  session.Value[0] = {0, load.real(), load.imag()};
-  session.ElementType[1] = type;
-  session.Value[1] = slots;
-  CalculateNetwork(session, 0);
-  return {session.InputR, session.InputX};
+Complex Through(int16_t type, std::array<double, 6> slots, double f, Complex load) {
+  return testing::InputAt(testing::WithStages(testing::SessionOnLoad(load.real(), load.imag(), f), {{type, slots}}), f);
 }
 
 double ReflectionMagnitude(Complex z, double z0) { return std::abs((z - z0) / (z + z0)); }
@@ -83,7 +76,7 @@ TEST(TransformerStage, DividesByTheRatioWithItsWindingInductances) {
   struct Case {
     const char* name;
     Complex load;
-    std::array<double, kSlotCount> slots;
+    std::array<double, 6> slots;
     double f;
     Complex expected;
   };

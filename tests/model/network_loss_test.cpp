@@ -14,18 +14,12 @@ namespace {
 
 constexpr double kF = 14.2e6;
 constexpr double kOmega = 2 * std::numbers::pi * kF;
-const std::array<double, kSlotCount> kRG58 = {0, 30, 50, 0.66, 1.3807, 0.022686};
+const std::array<double, 6> kRG58 = {0, 30, 50, 0.66, 1.3807, 0.022686};
 // 30 m of RG-58 at 14.2 MHz: (1.3807 sqrt(14.2) + 0.022686 * 14.2) * 0.3 dB.
 const double kMatchedDb = 0.3 * (1.3807 * std::sqrt(14.2) + 0.022686 * 14.2);
 
-Session Network(double r, double x, std::initializer_list<std::pair<int16_t, std::array<double, kSlotCount>>> stages) {
-  Session session = testing::SessionOnLoad(r, x, kF);
-  int s = 1;
-  for (const auto& [type, slots] : stages) {
-    session.ElementType[s] = type;
-    session.Value[s++] = slots;
-  }
-  return session;
+Session Network(double r, double x, const std::vector<testing::StagePart>& stages) {
+  return testing::WithStages(testing::SessionOnLoad(r, x, kF), stages);
 }
 
 // A line of loss a = e^(2 alpha l) into a load of reflection |G| takes

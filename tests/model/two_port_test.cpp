@@ -14,6 +14,7 @@ namespace kalvex {
 namespace {
 
 using Complex = std::complex<double>;
+using testing::InputAt;
 
 // A block's table: S21 = S12 turning from 0 degrees at 1 MHz to -170 at
 // 100 MHz, with a little reflection, as a lossy delay line measures.
@@ -32,12 +33,6 @@ Session WithBlock(int placement, bool swapped = false, bool shorted = false) {
   Session session = testing::NetworkAround({"block", TwoPort, {0, double(placement), swapped ? 1. : 0., shorted ? 1. : 0.}});
   session.TwoPortBlocks[2] = {"delay.s2p", DelayTable()};
   return session;
-}
-
-Complex InputAt(Session session, double f) {
-  session.Frequency = f;
-  CalculateNetwork(session, 0);
-  return {session.InputR, session.InputX};
 }
 
 // The whole network's chain matrix holds the impedances of every stage's own

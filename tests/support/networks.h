@@ -45,12 +45,8 @@ inline const std::vector<Part>& FeedParts() {
 // The part in stage 2 of a network at 10 MHz, after a series resistor of 20
 // ohms on a 30 − j20 load and before a series inductor in stage 3.
 inline Session NetworkAround(const Part& part) {
-  Session session = SessionOnLoad(30, -20, 10e6);
-  session.ElementType = {0, SeriesResistor, part.type, SeriesInductor};
-  session.Value[1][1] = 20;
-  for (int k = 1; k <= 5; ++k) session.Value[2][k] = part.values[k];
-  session.Value[3] = {0, 0.3e-6, 200};
-  return session;
+  return WithStages(SessionOnLoad(30, -20, 10e6),
+                    {{SeriesResistor, {0, 20}}, {part.type, part.values}, {SeriesInductor, {0, 0.3e-6, 200}}});
 }
 
 // A readable name for a part's case: "series C" -> "series_C".
