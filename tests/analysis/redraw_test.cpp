@@ -152,6 +152,13 @@ TEST_F(RedrawTest, LayersComeInTheirOrder) {
     if (c.kind == Kind::Line && width == 2 && c.colour == kStrongGreen) ++rimChords;
   }
   EXPECT_EQ(rimChords, 120);
+  // The path: a dot in the first stage's colour, then 1,000 lines a stage in the stage's.
+  EXPECT_EQ(std::ranges::count_if(commands, [](const DrawCommand& c) {
+              return c.kind == Kind::Ellipse && c.colour == StageArcColour(1);
+            }), 1);
+  for (int stage = 1; stage <= 5; ++stage) {
+    EXPECT_EQ(testing::LinesIn(list, StageArcColour(stage)).size(), stage == 1 ? 999u : 1000u) << stage;
+  }
   // The strip's colour key is drawn again after the path, under the overlays.
   const auto lastBar = commands.rend() - std::find_if(commands.rbegin(), commands.rend(), [](const DrawCommand& c) {
                          return c.kind == Kind::FillRect && c.b.y == 75;
@@ -175,19 +182,6 @@ TEST_F(RedrawTest, StripClearingFollowsAStripThatGrew) {
   });
   ASSERT_NE(clearing, commands.end());
   EXPECT_NEAR(clearing->b.x, session.PartRightEdge[5] + 0.9 * 1040 + 400, 1e-3);
-}
-
-TEST_F(RedrawTest, PathIsPaintedInTheStageColoursFromADot) {
-  const Session network = testing::FiveStageNetwork();
-  session.ElementType = network.ElementType;
-  session.Value = network.Value;
-  DrawNetworkArcs(session, list);
-  ASSERT_EQ(testing::OfKind(list, Kind::Ellipse).size(), 1u);  // the first point
-  const auto lines = testing::OfKind(list, Kind::Line);
-  ASSERT_EQ(lines.size(), 4999u);
-  for (int stage = 1; stage <= 5; ++stage) {
-    EXPECT_EQ(lines[1000 * stage - 2].colour, StageArcColour(stage)) << stage;
-  }
 }
 
 TEST_F(RedrawTest, ReadoutsShowThePointsValues) {

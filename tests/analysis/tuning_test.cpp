@@ -6,6 +6,7 @@
 #include "model/format.h"
 #include "support/drawing_queries.h"
 #include "support/fake_dialogs.h"
+#include "support/session_setup.h"
 
 namespace kalvex {
 namespace {
@@ -42,10 +43,8 @@ TEST_F(StripTest, CellWidthsFollowTheParts) {
 }
 
 TEST_F(StripTest, ValuesAreShownAtTheWorkingFrequency) {
-  session.ElementType = {0, ShuntSeriesLC, SeriesCapacitor, SeriesParallelLC};
-  session.Value[1] = {0, 1e-6, 100, 1e-9, 100};
-  session.Value[2] = {0, 1e-10, 1000};
-  session.Value[3] = {0, 1e-6, 100, 1e-10, 100};
+  session = testing::WithStages(session, {{ShuntSeriesLC, {0, 1e-6, 100, 1e-9, 100}}, {SeriesCapacitor, {0, 1e-10, 1000}},
+                                          {SeriesParallelLC, {0, 1e-6, 100, 1e-10, 100}}});
   session.SelectedStage = 1;
   DrawNetworkListing(session, list);
   const auto texts = testing::Texts(list);

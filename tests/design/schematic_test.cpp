@@ -6,6 +6,7 @@
 #include "design/schematic.h"
 #include "design/symbols.h"
 #include "support/drawing_queries.h"
+#include "support/session_setup.h"
 
 namespace kalvex {
 namespace {
@@ -58,10 +59,8 @@ TEST_F(SchematicTest, LoadLabelRunsTheTextsTogether) {
 // A part's value lines stand 200 apart under it; a negative inductance is
 // drawn with its values as they are.
 TEST_F(SchematicTest, StageLabelsUnderEachPart) {
-  session.ElementType = {0, SeriesCapacitor, SeriesLine, SeriesInductor};
-  session.Value[1] = {0, 100e-12, 1000};
-  session.Value[2] = {0, 45, 14e6, 75};
-  session.Value[3] = {0, -1e-6, 200};
+  session = testing::WithStages(session, {{SeriesCapacitor, {0, 100e-12, 1000}}, {SeriesLine, {0, 45, 14e6, 75}},
+                                          {SeriesInductor, {0, -1e-6, 200}}});
   DrawNetwork(session, list, 80);
   for (const auto& [text, y] : {std::pair{"100 pF", 1900}, {"Q: 1 k", 2100}, {"45  deg", 1900},
                                 {"@  14 M", 2100}, {"75  ohms", 2300}, {"-1 uH", 1900}, {"Q: 200 ", 2100}}) {
@@ -74,10 +73,8 @@ TEST_F(SchematicTest, StageLabelsUnderEachPart) {
 // The transformer shows its ratio and whichever winding inductances it has;
 // the cable its length, impedance and velocity factor.
 TEST_F(SchematicTest, CableAndTransformerShowTheirFigures) {
-  session.ElementType = {0, Transformer, CoaxialCable, Transformer};
-  session.Value[1] = {0, 49, 20e-6, 0};
-  session.Value[2] = {0, 30, 75, 0.82, 0.6, 0.004};
-  session.Value[3] = {0, 2.25, 0, 1e-7};
+  session = testing::WithStages(session, {{Transformer, {0, 49, 20e-6, 0}}, {CoaxialCable, {0, 30, 75, 0.82, 0.6, 0.004}},
+                                          {Transformer, {0, 2.25, 0, 1e-7}}});
   DrawNetwork(session, list, 80);
   for (const char* text : {"49:1", "Lm 20 uH", "30  m", "75  ohms", "VF 0.82 ", "2.25:1", "Ll 100 nH"}) {
     EXPECT_NE(FindText(list, text), nullptr) << text;

@@ -8,6 +8,7 @@
 #include "design/symbols.h"
 #include "model/session.h"
 #include "support/drawing_queries.h"
+#include "support/session_setup.h"
 
 namespace kalvex {
 namespace {
@@ -81,12 +82,8 @@ TEST(Symbols, EachTypesValuesStandAtItsCellsStart) {
                            {ShuntShortedStub, 1360, 1320}, {ShuntOpenStub, 1360, 1320}, {ShuntSeriesLC, 960, 1200},
                            {SeriesParallelLC, 1280, 1240}, {SeriesResistor, 1360, 1480}, {ShuntResistor, 960, 1200},
                            {InsertPlaceholder, 1320, 0}}) {
-    Session session;
-    InitialiseSession(session);
-    session.Frequency = 14e6;
-    session.ElementType = {0, cell.type, SeriesResistor};
-    session.Value[1] = {0, 2e-6, 14e6, 75, 100};  // usable by every type
-    session.Value[2] = {0, 7};
+    Session session = testing::WithStages(testing::SessionOnLoad(50, 0, 14e6),  // values usable by every type
+                                          {{cell.type, {0, 2e-6, 14e6, 75, 100}}, {SeriesResistor, {0, 7}}});
     DisplayList design, strip;
     DrawNetwork(session, design, kRv);
     DrawNetworkListing(session, strip);

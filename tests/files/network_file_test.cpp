@@ -6,6 +6,7 @@
 
 #include "files/network_file.h"
 #include "support/fake_dialogs.h"
+#include "support/session_setup.h"
 #include "support/temp_dir.h"
 
 namespace kalvex {
@@ -19,19 +20,13 @@ class NetworkFileTest : public testing::TempDirTest {
  protected:
   void SetUp() override {
     TempDirTest::SetUp();
-    InitialiseSession(written);
-    written.Frequency = 14'000'000;
+    written = testing::WithStages(testing::SessionOnLoad(36.5, -12.25, 14e6),
+                                  {{SeriesInductor, {0, 1e-6, 200}}, {ShuntCapacitor, {0, 4.7e-10, 1000}},
+                                   {Empty, {}}, {SeriesLine, {0, 33.333333333333336, 14.2e6, 50}}});
     written.SystemZ = 75;
-    written.Value[0] = {0, 36.5, -12.25};
-    written.ElementType = {0, SeriesInductor, ShuntCapacitor, Empty, SeriesLine};
-    written.Value[1] = {0, 1e-6, 200};
-    written.Value[2] = {0, 4.7e-10, 1000};
-    written.Value[4] = {0, 33.333333333333336, 14.2e6, 50};
     written.QCircle = 2;
     written.VSWRCircle = 1.5f;
-    written.SweepStart = 13.5e6;
-    written.SweepStop = 14.5e6;
-    written.SweepPoints = 100;
+    testing::SweepOver(written, 13.5e6, 14.5e6, 100);
     InitialiseSession(read);
   }
 
@@ -82,10 +77,9 @@ TEST_F(NetworkFileTest, WritesTheLayoutLineByLine) {
 TEST_F(NetworkFileTest, RoundTripRestoresTheSession) {
   for (const bool feed : {false, true}) {
     if (feed) {
-      written.ElementType = {0, Transformer, CoaxialCable, SeriesInductor, CoaxialCable};
-      written.Value[1] = {0, 49, 2.2e-5, 1.5e-7};
-      written.Value[2] = {0, 30.48, 50, 0.66, 1.3916, 0.0213};
-      written.Value[4] = {0, 0.25, 450, 0.91, 0.05, 0};
+      written = testing::WithStages(written, {{Transformer, {0, 49, 2.2e-5, 1.5e-7}},
+                                              {CoaxialCable, {0, 30.48, 50, 0.66, 1.3916, 0.0213}},
+                                              {SeriesInductor, {}}, {CoaxialCable, {0, 0.25, 450, 0.91, 0.05, 0}}});
     }
     const std::vector<std::string> lines = WrittenLines();
     if (feed) EXPECT_EQ(std::tuple(lines[9], lines[16], lines[21]),

@@ -37,8 +37,9 @@ Session WithBlock(int placement, bool swapped = false, bool shorted = false) {
 
 // The whole network's chain matrix holds the impedances of every stage's own
 // calculation: a load on its port 2 is seen from port 1 as CalculateNetwork
-// sees it, for every type, the block in each placement among them.
-TEST(NetworkAbcdTest, LoadSeenThroughTheMatrixIsTheCalculatedInputImpedance) {
+// sees it, for every type, the block in each placement among them; and the
+// batch hands each block its table and placement as the calculation does.
+TEST(NetworkAbcdTest, LoadSeenThroughTheMatrixOrTheBatchIsTheCalculatedInputImpedance) {
   std::vector<testing::Part> parts = testing::ThirteenParts();
   parts.insert(parts.end(), testing::FeedParts().begin(), testing::FeedParts().end());
   std::vector<std::pair<std::string, Session>> networks;
@@ -47,11 +48,15 @@ TEST(NetworkAbcdTest, LoadSeenThroughTheMatrixIsTheCalculatedInputImpedance) {
   networks.emplace_back("swapped series block", WithBlock(2, true));
   networks.emplace_back("shunt block, port 2 shorted", WithBlock(3, false, true));
   for (auto& [name, session] : networks) {
-    for (const double f : {3e6, 10e6, 27e6}) {
-      SCOPED_TRACE(name + " at " + std::to_string(f));
-      const Complex expected = InputAt(session, f);
-      const Impedance seen = SeenThrough(*NetworkAbcd(session, f), {30, -20});
+    const std::vector<double> f = {3e6, 10e6, 27e6};
+    std::vector<double> r(f.size(), 30), x(f.size(), -20);
+    NetworkBatch(session).Calculate(f, r, x);
+    for (std::size_t k = 0; k < f.size(); ++k) {
+      SCOPED_TRACE(name + " at " + std::to_string(f[k]));
+      const Complex expected = InputAt(session, f[k]);
+      const Impedance seen = SeenThrough(*NetworkAbcd(session, f[k]), {30, -20});
       EXPECT_LE(std::abs(Complex(seen.R, seen.X) - expected), 1e-9 * std::abs(expected));
+      EXPECT_LE(std::abs(Complex(r[k], x[k]) - expected), 1e-12 * std::abs(expected));
     }
   }
 }
@@ -86,38 +91,6 @@ TEST(TwoPortBlockTest, OutsideItsFileTheBlockGivesNoImpedanceAndTheRangeIsNamed)
   EXPECT_EQ(MatchStatusText(session).rfind("Input ", 0), 0u);
   session.TwoPortBlocks[2].table = nullptr;  // a stage with no data is passed over
   EXPECT_TRUE(std::isfinite(InputAt(session, 150e6).real()));
-}
-
-// The chart grows the block from a through connection: held back whole it
-// changes nothing, and half held back it lies between.
-TEST(TwoPortBlockTest, HeldBackShareBlendsTheBlockFromAThroughConnection) {
-  Session session = WithBlock(1);
-  const Complex whole = InputAt(session, 10e6);
-  session.Value[2][kHeldBackSlot] = 1;
-  Session without = WithBlock(1);
-  without.ElementType[2] = Empty;
-  EXPECT_LE(std::abs(InputAt(session, 10e6) - InputAt(without, 10e6)), 1e-9);
-  session.Value[2][kHeldBackSlot] = 0.5;
-  const Complex half = InputAt(session, 10e6);
-  EXPECT_GT(std::abs(half - whole), 1e-3);
-  EXPECT_GT(std::abs(half - InputAt(without, 10e6)), 1e-3);
-}
-
-TEST(TwoPortBlockTest, BatchAgreesWithTheCalculationPointForPoint) {
-  for (const int placement : {1, 2, 3}) {
-    const Session session = WithBlock(placement, placement == 2, placement == 3);
-    std::vector<double> f, r(200, 30), x(200, -20);
-    for (int k = 0; k < 200; ++k) f.push_back(1e6 + k * 0.49e6);
-    const NetworkBatch batch(session);
-    for (const VectorPath path : VectorPaths()) {
-      std::vector<double> br = r, bx = x;
-      batch.Calculate(f, br, bx, path);
-      for (std::size_t k = 0; k < f.size(); ++k) {
-        const Complex expected = InputAt(session, f[k]);
-        EXPECT_LE(std::abs(Complex(br[k], bx[k]) - expected), 1e-12 * std::abs(expected)) << f[k];
-      }
-    }
-  }
 }
 
 }  // namespace
