@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "design/network_editor.h"
+#include "support/session_setup.h"
 
 namespace kalvex {
 namespace {
@@ -26,23 +27,16 @@ class NetworkEditorTest : public ::testing::Test {
     editor.Open();
   }
 
-  // A click in the middle of stage s's cell, then on the library at (x, y).
-  void Pick(int stage, double x, double y) {
-    editor.MouseDown(editor.StageX[stage] + 200, 1000);
-    editor.MouseDown(x, y);
-  }
+  // A click in the middle of stage s's cell, then on the type's part in the library.
   void PickType(int stage, int type) {
     static constexpr double kX[] = {3000, 4000, 5000, 6500, 7500, 8500, 10000,
                                     3000, 4000, 5000, 6500, 7500, 8500, 9500, 10500};
-    Pick(stage, kX[type], type <= 6 ? 6000 : 7500);
+    editor.MouseDown(editor.StageX[stage] + 200, 1000);
+    editor.MouseDown(kX[type], type <= 6 ? 6000 : 7500);
   }
   void Type(const std::vector<const char*>& texts) {
     int i = 0;
     for (const char* text : texts) editor.controls.value[i++].text = text;
-  }
-  void SetStage(int s, int16_t type, std::array<double, 5> v) {
-    session.ElementType[s] = type;
-    for (int k = 1; k <= 4; ++k) session.Value[s][k] = v[k];
   }
   // The stages' types and first values, 1..5.
   using Stages = std::vector<std::pair<int, double>>;
@@ -110,7 +104,7 @@ TEST_F(NetworkEditorTest, AcceptStoresTheValuesWithinRange) {
 }
 
 TEST_F(NetworkEditorTest, PickingShowsThePartsCaptionsAndPrefills) {
-  SetStage(1, SeriesLine, {0, 45, 14e6, 75});
+  session = testing::WithStages(session, {{SeriesLine, {0, 45, 14e6, 75}}});
   editor.Open();
   PickType(1, SeriesOpenStub);  // another line type keeps nothing: values zeroed
   EXPECT_EQ(session.Value[1][1], 0);
@@ -124,7 +118,7 @@ TEST_F(NetworkEditorTest, PickingShowsThePartsCaptionsAndPrefills) {
 }
 
 TEST_F(NetworkEditorTest, InsertingShiftsTheLaterStagesRight) {
-  for (int s = 1; s <= 5; ++s) SetStage(s, SeriesResistor, {0, 10.0 * s});
+  for (int s = 1; s <= 5; ++s) std::tie(session.ElementType[s], session.Value[s][1]) = std::pair(SeriesResistor, 10.0 * s);
   editor.Open();
   PickType(2, InsertPlaceholder);
   EXPECT_TRUE(editor.controls.removeShown);  // stage five will be lost
@@ -144,9 +138,9 @@ TEST_F(NetworkEditorTest, InsertingShiftsTheLaterStagesRight) {
 // and go whole with the plain wire.
 TEST_F(NetworkEditorTest, ACableKeepsItsFiveValuesWhole) {
   const std::array<double, kSlotCount> cable = {0, 30.48, 50, 0.66, 1.3807, 0.022686};
-  session.ElementType[2] = CoaxialCable;
+  session.ElementType = {0, Empty, CoaxialCable, Empty, TwoPort};
   session.Value[2] = cable;
-  SetStage(4, TwoPort, {0, 1});
+  session.Value[4][1] = 1;
   session.TwoPortBlocks[4] = {"block.s2p", block};
   editor.Open();
   PickType(2, SeriesCapacitor);
@@ -166,11 +160,8 @@ TEST_F(NetworkEditorTest, ACableKeepsItsFiveValuesWhole) {
 // capacitor without Q); a negative inductance stays, and a two-port block
 // takes its file along.
 TEST_F(NetworkEditorTest, CompactClosesTheGaps) {
-  SetStage(1, SeriesCapacitor, {0, 1e-10, 0});
-  SetStage(2, SeriesInductor, {0, -1e-6, 50});
-  SetStage(3, InsertPlaceholder, {});
-  SetStage(4, SeriesResistor, {0, 10});
-  SetStage(5, TwoPort, {0, 1});
+  session = testing::WithStages(session, {{SeriesCapacitor, {0, 1e-10, 0}}, {SeriesInductor, {0, -1e-6, 50}},
+                                          {InsertPlaceholder, {}}, {SeriesResistor, {0, 10}}, {TwoPort, {0, 1}}});
   session.TwoPortBlocks[5] = {"block.s2p", block};
   editor.Compact();
   EXPECT_EQ(StagesNow(), (Stages{{3, -1e-6}, {14, 0}, {12, 10}, {TwoPort, 1}, {0, 0}}));
