@@ -132,7 +132,11 @@ TEST_F(CalculateNetworkTest, DegenerateInputsGiveFiniteResults) {
            // Admittances that cancel leave an open circuit.
            Case{"cancelling admittances", {kOmega * 1e-6 / 2, -kOmega * 1e-6}, {ShuntInductor, {0, 1e-6, -2}},
                 {1e20, 0}, 1},
-           Case{"shunt resistor of 0", {50, 0}, {ShuntResistor, {0, 0}}, {0, 0}, 1e-19}}) {
+           Case{"shunt resistor of 0", {50, 0}, {ShuntResistor, {0, 0}}, {0, 0}, 1e-19},
+           // A winding inductance of 0 is none: the ratio alone divides the load, the leakage adds in series.
+           Case{"transformer without windings", {2450, 0}, {Transformer, {0, 49}}, {50, 0}, 1e-9},
+           Case{"transformer with leakage alone", {200, -120}, {Transformer, {0, 4, 0, 0.2e-6}},
+                {50, -30 + kOmega * 0.2e-6}, 1e-9}}) {
     const Complex z = Calculate(c.load, kF, {c.stage});
     ASSERT_TRUE(std::isfinite(z.real()) && std::isfinite(z.imag())) << c.name;
     EXPECT_LE(std::abs(z - c.expected), c.tolerance) << c.name << ": " << z;
