@@ -89,7 +89,7 @@ class TuningTest : public StripTest {
 
 // A zero entered empties the stage: its second to fourth values become 0,
 // the first stays as the entry left it, the values after the fourth and the
-// selection stay.
+// selection stay. On the load a resistance of 0 becomes 50 ohms.
 TEST_F(TuningTest, ClearingAPartZeroesOnlyTheValuesItNames) {
   for (const bool top : {true, false}) {
     Select(2, ShuntSeriesLC, {0, 1e-6, 200, 100e-12, 1000});
@@ -104,6 +104,14 @@ TEST_F(TuningTest, ClearingAPartZeroesOnlyTheValuesItNames) {
   session.Value[3][5] = 0.0227;
   EXPECT_EQ(EnterTopValue(session, dialogs, "0"), Entered::PartCleared);
   EXPECT_EQ(session.Value[3], (std::array<double, kSlotCount>{}));
+  EXPECT_TRUE(dialogs.messages.empty());
+  session.Value[0][2] = -30;
+  SelectPart(session, 0);
+  EXPECT_EQ(EnterTopValue(session, dialogs, "0"), Entered::LoadReset);
+  EXPECT_EQ(std::pair(session.Value[0][1], session.Value[0][2]), std::pair(50.0, 0.0));
+  EXPECT_EQ(dialogs.MessageTexts(), testing::FakeDialogs::Only("You have set the real value for the antenna to zero or less;\r\n"
+                                                                "a default value of 50 ohms has been substituted for that value."));
+  EXPECT_EQ(EnterBottomValue(session, "0"), Entered::Value);  // a load may have no X
 }
 
 TEST_F(TuningTest, FineStepsShrinkWithTheZoom) {
@@ -121,16 +129,6 @@ TEST_F(TuningTest, FineStepsShrinkWithTheZoom) {
   StepTopValue(session, "20", StepDirection::Down, kLargeStep);
   EXPECT_EQ(std::tuple(session.TopStepMode[3], session.TopStepBase[3], session.Value[3][1]),
             std::tuple(1, 20.0f, 20 - 2.0 / 8));
-}
-
-TEST_F(TuningTest, LoadResistanceOfZeroBecomesFiftyOhms) {
-  session.Value[0][2] = -30;
-  SelectPart(session, 0);
-  EXPECT_EQ(EnterTopValue(session, dialogs, "0"), Entered::LoadReset);
-  EXPECT_EQ(std::pair(session.Value[0][1], session.Value[0][2]), std::pair(50.0, 0.0));
-  EXPECT_EQ(dialogs.MessageTexts(), testing::FakeDialogs::Only("You have set the real value for the antenna to zero or less;\r\n"
-                                                                "a default value of 50 ohms has been substituted for that value."));
-  EXPECT_EQ(EnterBottomValue(session, "0"), Entered::Value);  // a load may have no X
 }
 
 // The box shows the final text before any limit's message is shown.

@@ -54,7 +54,8 @@ class PrintTest : public ::testing::Test {
 
 // Each grid type on paper: the grids in drawing order with their widths
 // (0: none), the real axis (width 6) and the 120-chord rim (width 8) in the
-// axis colour, and the caption in the last grid's label colour.
+// axis colour, and the caption in the last grid's label colour. The printout
+// works on the session's arrays but never on the strip's edges.
 TEST_F(PrintTest, PaperGridsPrintInTheirColoursAndWidths) {
   constexpr Colour kRed = RGB(255, 17, 17);
   constexpr Colour kGreen = RGB(17, 136, 17);
@@ -65,6 +66,10 @@ TEST_F(PrintTest, PaperGridsPrintInTheirColoursAndWidths) {
   } const cases[] = {{kRed, 0, 3, 0, kRed, kRed}, {RGB(153, 255, 153), kRed, 1, 3, 0, kRed},
                      {kGreen, kRed, 3, 3, 0, kRed}, {RGB(255, 204, 204), kGreen, 1, 3, 0, kGreen},
                      {kGreen, 0, 3, 0, kGreen, kGreen}, {0, 0, 0, 0, kRed, 0}};
+  session = testing::FiveStageNetwork();
+  std::tie(session.ChartRadius, session.ArcsMode, session.SweepShown) = std::tuple(3000, 2, 1);
+  session.PartRightEdge = {1, 2, 3, 4, 5, 6};
+  const Session before = session;
   for (int type = 1; type <= 6; ++type) {
     const Case& c = cases[type - 1];
     list.Reset();
@@ -83,6 +88,9 @@ TEST_F(PrintTest, PaperGridsPrintInTheirColoursAndWidths) {
     EXPECT_EQ(std::count(axis.begin(), axis.end(), 8.0), 120) << type;
     EXPECT_EQ(ColourOfText(list, "Chart normalized to 50 ohms"), c.legend);
   }
+  EXPECT_EQ(std::tuple(session.PartRightEdge, session.Value, session.Frequency),
+            std::tuple(before.PartRightEdge, before.Value, before.Frequency));
+  EXPECT_NE(testing::FindText(list, "'F'= 1.1 MHz"), nullptr);  // the sweep's legend
 }
 
 // An empty network prints five separators at one place, the load's text left
@@ -104,19 +112,6 @@ TEST_F(PrintTest, EmptyNetworkPrintsTheLoadTextThenFiveSeparatorsAndTheGenerator
   EXPECT_NEAR(testing::RailEnd(list, 1000), 1500 + 3 * 360 + 1.2 * 680, 1e-3);
   ASSERT_NE(testing::TextAt(list, 1500, 3000), nullptr);
   EXPECT_EQ(testing::TextAt(list, 1500, 3000)->text, "Frequency:  1 M");
-}
-
-// The printout works on the session's arrays but never on the strip's edges.
-TEST_F(PrintTest, ChartPageLeavesTheWindowsStripAndValuesAlone) {
-  session = testing::FiveStageNetwork();
-  session.ChartRadius = 3000;
-  session.SweepShown = 1;
-  session.PartRightEdge = {1, 2, 3, 4, 5, 6};
-  const Session before = session;
-  DrawChartPage(session, list, "now");
-  EXPECT_EQ(std::tuple(session.PartRightEdge, session.Value, session.Frequency),
-            std::tuple(before.PartRightEdge, before.Value, before.Frequency));
-  EXPECT_NE(testing::FindText(list, "'F'= 1.1 MHz"), nullptr);  // the sweep's legend
 }
 
 // 41 lines on the first page, 44 on the others; above 40 lines a caution,
