@@ -2,7 +2,6 @@
 
 #include <cmath>
 #include <cstdio>
-#include <set>
 #include <string>
 
 #include "files/cable_catalogue.h"
@@ -21,14 +20,12 @@ TEST(CableCatalogue, ShippedCablesReproduceTheirPublishedPoints) {
   ASSERT_TRUE(text.has_value());
   const CableCatalogue catalogue = ParseCableCatalogue(*text);
   EXPECT_TRUE(catalogue.problems.empty());
-  std::set<std::string> names;
   std::size_t next = 0;
   LineReader lines(*text);
   while (const auto line = lines.Next()) {
     if (line->empty() || line->front() == '#') continue;
     ASSERT_LT(next, catalogue.cables.size());
     const CatalogueCable& cable = catalogue.cables[next++];
-    names.insert(cable.name);
     std::size_t fifth = 0;
     for (int k = 0; k < 5; ++k) fifth = line->find(';', fifth + 1);
     ASSERT_NE(fifth, std::string_view::npos) << *line;
@@ -42,10 +39,6 @@ TEST(CableCatalogue, ShippedCablesReproduceTheirPublishedPoints) {
     }
   }
   EXPECT_EQ(next, catalogue.cables.size());
-  for (const char* wanted : {"RG-58", "RG-8X", "RG-213", "RG-174", "RG-6", "LMR-240", "LMR-400",
-                             "LMR-600", "300 ohm window line", "450 ohm window line"}) {
-    EXPECT_TRUE(names.contains(wanted)) << wanted;
-  }
 }
 
 // A user's own lines: good ones are read, tabs and CR LF allowed; each bad one
