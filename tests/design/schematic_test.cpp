@@ -31,8 +31,7 @@ TEST_F(SchematicTest, EmptyNetworkIsFiveWiresBetweenSeparators) {
   EXPECT_EQ(stageX[1], 2130);
   for (int s = 2; s <= 6; ++s) EXPECT_EQ(stageX[s], stageX[1] + 1280 * (s - 1));
   EXPECT_EQ(Wires(), 5);
-  const DrawCommand* generator = testing::TextAt(list, stageX[6] + 420, 1900);
-  EXPECT_TRUE(generator && generator->text == "50 ");  // the generator's impedance
+  EXPECT_EQ(testing::TextAt(list, stageX[6] + 420, 1900), "50 ");  // the generator's impedance
   DisplayList library;
   DrawLibrary(library, 80);
   EXPECT_TRUE(testing::OfKind(library, DrawCommand::Kind::FillRect).empty());  // the library in black

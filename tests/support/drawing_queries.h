@@ -46,12 +46,12 @@ inline double RailEnd(const DisplayList& list, double y) {
   return end;
 }
 
-// The text whose top-left corner is at (x, y), or nullptr.
-inline const DrawCommand* TextAt(const DisplayList& list, double x, double y) {
+// The text whose top-left corner is at (x, y), or "" when none is.
+inline std::string TextAt(const DisplayList& list, double x, double y) {
   for (const DrawCommand& c : list.Commands()) {
-    if (c.kind == DrawCommand::Kind::Text && c.a.x == x && c.a.y == y) return &c;
+    if (c.kind == DrawCommand::Kind::Text && c.a.x == x && c.a.y == y) return c.text;
   }
-  return nullptr;
+  return "";
 }
 
 // The first text command that writes `text`, or nullptr.
