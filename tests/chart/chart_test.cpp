@@ -145,14 +145,12 @@ TEST_F(ChartTest, VSWRCirclesHaveTheirReflectionMagnitude) {
 }
 
 // The typed text is kept, even when refused.
-TEST(OverlaySettings, AcceptTheirRangeAndRefuseBeyondIt) {
+TEST_F(ChartTest, OverlaySettingsAcceptTheirRangeAndRefuseBeyondIt) {
   for (const auto& [overlay, typed, accepted] :
        {std::tuple{Overlay::QArcs, "0.05", false}, {Overlay::QArcs, "0.1", true}, {Overlay::QArcs, "20", true},
         {Overlay::QArcs, "20.01", false}, {Overlay::VSWRCircle, "1.005", false},
         {Overlay::VSWRCircle, "1.01", true}, {Overlay::VSWRCircle, "20", true},
         {Overlay::VSWRCircle, "21", false}}) {
-    Session session;
-    InitialiseSession(session);
     testing::FakeDialogs dialogs;
     EXPECT_EQ(AcceptOverlaySetting(session, dialogs, overlay, typed), accepted) << typed;
     const char* refusal =

@@ -114,13 +114,11 @@ TEST_F(SchematicTest, ACableIsNamedAfterTheCatalogueCableOfItsNumbers) {
 // values stay.
 TEST_F(SchematicTest, UnusableStagesAreEmptied) {
   for (const auto& [type, slots] :
-       {std::pair{SeriesCapacitor, std::array<double, 5>{0, 100e-12, 0}}, {ShuntCapacitor, {0, 0, 1000}},
+       {std::pair{SeriesCapacitor, std::array<double, 6>{0, 100e-12, 0}}, {ShuntCapacitor, {0, 0, 1000}},
         {ShuntOpenStub, {0, 45, 14e6, 0}}, {ShuntSeriesLC, {0, 1e-6, 1, 0, 1}},
         {SeriesResistor, {0, -5}}, {ShuntResistor, {0, 0}}, {CoaxialCable, {0, 10, 50, 0}},
         {CoaxialCable, {0, 0, 50, 0.66}}, {Transformer, {0, 0, 1e-5}}}) {
-    SetUp();
-    session.ElementType[2] = static_cast<int16_t>(type);
-    std::copy(slots.begin(), slots.end(), session.Value[2].begin());
+    session = testing::WithStages(session, {{Empty, {}}, {static_cast<int16_t>(type), slots}});
     list.Reset();
     const StagePositions stageX = DrawNetwork(session, list, 80);
     EXPECT_EQ(session.ElementType[2], Empty) << type;

@@ -112,10 +112,7 @@ TEST(Symbols, ShuntStubWallsStandWhereEachMemberHasThem) {
 // folders, a long one cut short) in the schematic, the strip and the printed
 // schematic alike, and its placement under it.
 TEST(Symbols, TwoPortBlockIsABoxNamedForItsFile) {
-  Session session;
-  InitialiseSession(session);
-  session.ElementType[2] = TwoPort;
-  session.Value[2] = {0, 3, 1, 1};
+  Session session = testing::WithStages(testing::SessionOnLoad(50, 0, 1e6), {{Empty, {}}, {TwoPort, {0, 3, 1, 1}}});
   session.TwoPortBlocks[2].file = "/parts/murata_grm_100p.s2p";
   DisplayList schematic, strip;
   DrawNetwork(session, schematic, kRv);
