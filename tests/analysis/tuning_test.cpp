@@ -14,12 +14,10 @@ namespace {
 class StripTest : public ::testing::Test {
  protected:
   void SetUp() override {
-    InitialiseSession(session);
-    session.Frequency = 14e6;
     session.ArcsMode = 2;
     session.ChartZoom = 1;
   }
-  Session session;
+  Session session = testing::SessionOnLoad(50, 0, 14e6);
   DisplayList list;
 };
 

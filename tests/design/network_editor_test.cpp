@@ -21,7 +21,6 @@ TEST(LibraryIntervals, PickThePartUnderTheClick) {
 class NetworkEditorTest : public ::testing::Test {
  protected:
   void SetUp() override {
-    InitialiseSession(session);
     session.DefaultCapacitorQ = 1000;
     session.DefaultInductorQ = 100;
     editor.Open();
@@ -46,7 +45,7 @@ class NetworkEditorTest : public ::testing::Test {
     return all;
   }
 
-  Session session;
+  Session session = testing::SessionOnLoad(50, 0, 1e6);
   NetworkEditor editor{session, 80};
   const std::shared_ptr<const TwoPortTable> block =
       std::make_shared<const TwoPortTable>(std::vector<TwoPortTable::Point>{{1e6, {}}}, 50);

@@ -15,12 +15,11 @@ using testing::FindText;
 
 class SchematicTest : public ::testing::Test {
  protected:
-  void SetUp() override { InitialiseSession(session); }
   long Wires() const {
     const std::vector<std::string> texts = testing::Texts(list);
     return std::count(texts.begin(), texts.end(), "(Wire)");
   }
-  Session session;
+  Session session = testing::SessionOnLoad(50, 0, 1e6);
   DisplayList list;
 };
 

@@ -42,12 +42,10 @@ Colour ColourOfText(const DisplayList& list, const std::string& text) {
 class PrintTest : public ::testing::Test {
  protected:
   void SetUp() override {
-    InitialiseSession(session);
-    session.LoadSource = 1;
     session.ChartRadius = 3000;
     session.ArcsMode = 2;
   }
-  Session session;
+  Session session = testing::SessionOnLoad(50, 0, 1e6);
   DisplayList list;
   testing::FakeDialogs dialogs;
 };
