@@ -22,8 +22,7 @@ namespace {
 
 class SweepTest : public ::testing::Test {
  protected:
-  void SetUp() override { session = testing::FiveStageNetwork(); }
-  Session session;
+  Session session = testing::FiveStageNetwork();
 };
 
 // The settings are made positive, limited with a message each, and the

@@ -23,12 +23,8 @@ class StripTest : public ::testing::Test {
 
 TEST_F(StripTest, CellWidthsFollowTheParts) {
   session.Value[0][2] = 5;  // inductive load: shunt R and series L
-  const int16_t types[] = {SeriesCapacitor, Empty, ShuntResistor, SeriesLine, SeriesResistor};
-  for (int s = 1; s <= 5; ++s) {
-    session.ElementType[s] = types[s - 1];
-    session.Value[s] = {0, 1e-10, 1000, 50};
-  }
-  session.Value[4] = {0, 45, 14e6, 50};
+  session = testing::WithStages(session, {{SeriesCapacitor, {0, 1e-10, 1000}}, {Empty, {}}, {ShuntResistor, {0, 50}},
+                                          {SeriesLine, {0, 45, 14e6, 50}}, {SeriesResistor, {0, 50}}});
   DrawNetworkListing(session, list);
   // The load 400 + 2100 × 0.9, then series C 960, nothing for the empty
   // stage, two leads and the shunt R 1200, series line 1400, series R 1480.

@@ -60,9 +60,7 @@ MeasuredSweep SweepOf(std::vector<std::pair<double, std::complex<double>>> point
 // circuit's point has no impedance and is left out; Stop brings back the load
 // of before and keeps the parts as tuned.
 TEST(MeasuredLoadTest, ReplacesTheLoadDataAndGivesItBack) {
-  auto session = std::make_unique<Session>();
-  InitialiseSession(*session);
-  session->LoadSource = 1;
+  auto session = std::make_unique<Session>(testing::SessionOnLoad(50, 0, 1e6));
   testing::SweepOver(*session, 3e6, 4e6, 7);
   const NetworkState before = NetworkStateOf(*session);
 
