@@ -152,7 +152,7 @@ TEST_F(RedrawTest, LayersComeInTheirOrder) {
     if (c.kind == Kind::Line && width == 2 && c.colour == kStrongGreen) ++rimChords;
   }
   EXPECT_EQ(rimChords, 120);
-  // The path: a dot in the first stage's colour, then 1,000 lines a stage in the stage's.
+  // The path: a dot, then 1,000 points a stage, each stage in its own colour.
   EXPECT_EQ(std::ranges::count_if(commands, [](const DrawCommand& c) {
               return c.kind == Kind::Ellipse && c.colour == StageArcColour(1);
             }), 1);
