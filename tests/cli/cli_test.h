@@ -28,15 +28,20 @@ class CliTest : public TempDirTest {
   }
 
   // One series element on a 50 + j0 load at 14 MHz, swept over 13..15 MHz
-  // in 5 points.
-  void SaveNetwork(int16_t type, double value, double q) {
+  // in 5 points, saved as `name`.
+  void SaveNetwork(int16_t type, double value, double q, const std::string& name = "net.SSF") {
     InitialiseSession(network);
     network.Frequency = 14e6;
     network.ElementType[1] = type;
     network.Value[1] = {0, value, q};
     SweepOver(network, 13e6, 15e6, 5);
+    Save(name);
+  }
+
+  // `network` as it stands, saved as `name`.
+  void Save(const std::string& name = "net.SSF") {
     FakeDialogs dialogs;
-    WriteNetworkFile(network, dialogs, PathOf("net"));
+    WriteNetworkFile(network, dialogs, PathOf(name));
   }
 
   int Run(const std::vector<std::string>& words) {

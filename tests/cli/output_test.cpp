@@ -19,8 +19,7 @@ TEST_F(OutputTest, MatchSaysTheValuesItAppliesAndWritesEveryValue) {
   network.Frequency = 10e9;
   network.SystemZ = 10e3;
   network.Value[0] = {0, 3000, 0};
-  testing::FakeDialogs dialogs;
-  WriteNetworkFile(network, dialogs, PathOf("net"));
+  Save();
 
   ASSERT_EQ(Run({"match", PathOf("net.SSF"), "--kinds", "L,PI", "--json"}), kExitOk) << err.str();
   const auto json = nlohmann::json::parse(out.str());
