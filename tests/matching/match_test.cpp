@@ -9,6 +9,7 @@
 #include <nlohmann/json.hpp>
 
 #include "command_json.h"
+#include "design/network_editor.h"
 #include "matching/match.h"
 #include "matching/match_text.h"
 #include "matching/synthesis.h"
@@ -280,20 +281,6 @@ TEST(Match, EverySingleStubMatch) {
   }
 }
 
-// Applying puts the parts in the first stages through the Accept rules (the
-// default Q for a Q of 0) and empties the rest.
-TEST(Match, ApplyFillsTheStages) {
-  Session session = WithLoad(25, 80);
-  session.ElementType[4] = SeriesResistor;
-  session.Value[4][1] = 10;
-  const MatchSolution solution = FindMatches(session, MatchRequest{{MatchKind::L}}).solutions.front();
-  ApplyMatch(session, solution);
-  EXPECT_EQ(session.ElementType[1], solution.stages[0].type);
-  EXPECT_EQ(session.Value[1][1], solution.stages[0].values[1]);
-  EXPECT_EQ(session.Value[1][2], session.ElementType[1] <= ShuntCapacitor ? 1000 : 200);
-  EXPECT_EQ(session.ElementType[4], Empty);
-}
-
 // Behind a feed line and its transformer the load is matched as the
 // generator side of the last of them sees it: each solution goes in after
 // them, which stay with any part between, and through the real load meets
@@ -329,8 +316,11 @@ TEST(Match, BeyondCablesAndTransformers) {
         const int16_t type = s <= kept ? session.ElementType[s] : k < solution.stages.size() ? solution.stages[k].type : Empty;
         EXPECT_EQ(applied.ElementType[s], type) << MatchPartsText(solution);
         if (s <= kept) EXPECT_EQ(applied.Value[s], session.Value[s]);
-        // The solution's own values are lossless; the applied ones carry the default Q.
-        if (k < solution.stages.size()) std::copy(solution.stages[k].values.begin(), solution.stages[k].values.end(), applied.Value[s].begin());
+        if (k >= solution.stages.size()) continue;
+        // Applied through the Accept rules (the default Q for a Q of 0); the solution itself is lossless.
+        const StageValues accepted = AcceptedValues(session, type, solution.stages[k].values);
+        for (int j = 1; j <= kValueSlots; ++j) EXPECT_EQ(applied.Value[s][j], accepted[j]) << MatchPartsText(solution);
+        std::copy(solution.stages[k].values.begin(), solution.stages[k].values.end(), applied.Value[s].begin());
       }
       CalculateNetwork(applied, 1);
       EXPECT_NEAR(applied.InputR, 50, 1e-6) << MatchPartsText(solution);
