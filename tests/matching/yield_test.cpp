@@ -12,17 +12,10 @@ namespace {
 // VSWR is (25 + R) / 50, so it meets 1.5 for R up to 50 ohms; with a lossless
 // series inductor on a 50-ohm load it meets 2 while ωL stays under 50/√2.
 Session OnePart(int16_t type, double value) {
-  Session session;
-  InitialiseSession(session);
-  session.LoadSource = 1;
-  session.SystemZ = 50;
-  session.Frequency = 10e6;
-  session.Value[0][1] = type == SeriesResistor ? 25 : 50;
+  Session session = testing::SessionOnLoad(type == SeriesResistor ? 25 : 50, 0, 10e6);
   session.ElementType[1] = type;
   session.Value[1] = {0, value, 1e15};
-  session.SweepStart = 9.9e6;
-  session.SweepStop = 10e6;
-  session.SweepPoints = 11;
+  testing::SweepOver(session, 9.9e6, 10e6, 11);
   return session;
 }
 
@@ -87,9 +80,7 @@ TEST(Yield, EnvelopeOfExactPartsIsTheNominalCurve) {
 
 TEST(Yield, SameSeedSameFiguresOnAnyNumberOfThreads) {
   Session session = testing::FiveStageNetwork();
-  session.SweepStart = 13.5e6;
-  session.SweepStop = 15e6;
-  session.SweepPoints = 41;
+  testing::SweepOver(session, 13.5e6, 15e6, 41);
   YieldRequest request;
   request.samples = 1000;
   request.seed = 7;
