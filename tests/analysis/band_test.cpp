@@ -87,16 +87,6 @@ TEST(BandFigures, EdgesBetweenLoadDataPointsTakeTheLoadOnTheLineBetweenThem) {
   }
 }
 
-// A load no network was built for keeps its VSWR of 4: no edges at all.
-TEST(BandFigures, ACurveThatNeverCrossesHasNoEdges) {
-  const BandFigures figures = ComputeBandFigures(BareLoad(200, 0));
-  for (const BandEdges& e : figures.edges) {
-    EXPECT_FALSE(e.low || e.high || e.hertz || e.percent) << e.vswr;
-  }
-  EXPECT_NEAR(figures.worst.vswr, 4, 1e-9);
-  EXPECT_FALSE(figures.boundUsed);  // a plain resistance sets no bound
-}
-
 // The Bode–Fano limit of a series RC from its formula, and the parallel form
 // of the same load.
 TEST(BandFigures, BodeFanoBoundOfASeriesRC) {
@@ -113,24 +103,23 @@ TEST(BandFigures, BodeFanoBoundOfASeriesRC) {
   EXPECT_NEAR(figures.parallel.gamma, std::exp(-std::numbers::pi / (250 * cp) / (kTwoPi * 8e6)), 1e-12);
 }
 
-// A lossless load (R = 0) cannot be matched over any band: the bound is
-// |Γ| = 1 in both forms and the report says so.
-TEST(BandFigures, ALosslessLoadHasNoMatchOverABand) {
-  const BandFigures figures = ComputeBandFigures(BareLoad(0, -100));
-  for (const BodeFanoFit& fit : {figures.series, figures.parallel}) {
-    EXPECT_TRUE(fit.lossless);
-    EXPECT_EQ(fit.gamma, 1);
-  }
-  EXPECT_FALSE(figures.boundUsed);
-  EXPECT_NE(BandReport(figures).find("no match is possible over a band"), std::string::npos);
-}
-
-// A bound or a match below the matched reflection reads as the status line
-// reads it, not as the rounding's 4e-24 and 467 dB.
-TEST(BandFigures, ReportShowsANegligibleReflectionAsMatched) {
-  BandFigures figures = ComputeBandFigures(BareLoad(50, 0));
-  figures.series = {true, 36, 560e-12, 4.5e-24, 1, 467, false};
-  const std::string report = BandReport(figures);
+// A load no network was built for keeps its VSWR of 4: no edges, and a plain
+// resistance sets no bound. A lossless one (R = 0) cannot be matched over any
+// band: the bound is |Gamma| = 1 in both forms and the report says so. A bound
+// or a match below the matched reflection reads as the status line reads it,
+// not as the rounding's 4e-24 and 467 dB.
+TEST(BandFigures, ReportOfLoadsNoNetworkMatches) {
+  const BandFigures resistance = ComputeBandFigures(BareLoad(200, 0));
+  for (const BandEdges& e : resistance.edges) EXPECT_FALSE(e.low || e.high || e.hertz || e.percent) << e.vswr;
+  EXPECT_NEAR(resistance.worst.vswr, 4, 1e-9);
+  EXPECT_FALSE(resistance.boundUsed);
+  const BandFigures lossless = ComputeBandFigures(BareLoad(0, -100));
+  for (const BodeFanoFit& fit : {lossless.series, lossless.parallel}) EXPECT_TRUE(fit.lossless && fit.gamma == 1);
+  EXPECT_FALSE(lossless.boundUsed);
+  EXPECT_NE(BandReport(lossless).find("no match is possible over a band"), std::string::npos);
+  BandFigures matched = ComputeBandFigures(BareLoad(50, 0));
+  matched.series = {true, 36, 560e-12, 4.5e-24, 1, 467, false};
+  const std::string report = BandReport(matched);
   EXPECT_NE(report.find("|Gamma| >= 0, VSWR 1, return loss > 120 dB"), std::string::npos) << report;
   EXPECT_NE(report.find("Worst: VSWR 1, return loss > 120 dB"), std::string::npos) << report;
 }
@@ -138,14 +127,12 @@ TEST(BandFigures, ReportShowsANegligibleReflectionAsMatched) {
 // Fixed, the load is R + jX at every frequency; fitted, R with the capacitor or
 // inductor of X at the working frequency, whose reactance scales with 1/f or f.
 TEST(BandFigures, LoadModelSetsTheLoadAcrossTheBand) {
-  struct Case {
-    double x, f, fixedX, fittedX;
-  };
-  for (const Case& c : {Case{-100, 7e6, -100, -200}, Case{-100, 28e6, -100, -50}, Case{60, 28e6, 60, 120},
-                        Case{60, 7e6, 60, 30}, Case{0, 28e6, 0, 0}}) {
-    EXPECT_EQ(LoadAtFrequency({20, c.x}, 14e6, c.f, LoadModel::Fixed).X, c.fixedX);
-    EXPECT_NEAR(LoadAtFrequency({20, c.x}, 14e6, c.f, LoadModel::Fitted).X, c.fittedX, 1e-12);
-    EXPECT_EQ(LoadAtFrequency({20, c.x}, 14e6, c.f, LoadModel::Fitted).R, 20);
+  for (const auto& [x, f, fittedX] : {std::tuple(-100.0, 7e6, -200.0), {-100.0, 28e6, -50.0}, {60.0, 28e6, 120.0},
+                                      {60.0, 7e6, 30.0}, {0.0, 28e6, 0.0}}) {
+    EXPECT_EQ(LoadAtFrequency({20, x}, 14e6, f, LoadModel::Fixed).X, x);
+    const Impedance fitted = LoadAtFrequency({20, x}, 14e6, f, LoadModel::Fitted);
+    EXPECT_NEAR(fitted.X, fittedX, 1e-12);
+    EXPECT_EQ(fitted.R, 20);
   }
   // 50 - j100 alone: at 10 MHz, fitted, the load is 50 - j140.
   const BandFigures fitted = ComputeBandFigures(BareLoad(50, -100), {2}, LoadModel::Fitted);
@@ -162,8 +149,7 @@ TEST(BandPlot, DrawsThresholdsEdgesAndBound) {
   const BandFigures figures = ComputeBandFigures(SeriesResonance());
   DisplayList plot;
   DrawBandPlot(figures, BandQuantity::VSWR, plot);
-  std::vector<std::string> texts;
-  for (const DrawCommand& c : testing::OfKind(plot, DrawCommand::Kind::Text)) texts.push_back(c.text);
+  const std::vector<std::string> texts = testing::Texts(plot);
   for (const char* label : {"VSWR 1.5", "VSWR 2", "VSWR 3", "f0 14 MHz", "Frequency (Hz)"}) {
     EXPECT_NE(std::find(texts.begin(), texts.end(), label), texts.end()) << label;
   }
