@@ -64,10 +64,7 @@ TEST(BandFigures, EdgesSolveTheCalculation) {
 // the points' loads moves the edges with them.
 TEST(BandFigures, EdgesBetweenLoadDataPointsTakeTheLoadOnTheLineBetweenThem) {
   const double xAt2 = 50 / std::sqrt(2.0);
-  struct Case {
-    std::array<double, 5> r, x;  // at 12, 13, ..., 16 MHz
-    double low, high;
-  };
+  struct Case { std::array<double, 5> r, x; double low, high; };  // r and x at 12, 13, ..., 16 MHz
   for (const Case& c : {
            Case{{200, 75, 50, 60, 250}, {}, 12e6 + 1e6 * 100 / 125, 15e6 + 1e6 * 40 / 190},
            Case{{200, 90, 50, 60, 130}, {}, 12e6 + 1e6 * 100 / 110, 15e6 + 1e6 * 40 / 70},
@@ -183,10 +180,7 @@ TEST(BandPlot, DrawsThresholdsEdgesAndBound) {
 TEST(BandPlot, LabelsNeitherOverlapNorLeaveThePage) {
   const Box page{0, 0, kBandPage.width, kBandPage.height};
   const Box frame{1300, 1000, 7700, 7600};
-  struct Case {
-    const char* name;
-    std::function<void(Session&)> change;
-  };
+  struct Case { const char* name; std::function<void(Session&)> change; };
   const Case cases[] = {
       {"resonance", [](Session&) {}},
       {"VSWR 20 to 28", [](Session& s) { s.ElementType[2] = Empty, s.Value[0][1] = 1000; }},

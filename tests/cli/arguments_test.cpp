@@ -150,12 +150,7 @@ TEST_F(ArgumentsTest, ListsGivenTwiceAreJoined) {
 // The sweep settings are reset as the sweep setup resets them, each with one
 // line naming the option, the value given and the value used.
 TEST_F(ArgumentsTest, SweepResetsSayWhatWasUsed) {
-  struct Reset {
-    const char* option;
-    const char* given;
-    const char* line;
-    int points;  // rows of the table
-  };
+  struct Reset { const char* option; const char* given; const char* line; int points; };  // points: rows of the table
   for (const Reset& r : {
            Reset{"--start", "-14M", "--start -14M is outside 5 kHz to 10 GHz: 5 kHz used", 5},
            Reset{"--start", "1e30", "--start 1e30 is outside 5 kHz to 10 GHz: 10 GHz used", 5},

@@ -21,12 +21,7 @@ TEST_F(BadInputTest, EndsWithAMessageAndNoHalfWrittenOutput) {
     std::string text = good;
     return text.replace(text.find(from), from.size(), to);
   };
-  struct Case {
-    const char* name;
-    bool asLoadData;  // the spoilt file is given to --load
-    std::string contents;
-    int exitCode;
-  };
+  struct Case { const char* name; bool asLoadData; std::string contents; int exitCode; };  // asLoadData: to --load
   std::string lfOnly = good;
   std::erase(lfOnly, '\r');
   for (const Case& c : {

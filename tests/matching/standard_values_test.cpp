@@ -29,11 +29,7 @@ TEST(StandardValues, TablesAreTheIecValues) {
 }
 
 TEST(StandardValues, NeighboursAndNearestOverTheDecades) {
-  struct Case {
-    double value;
-    ESeries series;
-    double below, above, nearest;
-  };
+  struct Case { double value; ESeries series; double below, above, nearest; };
   const Case cases[] = {
       {4.7e-12, ESeries::E24, 4.7e-12, 4.7e-12, 4.7e-12},  // on the series: both neighbours are it
       {5e-12, ESeries::E24, 4.7e-12, 5.1e-12, 5.1e-12},

@@ -33,12 +33,7 @@ Session TenParts() {
 // and of the frame, and the figures' column ends above the window's yield
 // controls; the envelope's fill stays inside the frame.
 TEST(YieldPlot, TextsNeitherOverlapNorReachTheControls) {
-  struct Case {
-    const char* name;
-    std::function<Session()> network;
-    YieldRequest request;
-    bool computed;
-  };
+  struct Case { const char* name; std::function<Session()> network; YieldRequest request; bool computed; };
   YieldRequest tight;
   tight.goal = 1.05;
   tight.tolerances.line = 10;

@@ -23,13 +23,7 @@ TEST(Yield, ShareOfTheToleranceOnTheGoodSide) {
   const double crossingL = std::sqrt(0.5) * 50 / (2 * M_PI * 10e6);
   // Normal: σ 1.6 ohm about 48, cut at 3σ: P(z < 1.25 | |z| < 3).
   const double normalShare = (0.5 * std::erfc(-1.25 / std::sqrt(2)) - 0.0013499) / (1 - 2 * 0.0013499);
-  struct Case {
-    int16_t type;
-    double value;
-    Spread spread;
-    double goal;
-    double expected;
-  } const cases[] = {
+  struct Case { int16_t type; double value; Spread spread; double goal, expected; } const cases[] = {
       {SeriesResistor, 48, Spread::Uniform, 1.5, (50 - 43.2) / 9.6},
       {SeriesResistor, 48, Spread::Normal, 1.5, normalShare},
       {SeriesInductor, 540e-9, Spread::Uniform, 2, (crossingL - 486e-9) / 108e-9},
@@ -112,10 +106,7 @@ TEST(Yield, APartsOwnToleranceHoldsForThatPartAlone) {
   const NetworkPart capacitor{2, 1, PartKind::Capacitor};
   SetTolerance(request, capacitor, 10);
   SetTolerance(request, capacitor, 20);
-  const struct {
-    NetworkPart part;
-    double expected;
-  } cases[] = {{capacitor, 20},
+  const struct { NetworkPart part; double expected; } cases[] = {{capacitor, 20},
                {{2, 1, PartKind::Inductor}, 5},   // the stage now holds an inductor
                {{2, 3, PartKind::Capacitor}, 5},  // the other part of an LC stage
                {{3, 1, PartKind::Capacitor}, 5},
