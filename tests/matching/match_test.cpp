@@ -48,11 +48,12 @@ bool PartsVanishAt(const Session& session, const MatchSolution& solution, double
 }
 
 // Every solution of every kind matches loads all over the chart, with as many
-// L networks as exist and four single stubs: two line lengths, each with an open
-// and a shorted stub (R = z0 included, where the second line is a quarter wave). Its labels, in the table and the JSON alike, follow its
-// parts: DC reaches the load when they vanish far below the working frequency;
-// a lumped network passes the end of the spectrum where they vanish; a line
-// repeats along the frequency axis, so a network with one is band-pass.
+// L networks as exist and four single stubs: two line lengths, each with an
+// open and a shorted stub (R = z0 included: its second line is a quarter wave).
+// Its labels, in the table and the JSON alike, follow its parts: DC reaches the
+// load when they vanish far below the working frequency; a lumped network
+// passes the end of the spectrum where they vanish; a line repeats along the
+// frequency axis, so a network with one is band-pass.
 TEST(Match, EverySolutionMatchesWithTheLabelsItsPartsEarn) {
   struct Case { double r, x; int lNetworks, quarterWaveLines = 0; };
   std::set<std::pair<std::string, bool>> seen;
