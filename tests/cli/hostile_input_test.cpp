@@ -37,14 +37,12 @@ TEST_F(HostileInputTest, NothingInjectedNothingNonFinite) {
   // Networks with a two-port block: a through connection from 1 to 10 MHz,
   // and a file that has become hostile since.
   WriteFile("through.s2p", "# MHz S RI R 50\n1 0 0 1 0 1 0 0 0\n10 0 0 1 0 1 0 0 0\n");
-  Session withBlock;
-  InitialiseSession(withBlock);
-  testing::FakeDialogs unheard;
-  ASSERT_EQ(PlaceTwoPortBlock(withBlock, {1, PathOf("through.s2p")}), "");
-  ASSERT_TRUE(WriteNetworkFile(withBlock, unheard, PathOf("block.SSF")));
+  InitialiseSession(network);
+  ASSERT_EQ(PlaceTwoPortBlock(network, {1, PathOf("through.s2p")}), "");
+  Save("block.SSF");
   WriteFile("hostile.s2p", "# MHz S \x1b[31mRED RI\n1 0 0 1 0 1 0 0 0\n");
-  withBlock.TwoPortBlocks[1].file = PathOf("hostile.s2p");
-  ASSERT_TRUE(WriteNetworkFile(withBlock, unheard, PathOf("hostile block.SSF")));
+  network.TwoPortBlocks[1].file = PathOf("hostile.s2p");
+  Save("hostile block.SSF");
 
   struct Case {
     std::vector<std::string> words;
