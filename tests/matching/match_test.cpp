@@ -121,8 +121,7 @@ bool IsSeriesPart(int16_t type) { return type == SeriesCapacitor || type == Seri
 // only the kind it is too small for, and every other kind is still listed.
 TEST(Match, PiAndTTakeTheLoadedQ) {
   const Session session = WithLoad(200, -30);
-  MatchRequest request{{MatchKind::Pi, MatchKind::T}};
-  request.loadedQ = 5;
+  MatchRequest request{.kinds = {MatchKind::Pi, MatchKind::T}, .loadedQ = 5};
   const MatchResult result = FindMatches(session, request);
   EXPECT_EQ(result.solutions.size(), 8u);
   for (const MatchSolution& solution : result.solutions) {
@@ -242,8 +241,7 @@ TEST(Match, ChebyshevPassbandIsTheTextbookOne) {
   const double rippleDb = -10 * std::log10(1 - 0.1 * 0.1);
   const double gammaMax = RippleReflection(rippleDb);
   ASSERT_NEAR(gammaMax, 0.1, 1e-12);
-  MatchRequest request{{MatchKind::Binomial, MatchKind::Chebyshev}};
-  request.rippleDb = rippleDb;
+  MatchRequest request{.kinds = {MatchKind::Binomial, MatchKind::Chebyshev}, .rippleDb = rippleDb};
   for (const int n : {3, 4}) {
     request.sections = n;
     std::vector<MatchStage> binomial, chebyshev;
@@ -301,9 +299,9 @@ TEST(Match, BeyondCablesAndTransformers) {
       ApplyMatch(applied, solution);
       for (int s = 1; s <= kLastStage; ++s) {
         const std::size_t k = static_cast<std::size_t>(s - kept - 1);
-        const int16_t type = s <= kept ? session.ElementType[s] : k < solution.stages.size() ? solution.stages[k].type : Empty;
+        const int16_t type = s <= kept ? session.ElementType[s] : k < solution.stages.size() ? solution.stages[k].type : int16_t{Empty};
         EXPECT_EQ(applied.ElementType[s], type) << MatchPartsText(solution);
-        if (s <= kept) EXPECT_EQ(applied.Value[s], session.Value[s]);
+        if (s <= kept) { EXPECT_EQ(applied.Value[s], session.Value[s]); }
         if (k >= solution.stages.size()) continue;
         // Applied through the Accept rules (the default Q for a Q of 0); the solution itself is lossless.
         const StageValues accepted = AcceptedValues(session, type, solution.stages[k].values);

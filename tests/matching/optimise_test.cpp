@@ -85,10 +85,7 @@ TEST(Optimise, AStartNothingBettersIsReturnedAsItIs) {
     session.Value[1] = {0, c.value, 0, 50};  // a line's length as entered at every frequency, of 50 ohms
     testing::SweepOver(session, 13e6, 15e6, c.goal == Goal::LoadData ? 3 : 5);
     for (int k = 1; k <= 3; ++k) std::tie(session.LoadFreq[k], session.LoadR[k]) = std::pair(12e6 + k * 1e6, c.loadR);
-    OptimiseRequest request;
-    request.freeStages = {1};
-    request.overBand = c.goal != Goal::Working;
-    const OptimiseResult result = Optimise(session, request);
+    const OptimiseResult result = Optimise(session, {.freeStages = {1}, .overBand = c.goal != Goal::Working});
     ASSERT_EQ(result.stages.size(), 1u);
     EXPECT_EQ(result.stages[0].values[1], c.value);
     EXPECT_NEAR(result.before, VSWROf(c.reflection), 1e-9) << c.value;
@@ -170,9 +167,7 @@ TEST(Optimise, CancelKeepsTheStoppedRunsBest) {
 TEST(Optimise, FollowsTheLoadModel) {
   Session session = MistunedL();
   session.Value[0][2] = -80;
-  OptimiseRequest request{{1, 2}, false, true};
-  request.loadModel = LoadModel::Fitted;
-  const OptimiseResult fitted = Optimise(session, request);
+  const OptimiseResult fitted = Optimise(session, {.freeStages = {1, 2}, .loadModel = LoadModel::Fitted});
   EXPECT_NEAR(AppliedWorst(session, fitted, LoadModel::Fitted), fitted.after, 1e-9 * fitted.after);
   EXPECT_GT(AppliedWorst(session, Optimise(session, {{1, 2}, false, true}), LoadModel::Fitted), fitted.after + 0.01);
 }
@@ -183,7 +178,7 @@ TEST(Optimise, FollowsTheLoadModel) {
 TEST(Optimise, AFreeCableStaysNearItsLength) {
   const Session session = testing::EndFedNetwork();
   const double halfWave = 299'792'458 * 0.66 / 14.2e6 / 2;
-  for (const auto [wide, low, high, lossAfter] : {std::tuple(false, 30 - halfWave, 30 + halfWave, 3.0),
+  for (const auto& [wide, low, high, lossAfter] : {std::tuple(false, 30 - halfWave, 30 + halfWave, 3.0),
                                                   std::tuple(true, 0.01, 1000.0, 1e9)}) {
     const SearchVariable variable = SearchVariables(session, {2}, false, wide).front();
     EXPECT_NEAR(variable.low, low, 1e-9);
@@ -192,7 +187,7 @@ TEST(Optimise, AFreeCableStaysNearItsLength) {
     EXPECT_TRUE(result.stages[0].values[1] >= low && result.stages[0].values[1] <= high);
     EXPECT_LT(result.lossBefore.value(), 3);
     EXPECT_LT(result.lossAfter.value(), lossAfter);
-    if (wide) EXPECT_GT(result.lossAfter.value(), 20);
+    if (wide) { EXPECT_GT(result.lossAfter.value(), 20); }
   }
 }
 

@@ -23,9 +23,7 @@ TEST(PartsList, EveryPartWithItsSeriesAndTolerance) {
   session.Value[2] = {0, 30, 14.2e6, 75};
   session.Value[3] = {0, 49.9};
   session.Value[4] = {0, 3.0e-9, 1000};
-  Tolerances tolerances;
-  tolerances.capacitor = 2;
-  EXPECT_EQ(PartsListCsv(session, tolerances),
+  EXPECT_EQ(PartsListCsv(session, {.capacitor = 2}),
             "stage,part,value,series,tolerance\n"
             "1,shunt series LC L,2.2 uH,E3,5 %\n"
             "1,shunt series LC C,37.34 pF,,2 %\n"

@@ -17,9 +17,7 @@ namespace {
 Session MatchedPi() {
   Session session = testing::FiveStageNetwork();
   session.ElementType = {};
-  MatchRequest request{{MatchKind::Pi}};
-  request.loadedQ = 3;
-  for (const MatchSolution& s : FindMatches(session, request).solutions) {
+  for (const MatchSolution& s : FindMatches(session, {.kinds = {MatchKind::Pi}, .loadedQ = 3}).solutions) {
     if (s.response == MatchResponse::LowPass) ApplyMatch(session, s);
   }
   testing::SweepOver(session, 13.5e6, 15e6, 31);
@@ -71,9 +69,7 @@ TEST(Snap, FeedPartsStayUnlessFreed) {
   Session session = testing::EndFedNetwork();
   ApplyMatch(session, FindMatches(session, MatchRequest{{MatchKind::L}}).solutions.front());
   for (const bool retune : {false, true}) {
-    SnapRequest request{{3, 4}};
-    request.retuneFeedParts = retune;
-    const SnapResult result = SnapToStandardValues(session, request);
+    const SnapResult result = SnapToStandardValues(session, {.stages = {3, 4}, .series = {}, .retuneFeedParts = retune});
     std::vector<int> stages;
     for (const OptimisedStage& s : result.stages) stages.push_back(s.stage);
     EXPECT_EQ(stages, (retune ? std::vector<int>{3, 4, 1, 2} : std::vector<int>{3, 4}));

@@ -57,7 +57,7 @@ TEST(YieldPlot, TextsNeitherOverlapNorReachTheControls) {
     for (std::size_t i = 0; i < boxes.size(); ++i) {
       EXPECT_TRUE(boxes[i].Inside(kPage)) << c.name << ": text " << i;
       EXPECT_TRUE(boxes[i].Inside(kFrame) || !boxes[i].Overlaps(kFrame)) << c.name << ": text " << i;
-      if (boxes[i].left >= kFrame.right) EXPECT_LE(boxes[i].bottom, kYieldFiguresBottom) << c.name << ": text " << i;
+      if (boxes[i].left >= kFrame.right) { EXPECT_LE(boxes[i].bottom, kYieldFiguresBottom) << c.name << ": text " << i; }
       for (std::size_t j = 0; j < i; ++j) EXPECT_FALSE(boxes[i].Overlaps(boxes[j])) << c.name << ": " << j << ", " << i;
     }
     for (const DrawCommand& fill : testing::OfKind(plot, DrawCommand::Kind::FillRect)) {
