@@ -131,9 +131,7 @@ TEST(Match, PiAndTTakeTheLoadedQ) {
     EXPECT_NE(IsSeriesPart(solution.stages[1].type), IsSeriesPart(solution.stages[2].type));
   }
   // 200 - j30: the smallest T Q is 1.732, the smallest Pi one 1.758.
-  request = MatchRequest{};
-  request.loadedQ = 1.75;
-  const MatchResult between = FindMatches(session, request);
+  const MatchResult between = FindMatches(session, {.loadedQ = 1.75});
   ASSERT_EQ(between.refusals.size(), 1u);
   EXPECT_EQ(between.refusals[0],
             "A loaded Q of 1.75 is too small for a Pi network on this load: the smallest possible is 1.758.");
@@ -144,7 +142,6 @@ TEST(Match, PiAndTTakeTheLoadedQ) {
   }
   // On a real load, at exactly the smallest Q, one part vanishes: that is an
   // L network, not listed again.
-  request = MatchRequest{{MatchKind::Pi, MatchKind::T}};
   request.loadedQ = std::sqrt(3.0);
   EXPECT_TRUE(FindMatches(WithLoad(200, 0), request).solutions.empty());
   EXPECT_EQ(DefaultLoadedQ({200, -30}, 50), 2 * SmallestPiQ({200, -30}, 50));
