@@ -100,11 +100,12 @@ TEST(Yield, APartsOwnToleranceHoldsForThatPartAlone) {
   const NetworkPart capacitor{2, 1, PartKind::Capacitor};
   SetTolerance(request, capacitor, 10);
   SetTolerance(request, capacitor, 20);
-  const struct { NetworkPart part; double expected; } cases[] = {{capacitor, 20},
-               {{2, 1, PartKind::Inductor}, 5},   // the stage now holds an inductor
-               {{2, 3, PartKind::Capacitor}, 5},  // the other part of an LC stage
-               {{3, 1, PartKind::Capacitor}, 5},
-               {{4, 1, PartKind::Resistor}, 1}};
+  const struct { NetworkPart part; double expected; } cases[] = {
+      {capacitor, 20},
+      {{2, 1, PartKind::Inductor}, 5},   // the stage now holds an inductor
+      {{2, 3, PartKind::Capacitor}, 5},  // the other part of an LC stage
+      {{3, 1, PartKind::Capacitor}, 5},
+      {{4, 1, PartKind::Resistor}, 1}};
   for (const auto& c : cases) {
     EXPECT_EQ(ToleranceOf(request, c.part), c.expected) << c.part.stage << "/" << c.part.slot;
   }
