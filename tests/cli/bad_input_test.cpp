@@ -55,13 +55,5 @@ TEST_F(BadInputTest, EndsWithAMessageAndNoHalfWrittenOutput) {
   }
 }
 
-TEST_F(BadInputTest, HugeFilesAndFoldersAreRefused) {
-  fs::resize_file(PathOf("net.SSF"), 200'000'000);  // sparse: nothing is read
-  EXPECT_EQ(Run({"sweep", PathOf("net.SSF"), "-o", PathOf("out.DAT")}), kExitFailed);
-  fs::create_directory(PathOf("folder.SSF"));
-  EXPECT_EQ(Run({"sweep", PathOf("folder.SSF"), "-o", PathOf("out.DAT")}), kExitFailed);
-  EXPECT_FALSE(fs::exists(PathOf("out.DAT")));
-}
-
 }  // namespace
 }  // namespace kalvex

@@ -28,6 +28,9 @@ TEST_F(HostileInputTest, NothingInjectedNothingNonFinite) {
   fs::copy_file(PathOf("net.SSF"), PathOf(forged));  // the writer would tidy the name
   SaveNetwork(SeriesInductor, 1e308, 200, "huge.SSF");
   SaveNetwork(ShuntCapacitor, 5e-324, 1000, "tiny.SSF");
+  WriteFile("200 MB.SSF", "");
+  fs::resize_file(PathOf("200 MB.SSF"), 200'000'000);  // sparse: nothing is read
+  fs::create_directory(PathOf("folder.SSF"));
   // S = 1 (an open), Y = 0 and an overflowing dB value give no finite load.
   WriteFile("mixed.s1p", "# MHz S RI R 50\n14 1 0\n14.1 0.2 0.1\n14.2 1e308 1e308\n");
   WriteFile("open.s1p", "# MHz S RI R 50\n14 1 0\n");
@@ -68,6 +71,8 @@ TEST_F(HostileInputTest, NothingInjectedNothingNonFinite) {
            {{"spice", PathOf("block.SSF")}, kExitFailed, "measured data that a SPICE deck cannot hold"},
            {{"impedance", PathOf("hostile block.SSF")}, kExitOk, "option line is not understood: # MHz S  [31mRED RI"},
            {{"impedance", "/proc/self/mem"}, kExitFailed, "cannot read /proc/self/mem: Input/output error"},
+           {{"sweep", PathOf("200 MB.SSF"), "-o", PathOf("out.DAT")}, kExitFailed, "it holds more than 64 MB"},
+           {{"sweep", PathOf("folder.SSF"), "-o", PathOf("out.DAT")}, kExitFailed, "it is a folder"},
            {{"sweep", PathOf("net.SSF"), "--load", PathOf("y.s1p"), "-o", PathOf("y.s1p")}, kExitUsage,
             "-o names the input file"}}) {
     const std::string network = ReadFile("net.SSF");
@@ -84,6 +89,7 @@ TEST_F(HostileInputTest, NothingInjectedNothingNonFinite) {
     }
   }
   EXPECT_TRUE(Holds(ReadFile("out\n.DAT"), "Filename: " + PathOf("out .DAT") + "\r\n"));
+  EXPECT_FALSE(fs::exists(PathOf("out.DAT")));
 }
 
 // The exit steps say what was saved, and only that.
