@@ -7,23 +7,21 @@
 namespace kalvex {
 namespace {
 
-std::vector<int> Decade(ESeries series) { return SeriesDecade(series); }
-
 TEST(StandardValues, TablesAreTheIecValues) {
-  EXPECT_EQ(Decade(ESeries::E12), (std::vector<int>{10, 12, 15, 18, 22, 27, 33, 39, 47, 56, 68, 82}));
-  EXPECT_EQ(Decade(ESeries::E24), (std::vector<int>{10, 11, 12, 13, 15, 16, 18, 20, 22, 24, 27, 30,
-                                                     33, 36, 39, 43, 47, 51, 56, 62, 68, 75, 82, 91}));
-  EXPECT_EQ(Decade(ESeries::E96),
+  EXPECT_EQ(SeriesDecade(ESeries::E12), (std::vector<int>{10, 12, 15, 18, 22, 27, 33, 39, 47, 56, 68, 82}));
+  EXPECT_EQ(SeriesDecade(ESeries::E24), (std::vector<int>{10, 11, 12, 13, 15, 16, 18, 20, 22, 24, 27, 30,
+                                                           33, 36, 39, 43, 47, 51, 56, 62, 68, 75, 82, 91}));
+  EXPECT_EQ(SeriesDecade(ESeries::E96),
             (std::vector<int>{100, 102, 105, 107, 110, 113, 115, 118, 121, 124, 127, 130, 133, 137, 140, 143,
                               147, 150, 154, 158, 162, 165, 169, 174, 178, 182, 187, 191, 196, 200, 205, 210,
                               215, 221, 226, 232, 237, 243, 249, 255, 261, 267, 274, 280, 287, 294, 301, 309,
                               316, 324, 332, 340, 348, 357, 365, 374, 383, 392, 402, 412, 422, 432, 442, 453,
                               464, 475, 487, 499, 511, 523, 536, 549, 562, 576, 590, 604, 619, 634, 649, 665,
                               681, 698, 715, 732, 750, 768, 787, 806, 825, 845, 866, 887, 909, 931, 953, 976}));
-  EXPECT_EQ(Decade(ESeries::E3), (std::vector<int>{10, 22, 47}));
-  EXPECT_EQ(Decade(ESeries::E6), (std::vector<int>{10, 15, 22, 33, 47, 68}));
-  EXPECT_EQ(Decade(ESeries::E48).size(), 48u);
-  const std::vector<int> e192 = Decade(ESeries::E192);
+  EXPECT_EQ(SeriesDecade(ESeries::E3), (std::vector<int>{10, 22, 47}));
+  EXPECT_EQ(SeriesDecade(ESeries::E6), (std::vector<int>{10, 15, 22, 33, 47, 68}));
+  EXPECT_EQ(SeriesDecade(ESeries::E48).size(), 48u);
+  const std::vector<int> e192 = SeriesDecade(ESeries::E192);
   ASSERT_EQ(e192.size(), 192u);
   EXPECT_EQ(std::vector<int>(e192.begin() + 183, e192.begin() + 188), (std::vector<int>{898, 909, 920, 931, 942}));
 }
