@@ -8,13 +8,7 @@ namespace {
 
 using testing::SplitLines;
 
-class CommandTest : public testing::CliTest {
- protected:
-  int Sweep(std::vector<std::string> words) {
-    words.insert(words.begin(), {"sweep", PathOf("net.SSF")});
-    return Run(words);
-  }
-};
+using CommandTest = testing::CliTest;
 
 TEST_F(CommandTest, ImpedanceIsPrintedToTwelveDigits) {
   EXPECT_EQ(Run({"impedance", PathOf("net.SSF")}), kExitOk);
@@ -32,13 +26,13 @@ TEST_F(CommandTest, ImpedanceIsPrintedToTwelveDigits) {
 // Without options the file's sweep is written in the data layout; options
 // override the file, and the table matches the Tabulate page's.
 TEST_F(CommandTest, SweepUsesTheFileSettingsUnlessOptionsOverrideThem) {
-  EXPECT_EQ(Sweep({}), kExitOk);
+  EXPECT_EQ(Run({"sweep", PathOf("net.SSF")}), kExitOk);
   std::vector<std::string> lines = SplitLines(out.str());
   ASSERT_EQ(lines.size(), 12u);
   EXPECT_EQ(std::tuple(lines[0], lines[1]), std::tuple("Kalvex data file", "Filename: -"));
   EXPECT_TRUE(lines[6].starts_with(" 13000000  50.") && lines[10].starts_with(" 15000000  50.")) << out.str();
 
-  EXPECT_EQ(Sweep({"--start", "1M", "--stop", "2M", "--points", "11", "--table"}), kExitOk);
+  EXPECT_EQ(Run({"sweep", PathOf("net.SSF"), "--start", "1M", "--stop", "2M", "--points", "11", "--table"}), kExitOk);
   lines = SplitLines(out.str());
   ASSERT_EQ(lines.size(), 12u);
   EXPECT_EQ(lines[0], kTabulateHeading);
@@ -50,7 +44,8 @@ TEST_F(CommandTest, SweepUsesTheFileSettingsUnlessOptionsOverrideThem) {
 
 // Load data is swept point by point; a file with no point fails.
 TEST_F(CommandTest, SweepOverLoadDataWritesItsPoints) {
-  EXPECT_EQ(Sweep({"--load", KALVEX_EXAMPLES_DIR "/dipole20m.RJX", "-o", PathOf("out.DAT")}), kExitOk);
+  EXPECT_EQ(Run({"sweep", PathOf("net.SSF"), "--load", KALVEX_EXAMPLES_DIR "/dipole20m.RJX", "-o", PathOf("out.DAT")}),
+            kExitOk);
   EXPECT_EQ(out.str(), "");
   const std::vector<std::string> lines = SplitLines(ReadFile("out.DAT"));
   ASSERT_EQ(lines.size(), 6u + 81u + 1u);
@@ -58,7 +53,7 @@ TEST_F(CommandTest, SweepOverLoadDataWritesItsPoints) {
   EXPECT_TRUE(lines[86].starts_with(" 14600000 "));
 
   WriteFile("empty.RJX", "! nothing\r\n");
-  EXPECT_EQ(Sweep({"--load", PathOf("empty.RJX")}), kExitFailed);
+  EXPECT_EQ(Run({"sweep", PathOf("net.SSF"), "--load", PathOf("empty.RJX")}), kExitFailed);
   EXPECT_EQ(out.str(), "");
 }
 
