@@ -12,11 +12,7 @@ using testing::Holds;
 
 // A command's words with a refusal expected: what standard error must name
 // (the option, or the range) and its exit code.
-struct Refusal {
-  std::vector<std::string> words;
-  std::string named;
-  int exitCode = kExitUsage;
-};
+struct Refusal { std::vector<std::string> words; std::string named; int exitCode = kExitUsage; };
 
 class ArgumentsTest : public testing::CliTest {
  protected:
