@@ -47,11 +47,7 @@ TEST_F(HostileInputTest, NothingInjectedNothingNonFinite) {
   network.TwoPortBlocks[1].file = PathOf("hostile.s2p");
   Save("hostile block.SSF");
 
-  struct Case {
-    std::vector<std::string> words;
-    int exitCode;
-    std::string inMessages;  // "" when nothing goes to standard error
-  };
+  struct Case { std::vector<std::string> words; int exitCode; std::string inMessages; };  // "": nothing on standard error
   for (const Case& c : std::vector<Case>{
            {{"spice", PathOf(forged)}, kExitOk, ""},
            {{"spice", PathOf("huge.SSF")}, kExitFailed, "Stage 1 (series inductor)"},
