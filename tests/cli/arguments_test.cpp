@@ -47,13 +47,12 @@ class ArgumentsTest : public testing::CliTest {
 // What every command refuses alike: unknown options, extra words and a
 // missing network file.
 TEST_F(ArgumentsTest, EveryCommandRefusesMalformedArgumentsByName) {
-  for (const std::string command :
-       {"impedance", "sweep", "spice", "match", "band", "optimize", "yield", "snap", "bom"}) {
-    const std::vector<std::string> free = command == "optimize" ? std::vector<std::string>{"--free", "1"}
-                                          : command == "snap"   ? std::vector<std::string>{"--stages", "1"}
-                                                                : std::vector<std::string>{};
-    auto with = [&free](std::vector<std::string> words) {
-      words.insert(words.end(), free.begin(), free.end());
+  // Each with the options it cannot do without.
+  for (const auto& [command, needed] : std::vector<std::pair<std::string, std::vector<std::string>>>{
+           {"impedance", {}}, {"sweep", {}}, {"spice", {}}, {"match", {}}, {"band", {}},
+           {"optimize", {"--free", "1"}}, {"yield", {}}, {"snap", {"--stages", "1"}}, {"bom", {}}}) {
+    auto with = [&needed](std::vector<std::string> words) {
+      words.insert(words.end(), needed.begin(), needed.end());
       return words;
     };
     ExpectRefusals(command, {{with({"--bogus"}), "--bogus"},
