@@ -65,6 +65,7 @@ TEST_F(HostileInputTest, NothingInjectedNothingNonFinite) {
            {{"sweep", PathOf("block.SSF")}, kExitFailed, "(through.s2p) covers 1 MHz to 10 MHz, not"},
            {{"sweep", PathOf("block.SSF"), "--start", "2e6", "--stop", "9e6", "--touchstone2"}, kExitOk, ""},
            {{"spice", PathOf("block.SSF")}, kExitFailed, "measured data that a SPICE deck cannot hold"},
+           {{"optimize", PathOf("block.SSF"), "--free", "1"}, kExitUsage, "stage 1 is a two-port block, which has no value"},
            {{"impedance", PathOf("hostile block.SSF")}, kExitOk, "option line is not understood: # MHz S  [31mRED RI"},
            {{"impedance", "/proc/self/mem"}, kExitFailed, "cannot read /proc/self/mem: Input/output error"},
            {{"sweep", PathOf("200 MB.SSF"), "-o", PathOf("out.DAT")}, kExitFailed, "it holds more than 64 MB"},
