@@ -45,21 +45,10 @@ class UndoTest : public testing::PagesInFolder {
   std::unique_ptr<Page> page;
 };
 
-// The first state is the session the program started with: nothing to undo,
-// and Ctrl+Z leaves it as it is.
-TEST_F(UndoTest, StartsWithNoStep) {
-  auto& design = Show<DesignPage>();
-  const NetworkState started = NetworkStateOf(session);
-  Click(design.Editor().StageX[1] - 600, 1000);  // the load, accepted as it is
-  Key(design.txtValue[0], Qt::Key_Return, {});
-  Key(design.txtFrequency, Qt::Key_Z);
-  EXPECT_EQ(NetworkStateOf(session), started);
-  EXPECT_EQ(history.Stack().count(), 0);
-}
-
 // Each finished edit of the Design page is one step named for it, undone to
 // the exact network before it and redone again; what changes nothing, or is
-// left half done, is no step.
+// left half done, is no step. The first state is the session the program
+// started with: Ctrl+Z then has nothing to undo and leaves it as it is.
 TEST_F(UndoTest, DesignPageStepsRestoreExactNetworks) {
   auto& design = Show<DesignPage>();
   auto pick = [this, &design](int stage, double partX, double partY) {
@@ -67,6 +56,11 @@ TEST_F(UndoTest, DesignPageStepsRestoreExactNetworks) {
     Click(partX, partY);
   };
   const std::vector<std::pair<QString, std::function<void()>>> actions = {
+      {"", [&] {
+         Click(design.Editor().StageX[1] - 600, 1000);  // the load, accepted as it is
+         Key(design.txtValue[0], Qt::Key_Return, {});
+         Key(design.txtFrequency, Qt::Key_Z);
+       }},
       {"Get net five_stage.SSF", [&] { dialogs.fileNames.push_back("five_stage.SSF"); design.cmdGetNet->click(); }},
       {"Frequency 14.001 MHz", [&] {
          design.txtFrequency->clear();
@@ -129,14 +123,19 @@ TEST_F(UndoTest, KeysUndoAndRedoFromAValueBox) {
   EXPECT_EQ(UndoText(), "System Z 500 ohms");
 }
 
-// Undo on the Analysis page restores the network and operating point into
-// the view as it stands, the band window open or closed; the page is not
-// opened again and the defaults file is not written.
-TEST_F(UndoTest, AnalysisViewStaysAcrossUndo) {
+// Undo on the Analysis page, and a match applied there, put the network and
+// operating point into the view as it stands, the band window open or closed:
+// the zoom, the drag, the aspect, the grid, the overlays and the selected part
+// stay, the page is not opened again and the defaults file is not written.
+TEST_F(UndoTest, AnalysisViewStaysAcrossUndoAndAppliedMatches) {
+  session.Value[0] = {0, 25, 80};
   auto& analysis = Show<AnalysisPage>();
-  analysis.cmdIn->click();
-  Click((session.PartRightEdge[0] + session.PartRightEdge[1]) / 2.0, 800);  // stage 1
   TuningControls& tuning = *analysis.tuning;
+  analysis.cmdIn->click();
+  analysis.cmdDisplay->click();
+  analysis.cmdQon->click();
+  session.ChartCentreY = 5400;  // where a drag left the chart
+  Click((session.PartRightEdge[0] + session.PartRightEdge[1]) / 2.0, 800);  // stage 1
   tuning.optTuneSizeNormal->click();
   for (int k = 0; k < 3; ++k) tuning.topSteps[3]->click();
   EXPECT_EQ(UndoText(), "Tune stage 1");
@@ -149,7 +148,12 @@ TEST_F(UndoTest, AnalysisViewStaysAcrossUndo) {
   EXPECT_EQ(history.Stack().count(), 2);
   BandWindow* band = BandWindow::Show(session, dialogs);
   std::filesystem::remove("Defaults.TXT");
-  const double zoom = session.ChartZoom;
+  const auto view = [this, &analysis] {
+    return std::tuple(session.ChartZoom, session.ChartCentreX, session.ChartCentreY, session.ChartAspect,
+                      session.GridType, session.QArcsOn, session.SelectedStage, analysis.cmdOut->isEnabled(),
+                      analysis.tuning->cmdZ1->isVisible(), analysis.isVisible());
+  };
+  const auto before = view();
 
   for (const bool bandOpen : {true, false}) {
     if (!bandOpen) band->close();
@@ -167,52 +171,21 @@ TEST_F(UndoTest, AnalysisViewStaysAcrossUndo) {
   EXPECT_EQ(UndoText(), "Clear stage 1");
   EXPECT_FALSE(tuning.cmdZ1->isVisible());
   history.Undo();  // the part is back, and its panel with it
-  EXPECT_TRUE(analysis.isVisible());
-  EXPECT_TRUE(tuning.cmdZ1->isVisible());
-  EXPECT_EQ(session.ChartZoom, zoom);
-  EXPECT_TRUE(analysis.cmdOut->isEnabled());
-  EXPECT_FLOAT_EQ(session.ChartAspect, 0.9f);
+  EXPECT_EQ(view(), before);
   EXPECT_FALSE(std::filesystem::exists("Defaults.TXT"));
-}
 
-// A match applied on the Analysis page is one step shown as an undo shows
-// one: the zoom, the drag, the aspect, the grid, the overlays and the
-// selected part stay, and the page is not opened again.
-TEST_F(UndoTest, MatchAppliedOnTheAnalysisPageKeepsTheView) {
-  session.Value[0] = {0, 25, 80};
-  history.Settle();
-  auto& analysis = Show<AnalysisPage>();
-  analysis.cmdIn->click();
-  analysis.txtAspect->setText("0.9");
-  Key(analysis.txtAspect, Qt::Key_Return, {});
-  analysis.cmdDisplay->click();
-  analysis.cmdQon->click();
-  session.ChartCentreY = 5400;  // where a drag left the chart
-  Click((session.PartRightEdge[0] + session.PartRightEdge[1]) / 2.0, 800);  // stage 1
-  const auto view = [this, &analysis] {
-    return std::tuple(session.ChartZoom, session.ChartCentreX, session.ChartCentreY, session.ChartAspect,
-                      session.GridType, session.QArcsOn, session.SelectedStage, analysis.cmdOut->isEnabled(),
-                      analysis.tuning->cmdZ1->isVisible());
-  };
-  const auto before = view();
-  const NetworkState started = NetworkStateOf(session);
-  const QString shown = analysis.tuning->txtZ1->text();
-
+  const NetworkState undone = NetworkStateOf(session);
+  const QString shown = tuning.txtZ1->text();
   testing::WhenModalShows<MatchDialog>([](MatchDialog& dialog) {
     dialog.cboKind->setCurrentIndex(1);  // L networks
     dialog.cmdCompute->click();
     dialog.lstSolutions->selectRow(3);
     dialog.cmdApply->click();
   });
-  Key(analysis.tuning->txtZ1, Qt::Key_M);
+  Key(tuning.txtZ1, Qt::Key_M);
   EXPECT_EQ(UndoText(), "Match applied (L, 2 parts)");
-  EXPECT_NE(NetworkStateOf(session), started);
-  EXPECT_NE(analysis.tuning->txtZ1->text(), shown);  // the panel shows the new stage 1
-  EXPECT_TRUE(analysis.isVisible());
-  EXPECT_EQ(view(), before);
-
-  history.Undo();
-  EXPECT_EQ(NetworkStateOf(session), started);
+  EXPECT_NE(NetworkStateOf(session), undone);
+  EXPECT_NE(tuning.txtZ1->text(), shown);  // the panel shows the new stage 1
   EXPECT_EQ(view(), before);
 }
 
