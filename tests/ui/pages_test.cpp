@@ -182,19 +182,6 @@ TEST_F(AnalysisPageTest, LoadsWithItsViewAndTuningState) {
   EXPECT_TRUE(page->tuning->optTuneSizeFine->styleSheet().contains("rgb(232, 248, 255)"));
 }
 
-TEST_F(AnalysisPageTest, StripClickSelectsAndStepsTunePart) {
-  Click((session.PartRightEdge[0] + session.PartRightEdge[1]) / 2.0, 800);
-  EXPECT_EQ(session.SelectedStage, 1);
-  EXPECT_EQ(page->tuning->cmdZ1->text(), "C enter");
-  EXPECT_EQ(page->tuning->txtZ1->text(), "100 pF");
-  page->tuning->optTuneSizeNormal->click();
-  page->tuning->topSteps[3]->click();  // ">>": 10 %
-  EXPECT_EQ(page->tuning->txtZ1->text(), "110 pF");
-  page->tuning->txtZ1->setText("0");
-  QTest::keyClick(page->tuning->txtZ1, Qt::Key_Return);  // Enter presses "C enter"
-  EXPECT_EQ(session.ElementType[1], Empty);
-}
-
 TEST_F(AnalysisPageTest, OverlayDialogsSwitchTheirOverlayOnHoweverTheyClose) {
   WhenModalShows<OverlaySetupDialog>([](OverlaySetupDialog& dialog) {
     EXPECT_EQ(dialog.windowTitle(), "Q circle setup");

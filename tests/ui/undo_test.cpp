@@ -136,8 +136,9 @@ TEST_F(UndoTest, AnalysisViewStaysAcrossUndoAndAppliedMatches) {
   analysis.cmdQon->click();
   session.ChartCentreY = 5400;  // where a drag left the chart
   Click((session.PartRightEdge[0] + session.PartRightEdge[1]) / 2.0, 800);  // stage 1
+  EXPECT_EQ(tuning.cmdZ1->text() + " " + tuning.txtZ1->text(), "L enter 1.2 uH");
   tuning.optTuneSizeNormal->click();
-  for (int k = 0; k < 3; ++k) tuning.topSteps[3]->click();
+  for (int k = 0; k < 3; ++k) tuning.topSteps[3]->click();  // ">>": 10 % over the zoom of 1.414
   EXPECT_EQ(UndoText(), "Tune stage 1");
   tuning.txtFreq->setText("14.25M");
   Key(tuning.txtFreq, Qt::Key_Return, {});
@@ -164,7 +165,7 @@ TEST_F(UndoTest, AnalysisViewStaysAcrossUndoAndAppliedMatches) {
     EXPECT_EQ(analysis.StatusLine()->text().toStdString(), MatchStatusText(session));
     history.Redo();
     history.Redo();
-    EXPECT_NE(tuning.txtZ1->text(), "1.2 uH");
+    EXPECT_EQ(tuning.txtZ1->text(), "1.47298 uH");
   }
   tuning.txtZ1->setText("0");
   Key(tuning.txtZ1, Qt::Key_Return, {});
