@@ -8,13 +8,13 @@
 #include <functional>
 #include <memory>
 
+#include "analysis/tabulate.h"
 #include "platform/drawing_extent.h"
 #include "print/paper.h"
 #include "print/print_chart.h"
-#include "support/fake_dialogs.h"
 #include "support/five_stage_network.h"
 #include "support/image_box.h"
-#include "support/temp_dir.h"
+#include "support/pages_in_folder.h"
 #include "ui/analysis_page.h"
 #include "ui/design_page.h"
 #include "ui/match_dialog.h"
@@ -28,16 +28,13 @@ namespace kalvex {
 namespace {
 
 // The pages on the five-stage network at 14.2 MHz, swept over 13..15 MHz.
-class LayoutTest : public testing::TempDirTest {
+class LayoutTest : public testing::PagesInFolder {
  protected:
   void SetUp() override {
-    TempDirTest::SetUp();
+    PagesInFolder::SetUp();
     session = testing::FiveStageNetwork();
     testing::SweepOver(session, 13e6, 15e6, 11);
   }
-
-  Session session;
-  testing::FakeDialogs dialogs;
 };
 
 std::string Named(const QWidget* control) {
@@ -76,10 +73,20 @@ TEST_F(LayoutTest, ControlsLieInsideTheirParentsAtEveryFrameSize) {
   }
 }
 
-// The Tabulate page is laid out as the other pages: its list takes the share
-// of the page its place gives it, below the menu bar, at every window size.
-TEST_F(LayoutTest, TabulatePageFillsItsFrame) {
+// The Tabulate page lists the sweep's rows and writes them to a file. It is
+// laid out as the other pages: its list takes the share of the page its place
+// gives it, below the menu bar, at every window size.
+TEST_F(LayoutTest, TabulatePageListsTheSweepAndFillsItsFrame) {
+  Session copy = session;
+  const std::vector<std::string> rows = TabulateSweep(copy);
   TabulatePage table(session, dialogs);
+  EXPECT_EQ(table.windowTitle(), "Kalvex 2.12 Tabulated output ");
+  ASSERT_EQ(table.lstTabulatedOutput->count(), 11);
+  for (int k = 0; k < 11; ++k) EXPECT_EQ(table.lstTabulatedOutput->item(k)->text().toStdString(), rows[k]);
+  dialogs.fileNames.push_back("sweep");
+  table.cmdFile->click();
+  EXPECT_EQ(dialogs.chooserTitles.back(), "Write Kalvex data file");
+  EXPECT_TRUE(std::filesystem::exists("sweep.DAT"));
   table.setWindowState(Qt::WindowNoState);
   table.show();
   int font = 1000;  // the buttons' text grows and shrinks with the page

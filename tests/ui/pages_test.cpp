@@ -8,7 +8,6 @@
 #include <QPushButton>
 #include <QTest>
 
-#include "analysis/tabulate.h"
 #include "files/network_file.h"
 #include "model/network_state.h"
 #include "support/five_stage_network.h"
@@ -25,7 +24,6 @@
 #include "ui/overlay_setup_dialog.h"
 #include "ui/session_history.h"
 #include "ui/sweep_setup_dialog.h"
-#include "ui/tabulate_page.h"
 
 namespace kalvex {
 namespace {
@@ -231,22 +229,6 @@ TEST_F(AnalysisPageTest, SweepSetupSwitchesTheSweepOnAndEditsDisableTheTable) {
   EXPECT_TRUE(page->cmdTabulate->isEnabled());  // closing redraws, and the sweep ran again
   page->cmdSweep->click();
   EXPECT_EQ(session.SweepShown, 0);
-}
-
-TEST_F(AnalysisPageTest, TabulatePageListsTheRowBuildersRowsAndWritesThemToAFile) {
-  session.SweepStart = 13e6;
-  session.SweepStop = 15e6;
-  session.SweepPoints = 5;
-  Session copy = session;
-  const std::vector<std::string> rows = TabulateSweep(copy);
-  TabulatePage table(session, dialogs);
-  EXPECT_EQ(table.windowTitle(), "Kalvex 2.12 Tabulated output ");
-  ASSERT_EQ(table.lstTabulatedOutput->count(), 5);
-  for (int k = 0; k < 5; ++k) EXPECT_EQ(table.lstTabulatedOutput->item(k)->text().toStdString(), rows[k]);
-  dialogs.fileNames.push_back("sweep");
-  table.cmdFile->click();
-  EXPECT_EQ(dialogs.chooserTitles.back(), "Write Kalvex data file");
-  EXPECT_TRUE(std::filesystem::exists("sweep.DAT"));
 }
 
 // The chart keeps its proportions whatever the window's: the page is drawn in
