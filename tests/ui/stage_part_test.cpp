@@ -94,6 +94,7 @@ TEST_F(StagePartTest, TheDialogPutsThePartIntoTheStage) {
 // Ctrl+Shift+C puts a cable in as one step that undo and redo take back and
 // give again whole; a click on the cable opens the dialog on it, showing its
 // catalogue cable and length, and a cancel leaves the stage selected.
+// "Two-port from file..." goes on to the block's dialog for the stage chosen.
 TEST_F(StagePartTest, TheDesignPageOpensTheDialogAndRecordsOneStep) {
   SessionHistory history(session);
   DesignPage page(session, dialogs);
@@ -113,6 +114,20 @@ TEST_F(StagePartTest, TheDesignPageOpensTheDialogAndRecordsOneStep) {
   history.Redo();
   EXPECT_EQ(std::tuple(session.ElementType[2], session.Value[2]), std::tuple(CoaxialCable, kRG58In100Feet));
 
+  int blockStage = 0;
+  testing::WhenModalShows<StagePartDialog>([&blockStage](StagePartDialog& dialog) {
+    dialog.cboStage->setCurrentIndex(3);
+    testing::WhenModalShows<TwoPortDialog>([&blockStage](TwoPortDialog& block) {
+      blockStage = block.spnStage->value();
+      block.reject();
+    });
+    dialog.cmdTwoPort->click();
+  });
+  QApplication::setActiveWindow(&page);
+  QTest::keyClick(&page, Qt::Key_C, Qt::ControlModifier | Qt::ShiftModifier);
+  EXPECT_EQ(blockStage, 4);
+  EXPECT_EQ(session.ElementType[4], Empty);
+
   testing::WhenModalShows<StagePartDialog>([](StagePartDialog& dialog) {
     EXPECT_EQ(std::tuple(dialog.cboStage->currentIndex(), dialog.cboKind->currentText(),
                          Cable(dialog).cboCable->currentText(), Cable(dialog).txtLength->text()),
@@ -124,25 +139,6 @@ TEST_F(StagePartTest, TheDesignPageOpensTheDialogAndRecordsOneStep) {
   testing::ClickPage(page, page.Editor().StageX[2] + 300, 1000);
   EXPECT_EQ(std::tuple(page.Editor().EditStage, page.Editor().LibraryArmed), std::tuple(2, 1));
   EXPECT_EQ(history.Stack().count(), 1);
-}
-
-// "Two-port from file..." goes on to the block's dialog for the stage chosen.
-TEST_F(StagePartTest, TwoPortFromFileOpensTheBlockDialogForTheChosenStage) {
-  DesignPage page(session, dialogs);
-  page.show();
-  QApplication::setActiveWindow(&page);
-  int blockStage = 0;
-  testing::WhenModalShows<StagePartDialog>([&blockStage](StagePartDialog& dialog) {
-    dialog.cboStage->setCurrentIndex(3);
-    testing::WhenModalShows<TwoPortDialog>([&blockStage](TwoPortDialog& block) {
-      blockStage = block.spnStage->value();
-      block.reject();
-    });
-    dialog.cmdTwoPort->click();
-  });
-  QTest::keyClick(&page, Qt::Key_C, Qt::ControlModifier | Qt::ShiftModifier);
-  EXPECT_EQ(blockStage, 4);
-  EXPECT_EQ(session.ElementType[4], Empty);
 }
 
 }  // namespace
