@@ -51,18 +51,19 @@ TEST_F(PagesInFolder, WelcomePageStartsTheSession) {
   EXPECT_EQ(saved.ElementType[1], SeriesInductor);
 }
 
-// However the image is proportioned, the caption's glyphs are not stretched.
-TEST_F(PagesInFolder, TextKeepsItsProportionsInAWideImage) {
+// A page drawn in a screen's proportions is scaled more across than down, but
+// the caption's glyphs are not stretched.
+TEST_F(PagesInFolder, TextKeepsItsProportionsOnAWideScreen) {
   DisplayList drawing;
   drawing.SetFont(14, false);
   drawing.Text({1000, 1000}, "Chart normalized to 50 ohms");
-  const auto ratio = [&drawing](int width) {
-    EXPECT_EQ(RenderToFile(drawing, kAnalysisPage, width, 900, "t.png"), "");
+  const auto ratio = [&drawing](PageSize screen) {
+    EXPECT_EQ(RenderToFile(drawing, kAnalysisPage, 1600, 900, "t.png", 0, screen), "");
     const QRect box = testing::BoxOf(QImage("t.png"), [](QRgb pixel) { return qGray(pixel) < 128; });
     EXPECT_FALSE(box.isEmpty());
     return static_cast<double>(box.height()) / std::max(box.width(), 1);
   };
-  EXPECT_NEAR(ratio(2400), ratio(1200), 0.05 * ratio(1200));
+  EXPECT_NEAR(ratio({1600, 900}), ratio({}), 0.05 * ratio({}));
 }
 
 // A page shown on a fresh session (as Prepare leaves it), driven with clicks
