@@ -85,26 +85,6 @@ class PageTest : public PagesInFolder {
 };
 using DesignPageTest = PageTest<DesignPage>;
 
-TEST_F(DesignPageTest, BuildsAStageFromTheLibrary) {
-  EXPECT_TRUE(page->cmdSetup->isHidden());
-  Click(page->Editor().StageX[2] + 300, 1000);  // stage 2
-  EXPECT_TRUE(page->lblClickOnALibraryPart->isVisible());
-  Click(4000, 6000);  // the series capacitor
-  EXPECT_FALSE(page->cmdAnalyze->isEnabled());
-  EXPECT_EQ(page->lblValue[0]->text(), "Capacitance (F): ");
-  // Tab goes through the part's boxes before anything else on the page.
-  QApplication::setActiveWindow(page.get());
-  page->txtValue[0]->setFocus();
-  QTest::keyClick(page->txtValue[0], Qt::Key_Tab);
-  EXPECT_EQ(QApplication::focusWidget(), page->txtValue[1]);
-  page->txtValue[0]->setText("47p");
-  page->txtValue[1]->setText("500");
-  page->txtValue[1]->setFocus();
-  QTest::keyClick(page->txtValue[1], Qt::Key_Return);  // Enter presses Accept
-  EXPECT_EQ(std::tuple(session.ElementType[2], session.Value[2][1]), std::tuple(SeriesCapacitor, 47e-12));
-  EXPECT_TRUE(page->cmdAnalyze->isEnabled() && !page->txtValue[0]->isVisible());
-}
-
 // Reopening takes the frequency as the box shows it (a box the program writes
 // is read again even when its text stays the same); Analyze takes its
 // absolute value, and the Analysis page shows it.

@@ -47,7 +47,8 @@ class UndoTest : public testing::PagesInFolder {
 
 // Each finished edit of the Design page is one step named for it, undone to
 // the exact network before it and redone again; what changes nothing, or is
-// left half done, is no step. The first state is the session the program
+// left half done, is no step. A part picked from the library is entered in
+// its boxes, which Tab goes through first. The first state is the session the program
 // started with: Ctrl+Z then has nothing to undo and leaves it as it is.
 TEST_F(UndoTest, DesignPageStepsRestoreExactNetworks) {
   auto& design = Show<DesignPage>();
@@ -68,8 +69,16 @@ TEST_F(UndoTest, DesignPageStepsRestoreExactNetworks) {
          Key(design.txtFrequency, Qt::Key_Return, {});
        }},
       {"Accept stage 5 (series inductor)", [&] {
-         pick(5, 6400, 6000);
-         QTest::keyClicks(design.txtValue[0], "100n\r");
+         Click(design.Editor().StageX[5] + 300, 1000);
+         EXPECT_TRUE(design.lblClickOnALibraryPart->isVisible() && design.cmdSetup->isHidden());
+         Click(6400, 6000);  // the series inductor
+         EXPECT_EQ(design.lblValue[0]->text(), "Inductance (H): ");
+         EXPECT_FALSE(design.cmdAnalyze->isEnabled());
+         Key(design.txtValue[0], Qt::Key_Tab, {});  // the part's boxes come first
+         EXPECT_EQ(QApplication::focusWidget(), design.txtValue[1]);
+         QTest::keyClicks(design.txtValue[0], "100n\r");  // Enter presses Accept
+         EXPECT_DOUBLE_EQ(session.Value[5][1], 100e-9);
+         EXPECT_TRUE(design.cmdAnalyze->isEnabled() && !design.txtValue[0]->isVisible());
        }},
       {"", [&] { pick(3, 5200, 6000); design.cmdDontAccept->click(); }},
       {"", [&] { dialogs.fileNames.push_back("saved.SSF"); design.cmdSave->click(); }},
