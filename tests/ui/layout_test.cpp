@@ -117,9 +117,7 @@ TEST_F(LayoutTest, StatusLineKeepsItsFiguresWholeAtEveryWidth) {
                                             "at 14.2 MHz"};
   for (const Case& c : {Case{1900, 30, figures, 1}, Case{450, 30, figures, 1}, Case{220, 30, figures, 2},
                         Case{1900, 0, {"|Gamma| 0, matched", "VSWR 1", "Return loss > 120 dB"}, 1}}) {
-    session.ElementType = {};
-    session.Value[0][1] = 50;
-    session.Value[0][2] = c.loadX;
+    session = testing::SessionOnLoad(50, c.loadX, 14.2e6);
     DesignPage page(session, dialogs);
     page.show();
     page.resize(c.width, 700);
@@ -180,8 +178,10 @@ TEST_F(LayoutTest, PrintedChartPageLiesInsideThePrintableArea) {
 // and opens larger by as much; on a smaller one it keeps the system's font.
 // A dialog placed by hand grows with its text: every label is whole.
 // Each row of the solutions is as tall as its text wrapped at the width the
-// dialog opens with.
-TEST_F(LayoutTest, MatchDialogTakesThePageFontOnLargeScreens) {
+// dialog opens with. The Match dialog names what it works on and asks before
+// the Design page's limits change a solution's value, naming the part and
+// what it would get.
+TEST_F(LayoutTest, MatchDialogReadsAsThePageAndAsksBeforeLimitsChangeAValue) {
   const int system = QFontInfo(QFont()).pixelSize();
   for (const QSize screen : {QSize(1366, 768), QSize(2560, 1440)}) {
     SCOPED_TRACE(screen.width());
@@ -210,14 +210,9 @@ TEST_F(LayoutTest, MatchDialogTakesThePageFontOnLargeScreens) {
       EXPECT_TRUE(sweep.rect().contains(label->geometry())) << label->text().toStdString();
     }
   }
-}
 
-// The Match dialog names what it works on and asks before the Design page's
-// limits change a solution's value, naming the part and what it would get.
-TEST_F(LayoutTest, MatchDialogNamesItsLoadAndAsksBeforeLimitsChangeAValue) {
-  session.ElementType = {};
-  session.Value[0][1] = 50;
-  session.Value[0][2] = 20000;  // cancelled by a series capacitor below the page's 1 pF
+  session = testing::SessionOnLoad(50, 20000, 14.2e6);  // cancelled by a series capacitor below the page's 1 pF
+  testing::SweepOver(session, 13e6, 15e6, 11);
   MatchDialog dialog(session, dialogs);
   const QString heading = dialog.lblWorksOn->text();
   for (const char* part : {"Load 50 +j20000 ohms at 14.2 MHz", "system impedance 50 ohms", "13 MHz to 15 MHz"}) {
