@@ -36,7 +36,6 @@ TEST_F(PagesInFolder, WelcomePageStartsTheSession) {
   WriteFile("Defaults.TXT", "1.1\r\n900\r\n150\r\n");
   WelcomePage welcome(session, dialogs);
   EXPECT_EQ(welcome.windowTitle(), "Kalvex 2.12 - Welcome !");
-  EXPECT_EQ(welcome.cmdStart->toolTip(), "Start the program");
   EXPECT_FLOAT_EQ(session.CoilArcRadius, 60.0f * welcome.width() / welcome.height());
   EXPECT_EQ(std::tuple(session.ElementType[1], session.ChartAspect, session.DefaultInductorQ),
             std::tuple(SeriesInductor, 1.1f, 150));
@@ -135,8 +134,7 @@ TEST_F(DesignPageTest, ClosingTheOptionsPageReturnsToTheDesignPage) {
 class AnalysisPageTest : public PageTest<AnalysisPage> {
  protected:
   void Prepare() override {
-    session.LoadSource = 1;
-    session.Frequency = 14e6;
+    session = testing::SessionOnLoad(50, 0, 14e6);
     session.ElementType[1] = SeriesCapacitor;
     session.Value[1] = {0, 100e-12, 1000};
     session.ChartAspect = 0.75f;

@@ -19,8 +19,7 @@ class YieldViewTest : public testing::PagesInFolder {
  protected:
   void SetUp() override {
     PagesInFolder::SetUp();
-    session = testing::FiveStageNetwork();
-    testing::SweepOver(session, 13.5e6, 15e6, 41);
+    session = testing::FiveStageNetworkSwept(41);
     BandWindow::YieldSettings() = {};
     window = BandWindow::Show(session, dialogs);
     QApplication::setActiveWindow(window);
