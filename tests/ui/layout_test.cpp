@@ -166,9 +166,8 @@ TEST_F(LayoutTest, PrintedChartPageLiesInsideThePrintableArea) {
 
     const int width = 900;
     const int height = static_cast<int>(width * printable.height() / printable.width());
-    const std::string file = PathOf("page.png");
-    ASSERT_EQ(RenderToFile(page, paper, width, height, file, 0, {printable.width(), printable.height()}), "");
-    const QImage image(QString::fromStdString(file));
+    ASSERT_EQ(RenderToFile(page, paper, width, height, "page.png", 0, {printable.width(), printable.height()}), "");
+    const QImage image("page.png");
     const QRect ink = testing::BoxOf(image, [](QRgb pixel) { return qGray(pixel) < 160; });
     EXPECT_TRUE(image.rect().adjusted(2, 2, -2, -2).contains(ink)) << size << ": ink right edge " << ink.right();
   }

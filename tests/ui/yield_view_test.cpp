@@ -57,8 +57,7 @@ TEST_F(YieldViewTest, ShowsTheCoresFiguresForItsSeed) {
     BandWindow::RefreshOpen();
     window->WaitForYield();
     const YieldRequest& request = window->YieldComputedWith();
-    ASSERT_EQ(request.samples, 2000);
-    ASSERT_EQ(request.seed, 7u);
+    ASSERT_EQ(std::tuple(request.samples, request.seed), std::tuple(2000, 7u));
     const YieldResult core = ComputeYield(session, request);
     const YieldResult& shown = window->Yield();
     EXPECT_EQ(std::tuple(shown.yield, shown.nominalWorst), std::tuple(core.yield, core.nominalWorst)) << inductor;
