@@ -1,7 +1,5 @@
 #include <gtest/gtest.h>
 
-#include <QDialogButtonBox>
-
 #include <QImage>
 #include <functional>
 #include <QMenuBar>
@@ -16,7 +14,6 @@
 #include "ui/design_page.h"
 #include "ui/page_renderer.h"
 #include "ui/match_dialog.h"
-#include "ui/two_port_dialog.h"
 #include "ui/optimise_dialog.h"
 #include "ui/options_page.h"
 #include "ui/welcome_page.h"
@@ -270,36 +267,6 @@ TEST_F(DesignPageTest, MatchDialogSnapsTheChosenNetworkAsOneStep) {
   history.Undo();
   history.Undo();
   EXPECT_EQ(NetworkStateOf(session), started);
-}
-
-// "Two-port from file..." puts a block into the stage it offers (the first
-// empty one) with the placement chosen; a file that cannot be a block is
-// named and the dialog stays open with the network as it was.
-TEST_F(DesignPageTest, TwoPortDialogPutsTheBlockIntoAStage) {
-  session.ElementType[1] = SeriesInductor;
-  session.Value[1][1] = 1e-6;
-  WriteFile("bad.s2p", "# MHz S RI R 50\n1 0 0 1\n");
-  WriteFile("part.s2p", "# MHz S RI R 50\n1 0.1 0 0.9 0 0.9 0 0.1 0\n30 0.1 0 0.9 0 0.9 0 0.1 0\n");
-  TwoPortDialog dialog(session, dialogs);
-  EXPECT_EQ(dialog.spnStage->value(), 2);
-  EXPECT_FALSE(dialog.optPort2Shorted->isEnabled());
-  dialog.optShunt->setChecked(true);
-  dialog.optPort2Shorted->setChecked(true);
-  dialog.chkSwapPorts->setChecked(true);
-  const auto ok = [&dialog] { dialog.findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Ok)->click(); };
-  dialog.txtFile->setText(QString::fromStdString(PathOf("bad.s2p")));
-  ok();
-  ASSERT_EQ(dialogs.messages.size(), 1u);
-  EXPECT_TRUE(dialogs.messages[0].text.find("bad.s2p cannot be a two-port block") != std::string::npos);
-  EXPECT_EQ(session.ElementType[2], Empty);
-  EXPECT_NE(dialog.result(), QDialog::Accepted);
-  dialog.txtFile->setText(QString::fromStdString(PathOf("part.s2p")));
-  ok();
-  EXPECT_EQ(dialog.result(), QDialog::Accepted);
-  EXPECT_EQ(dialog.AppliedStep(), "Two-port in stage 2");
-  EXPECT_EQ(session.ElementType[2], TwoPort);
-  EXPECT_EQ((std::array{session.Value[2][1], session.Value[2][2], session.Value[2][3]}), (std::array{3.0, 1.0, 1.0}));
-  EXPECT_EQ(session.TwoPortBlocks[2].table->Size(), 2u);
 }
 
 // The Optimise dialog searches off the window's thread and applies its result;

@@ -1,6 +1,8 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
+#include <QDialogButtonBox>
+#include <QPushButton>
 #include <QTest>
 #include <functional>
 
@@ -94,8 +96,10 @@ TEST_F(StagePartTest, TheDialogPutsThePartIntoTheStage) {
 // Ctrl+Shift+C puts a cable in as one step that undo and redo take back and
 // give again whole; a click on the cable opens the dialog on it, showing its
 // catalogue cable and length, and a cancel leaves the stage selected.
-// "Two-port from file..." goes on to the block's dialog for the stage chosen.
-TEST_F(StagePartTest, TheDesignPageOpensTheDialogAndRecordsOneStep) {
+// "Two-port from file..." goes on to the block's dialog for the stage chosen,
+// which puts the block in with the placement chosen; a file that cannot be a
+// block is named and the dialog stays open with the network as it was.
+TEST_F(StagePartTest, TheDesignPageOpensTheDialogsAndRecordsOneStepEach) {
   SessionHistory history(session);
   DesignPage page(session, dialogs);
   page.show();
@@ -114,19 +118,34 @@ TEST_F(StagePartTest, TheDesignPageOpensTheDialogAndRecordsOneStep) {
   history.Redo();
   EXPECT_EQ(std::tuple(session.ElementType[2], session.Value[2]), std::tuple(CoaxialCable, kRG58In100Feet));
 
-  int blockStage = 0;
-  testing::WhenModalShows<StagePartDialog>([&blockStage](StagePartDialog& dialog) {
+  WriteFile("bad.s2p", "# MHz S RI R 50\n1 0 0 1\n");
+  WriteFile("part.s2p", "# MHz S RI R 50\n1 0.1 0 0.9 0 0.9 0 0.1 0\n30 0.1 0 0.9 0 0.9 0 0.1 0\n");
+  testing::WhenModalShows<StagePartDialog>([this](StagePartDialog& dialog) {
     dialog.cboStage->setCurrentIndex(3);
-    testing::WhenModalShows<TwoPortDialog>([&blockStage](TwoPortDialog& block) {
-      blockStage = block.spnStage->value();
-      block.reject();
+    testing::WhenModalShows<TwoPortDialog>([this](TwoPortDialog& block) {
+      EXPECT_EQ(block.spnStage->value(), 4);
+      EXPECT_FALSE(block.optPort2Shorted->isEnabled());
+      block.optShunt->setChecked(true);
+      block.optPort2Shorted->setChecked(true);
+      block.chkSwapPorts->setChecked(true);
+      QPushButton* ok = block.findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Ok);
+      block.txtFile->setText("bad.s2p");
+      ok->click();
+      EXPECT_TRUE(block.isVisible() && session.ElementType[4] == Empty);
+      block.txtFile->setText("part.s2p");
+      ok->click();
     });
     dialog.cmdTwoPort->click();
   });
   QApplication::setActiveWindow(&page);
   QTest::keyClick(&page, Qt::Key_C, Qt::ControlModifier | Qt::ShiftModifier);
-  EXPECT_EQ(blockStage, 4);
-  EXPECT_EQ(session.ElementType[4], Empty);
+  ASSERT_EQ(dialogs.messages.size(), 1u);
+  EXPECT_NE(dialogs.messages[0].text.find("bad.s2p cannot be a two-port block"), std::string::npos);
+  EXPECT_EQ(history.Stack().undoText(), "Two-port in stage 4");
+  EXPECT_EQ(std::tuple(session.ElementType[4], session.Value[4][1], session.Value[4][2], session.Value[4][3]),
+            std::tuple(TwoPort, 3.0, 1.0, 1.0));
+  EXPECT_EQ(session.TwoPortBlocks[4].table->Size(), 2u);
+  EXPECT_EQ(TwoPortDialog(session, dialogs).spnStage->value(), 3);  // offered unasked: the first empty stage
 
   testing::WhenModalShows<StagePartDialog>([](StagePartDialog& dialog) {
     EXPECT_EQ(std::tuple(dialog.cboStage->currentIndex(), dialog.cboKind->currentText(),
@@ -138,7 +157,7 @@ TEST_F(StagePartTest, TheDesignPageOpensTheDialogAndRecordsOneStep) {
   });
   testing::ClickPage(page, page.Editor().StageX[2] + 300, 1000);
   EXPECT_EQ(std::tuple(page.Editor().EditStage, page.Editor().LibraryArmed), std::tuple(2, 1));
-  EXPECT_EQ(history.Stack().count(), 1);
+  EXPECT_EQ(history.Stack().count(), 2);
 }
 
 }  // namespace
