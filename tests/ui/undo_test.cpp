@@ -27,14 +27,6 @@ class UndoTest : public testing::PagesInFolder {
     WriteNetworkFile(session, dialogs, "five_stage");
     session.Value[0] = {0, 50, 0};  // the file's load is 36 - j20
   }
-  template <typename P>
-  P& Show() {
-    page = std::make_unique<P>(session, dialogs);
-    page->show();
-    QApplication::setActiveWindow(page.get());
-    return static_cast<P&>(*page);
-  }
-  void Click(double x, double y) { testing::ClickPage(*page, x, y); }
   void Key(QWidget* focus, int key, Qt::KeyboardModifiers modifiers = Qt::ControlModifier) {
     focus->setFocus();
     QTest::keyClick(focus, static_cast<Qt::Key>(key), modifiers);
@@ -42,7 +34,6 @@ class UndoTest : public testing::PagesInFolder {
   QString UndoText() { return history.Stack().undoText(); }
 
   SessionHistory history{session};
-  std::unique_ptr<Page> page;
 };
 
 // Each finished edit of the Design page is one step named for it, undone to
@@ -51,14 +42,17 @@ class UndoTest : public testing::PagesInFolder {
 // its boxes, which Tab goes through first. The first state is the session the program
 // started with: Ctrl+Z then has nothing to undo and leaves it as it is.
 TEST_F(UndoTest, DesignPageStepsRestoreExactNetworks) {
-  auto& design = Show<DesignPage>();
-  auto pick = [this, &design](int stage, double partX, double partY) {
-    Click(design.Editor().StageX[stage] + 300, 1000);
-    Click(partX, partY);
+  DesignPage design(session, dialogs);
+  design.show();
+  QApplication::setActiveWindow(&design);
+  const auto click = [&design](double x, double y) { testing::ClickPage(design, x, y); };
+  const auto pick = [&](int stage, double partX, double partY) {
+    click(design.Editor().StageX[stage] + 300, 1000);
+    click(partX, partY);
   };
   const std::vector<std::pair<QString, std::function<void()>>> actions = {
       {"", [&] {
-         Click(design.Editor().StageX[1] - 600, 1000);  // the load, accepted as it is
+         click(design.Editor().StageX[1] - 600, 1000);  // the load, accepted as it is
          Key(design.txtValue[0], Qt::Key_Return, {});
          Key(design.txtFrequency, Qt::Key_Z);
        }},
@@ -69,9 +63,9 @@ TEST_F(UndoTest, DesignPageStepsRestoreExactNetworks) {
          Key(design.txtFrequency, Qt::Key_Return, {});
        }},
       {"Accept stage 5 (series inductor)", [&] {
-         Click(design.Editor().StageX[5] + 300, 1000);
+         click(design.Editor().StageX[5] + 300, 1000);
          EXPECT_TRUE(design.lblClickOnALibraryPart->isVisible() && design.cmdSetup->isHidden());
-         Click(6400, 6000);  // the series inductor
+         click(6400, 6000);  // the series inductor
          EXPECT_EQ(design.lblValue[0]->text(), "Inductance (H): ");
          EXPECT_FALSE(design.cmdAnalyze->isEnabled());
          Key(design.txtValue[0], Qt::Key_Tab, {});  // the part's boxes come first
@@ -135,13 +129,15 @@ TEST_F(UndoTest, DesignPageStepsRestoreExactNetworks) {
 // stay, the page is not opened again and the defaults file is not written.
 TEST_F(UndoTest, AnalysisViewStaysAcrossUndoAndAppliedMatches) {
   session.Value[0] = {0, 25, 80};
-  auto& analysis = Show<AnalysisPage>();
+  AnalysisPage analysis(session, dialogs);
+  analysis.show();
+  QApplication::setActiveWindow(&analysis);
   TuningControls& tuning = *analysis.tuning;
   analysis.cmdIn->click();
   analysis.cmdDisplay->click();
   analysis.cmdQon->click();
   session.ChartCentreY = 5400;  // where a drag left the chart
-  Click((session.PartRightEdge[0] + session.PartRightEdge[1]) / 2.0, 800);  // stage 1
+  testing::ClickPage(analysis, (session.PartRightEdge[0] + session.PartRightEdge[1]) / 2.0, 800);  // stage 1
   EXPECT_EQ(tuning.cmdZ1->text() + " " + tuning.txtZ1->text(), "L enter 1.2 uH");
   tuning.optTuneSizeNormal->click();
   for (int k = 0; k < 3; ++k) tuning.topSteps[3]->click();  // ">>": 10 % over the zoom of 1.414
