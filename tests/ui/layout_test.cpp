@@ -164,9 +164,8 @@ TEST_F(LayoutTest, PrintedChartPageLiesInsideThePrintableArea) {
                        (extent.right - extent.left) * scale, (extent.bottom - extent.top) * scale);
     EXPECT_TRUE(QRectF(QPointF(0, 0), printable).contains(drawn)) << size;
 
-    const int width = 900;
-    const int height = static_cast<int>(width * printable.height() / printable.width());
-    ASSERT_EQ(RenderToFile(page, paper, width, height, "page.png", 0, {printable.width(), printable.height()}), "");
+    const int height = static_cast<int>(900 * printable.height() / printable.width());
+    ASSERT_EQ(RenderToFile(page, paper, 900, height, "page.png", 0, {printable.width(), printable.height()}), "");
     const QImage image("page.png");
     const QRect ink = testing::BoxOf(image, [](QRgb pixel) { return qGray(pixel) < 160; });
     EXPECT_TRUE(image.rect().adjusted(2, 2, -2, -2).contains(ink)) << size << ": ink right edge " << ink.right();
