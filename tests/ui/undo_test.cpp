@@ -182,7 +182,9 @@ TEST_F(UndoTest, AnalysisViewStaysAcrossUndoAndAppliedMatches) {
   testing::WhenModalShows<MatchDialog>([](MatchDialog& dialog) {
     dialog.cboKind->setCurrentIndex(1);  // L networks
     dialog.cmdCompute->click();
-    dialog.lstSolutions->selectRow(3);
+    dialog.series->cmdSnap->click();
+    dialog.WaitForSnap();
+    dialog.lstSolutions->selectRow(3);  // another solution: the snap is dropped
     dialog.cmdApply->click();
   });
   Key(tuning.txtZ1, Qt::Key_M);
