@@ -43,10 +43,10 @@ class PagesInFolder : public TempDirTest {
 };
 
 // A click at a point in page units, as a user clicks the page.
-inline void ClickPage(Page& page, double x, double y, Qt::MouseButton button = Qt::LeftButton) {
+inline void ClickPage(Page& page, double x, double y) {
   const QRectF frame = page.Frame();
   const QSizeF size = page.LogicalSize();
-  QTest::mouseClick(&page, button, {}, QPoint(static_cast<int>(frame.x() + x * frame.width() / size.width()),
+  QTest::mouseClick(&page, Qt::LeftButton, {}, QPoint(static_cast<int>(frame.x() + x * frame.width() / size.width()),
                            static_cast<int>(frame.y() + y * frame.height() / size.height())));
 }
 
