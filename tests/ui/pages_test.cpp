@@ -202,22 +202,6 @@ TEST_F(AnalysisPageTest, SweepSetupSwitchesTheSweepOnAndEditsDisableTheTable) {
   EXPECT_EQ(session.SweepShown, 0);
 }
 
-// The chart keeps its proportions whatever the window's: the page is drawn in
-// the screen's proportions with one scale, so the face's width over its height
-// is the aspect corrected for the screen, at every window shape.
-TEST_F(AnalysisPageTest, TheChartKeepsItsShapeAtEveryWindowSize) {
-  const QSizeF screen = QGuiApplication::primaryScreen()->availableGeometry().size();
-  const double expected = session.ChartAspect * (screen.width() / screen.height()) / (12000.0 / 9000);
-  for (const QSize size : {QSize(800, 600), QSize(1500, 600), QSize(500, 900)}) {
-    page->resize(size);
-    QImage image(size, QImage::Format_RGB32);
-    page->render(&image, {}, {}, QWidget::DrawWindowBackground);
-    const auto white = [](QRgb pixel) { return pixel == qRgb(255, 255, 255); };
-    const QRect face = testing::BoxOf(image, white, size.height() / 4);  // the chart's face, below the strip
-    EXPECT_NEAR(double(face.width()) / face.height(), expected, 0.03) << size.width() << "x" << size.height();
-  }
-}
-
 // Apply in the Match dialog puts the chosen network into the stages. Snap puts
 // its parts on the series chosen per kind, and Apply writes the snapped network
 // as one undo step. A snap belongs to its solution: choosing another drops it.
@@ -331,11 +315,23 @@ TEST_F(DesignPageTest, MenusAndKeysReachTheCommandsAndTheStatusLineReadsTheMatch
   EXPECT_NE(dialogs.messages.back().text.find("Write LTspice"), std::string::npos);
 }
 
-// The chart's background is painted once and shown again until the view
-// changes (zoom, drag, aspect, grid type, size), not by tuning; shown from
-// the cache it gives the same pixels as painted afresh. Ctrl+E exports the
-// chart as shown.
-TEST_F(AnalysisPageTest, TheChartsBackgroundIsPaintedOnlyWhenItChanges) {
+// The chart keeps its proportions whatever the window's: the page is drawn in
+// the screen's proportions with one scale, so the face's width over its height
+// is the aspect corrected for the screen, at every window shape. Its background
+// is painted once and shown again until the view changes (zoom, drag, aspect,
+// grid type, size), not by tuning; shown from the cache it gives the same
+// pixels as painted afresh. Ctrl+E exports the chart as shown.
+TEST_F(AnalysisPageTest, TheChartKeepsItsShapeAndPaintsItsBackgroundOnlyWhenItChanges) {
+  const QSizeF screen = QGuiApplication::primaryScreen()->availableGeometry().size();
+  const double expected = session.ChartAspect * (screen.width() / screen.height()) / (12000.0 / 9000);
+  for (const QSize size : {QSize(800, 600), QSize(1500, 600), QSize(500, 900)}) {
+    page->resize(size);
+    QImage image(size, QImage::Format_RGB32);
+    page->render(&image, {}, {}, QWidget::DrawWindowBackground);
+    const auto white = [](QRgb pixel) { return pixel == qRgb(255, 255, 255); };
+    const QRect face = testing::BoxOf(image, white, size.height() / 4);  // the chart's face, below the strip
+    EXPECT_NEAR(double(face.width()) / face.height(), expected, 0.03) << size.width() << "x" << size.height();
+  }
   page->resize(900, 700);
   QApplication::setActiveWindow(page.get());
   const auto paint = [this] { return page->grab().toImage(); };
