@@ -79,28 +79,13 @@ class PageTest : public PagesInFolder {
 };
 using DesignPageTest = PageTest<DesignPage>;
 
-// Reopening takes the frequency as the box shows it (a box the program writes
-// is read again even when its text stays the same); Analyze takes its
-// absolute value, and the Analysis page shows it.
-TEST_F(DesignPageTest, ReopenAndAnalyzeTakeTheFrequencyAsShown) {
-  page->txtFrequency->setText("14123456");
-  page->ReopenDesignPage();
-  EXPECT_EQ(std::tuple(page->txtFrequency->text(), session.Frequency), std::tuple(QString(" 14.123 M"), 14'123'000.0));
-  page->txtFrequency->setText("-2M");
-  page->cmdAnalyze->click();
-  const auto shown = QApplication::topLevelWidgets();
-  const auto analysis = std::find_if(shown.begin(), shown.end(),
-                                     [](QWidget* w) { return qobject_cast<AnalysisPage*>(w) != nullptr; });
-  ASSERT_NE(analysis, shown.end());
-  EXPECT_EQ(session.Frequency, 2e6);
-  EXPECT_EQ(qobject_cast<AnalysisPage*>(*analysis)->tuning->txtFreq->text().trimmed(), "2 M");
-  (*analysis)->close();
-}
-
 // F1 lists the options page's keys. Its close box leaves it as "Return"
 // does: the velocity factor's limits enforced and the Design page shown, the
-// program still running.
-TEST_F(DesignPageTest, ClosingTheOptionsPageReturnsToTheDesignPage) {
+// program still running. Reopening the Design page takes the frequency as the
+// box shows it (a box the program writes is read again even when its text
+// stays the same); Analyze takes its absolute value, and the Analysis page
+// shows it.
+TEST_F(DesignPageTest, LeavingAPageTakesItsBoxesAsShown) {
   session.ElementType[1] = SeriesInductor;
   auto* options = new OptionsPage(session, dialogs);
   options->setAttribute(Qt::WA_DeleteOnClose);
@@ -123,6 +108,19 @@ TEST_F(DesignPageTest, ClosingTheOptionsPageReturnsToTheDesignPage) {
     return w != page.get() && w->isVisible() && qobject_cast<DesignPage*>(w) != nullptr;
   }));
   EXPECT_EQ(session.ElementType[1], SeriesInductor);
+
+  page->txtFrequency->setText("14123456");
+  page->ReopenDesignPage();
+  EXPECT_EQ(std::tuple(page->txtFrequency->text(), session.Frequency), std::tuple(QString(" 14.123 M"), 14'123'000.0));
+  page->txtFrequency->setText("-2M");
+  page->cmdAnalyze->click();
+  const auto windows = QApplication::topLevelWidgets();
+  const auto analysis = std::find_if(windows.begin(), windows.end(),
+                                     [](QWidget* w) { return qobject_cast<AnalysisPage*>(w) != nullptr; });
+  ASSERT_NE(analysis, windows.end());
+  EXPECT_EQ(session.Frequency, 2e6);
+  EXPECT_EQ(qobject_cast<AnalysisPage*>(*analysis)->tuning->txtFreq->text().trimmed(), "2 M");
+  (*analysis)->close();
 }
 
 class AnalysisPageTest : public PageTest<AnalysisPage> {
