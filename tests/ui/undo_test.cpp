@@ -39,8 +39,8 @@ class UndoTest : public testing::PagesInFolder {
 // Each finished edit of the Design page is one step named for it, undone to
 // the exact network before it and redone again; what changes nothing, or is
 // left half done, is no step. A part picked from the library is entered in
-// its boxes, which Tab goes through first. The first state is the session the program
-// started with: Ctrl+Z then has nothing to undo and leaves it as it is.
+// its boxes, which Tab goes through first. The first state is the one the
+// program started with: Ctrl+Z then has nothing to undo and changes nothing.
 TEST_F(UndoTest, DesignPageStepsRestoreExactNetworks) {
   DesignPage design(session, dialogs);
   design.show();
