@@ -126,9 +126,7 @@ TEST_F(DesignPageTest, LeavingAPageTakesItsBoxesAsShown) {
 class AnalysisPageTest : public PageTest<AnalysisPage> {
  protected:
   void Prepare() override {
-    session = testing::SessionOnLoad(50, 0, 14e6);
-    session.ElementType[1] = SeriesCapacitor;
-    session.Value[1] = {0, 100e-12, 1000};
+    session = testing::WithStages(testing::SessionOnLoad(50, 0, 14e6), {{SeriesCapacitor, {0, 100e-12, 1000}}});
     session.ChartAspect = 0.75f;
   }
 };
@@ -258,9 +256,7 @@ TEST_F(AnalysisPageTest, OptimiseDialogTunesTheFreeStagesAndSnapsTheLockedOnes) 
   EXPECT_TRUE(tune.lblWorst->text().startsWith("Worst VSWR"));
   EXPECT_NE(session.Value[1][1], 300e-12);
 
-  session.ElementType[2] = ShuntInductor;
-  session.Value[2] = {0, 1e-6, 100};
-  session.Value[1][1] = 123e-12;
+  session = testing::WithStages(session, {{SeriesCapacitor, {0, 123e-12, 1000}}, {ShuntInductor, {0, 1e-6, 100}}});
   OptimiseDialog snap(session);
   snap.chkStage[0]->setChecked(false);
   snap.series->cboCapacitorSeries->setCurrentText("E12");
@@ -285,8 +281,7 @@ TEST_F(DesignPageTest, MenusAndKeysReachTheCommandsAndTheStatusLineReadsTheMatch
   };
   EXPECT_EQ(item("Get net")->text(), "Get net\tCtrl+O");
   EXPECT_FALSE(item("Print")->isEnabled());  // the Analysis page prints
-  session.ElementType[1] = SeriesCapacitor;
-  session.Value[1] = {0, 100e-12, 1000};
+  session = testing::WithStages(session, {{SeriesCapacitor, {0, 100e-12, 1000}}});
   page->txtFrequency->setText("14M");
   EXPECT_EQ(page->StatusLine()->text().toStdString(),
             "Input 50.1137 -j113.682 ohms    |Gamma| 0.7505 at -41.3 deg    VSWR 7.015    Return loss 2.49 dB    at 14 MHz");

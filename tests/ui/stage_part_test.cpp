@@ -9,6 +9,7 @@
 #include "files/cable_catalogue.h"
 #include "files/text_file.h"
 #include "support/pages_in_folder.h"
+#include "support/session_setup.h"
 #include "ui/cable_form.h"
 #include "ui/design_page.h"
 #include "ui/session_history.h"
@@ -31,8 +32,7 @@ class StagePartTest : public testing::PagesInFolder {
   void Restart() {
     InitialiseSession(session);
     session.Cables = ParseCableCatalogue(ReadTextFile(KALVEX_CABLES_FILE).value_or(""));
-    session.ElementType[1] = SeriesCapacitor;
-    session.Value[1] = {0, 100e-12, 1000};
+    session = testing::WithStages(session, {{SeriesCapacitor, {0, 100e-12, 1000}}});
   }
   static CableForm& Cable(StagePartDialog& dialog) { return *static_cast<CableForm*>(dialog.forms->widget(0)); }
   static TransformerForm& Windings(StagePartDialog& dialog) {
