@@ -265,6 +265,8 @@ TEST_F(AnalysisPageTest, OptimiseDialogTunesTheFreeStagesAndSnapsTheLockedOnes) 
   EXPECT_EQ(snap.AppliedStep(), "Snapped to standard values");
   EXPECT_EQ(NeighboursOf(session.Value[1][1], ESeries::E12).below, session.Value[1][1]);
   EXPECT_NE(session.Value[2][1], 1e-6);
+  session.ElementType[3] = TwoPort;  // a block has no value to tune
+  EXPECT_FALSE(OptimiseDialog(session).chkStage[2]->isEnabled());
 }
 
 // The menus and keys reach what the buttons do, the hidden commands included;
