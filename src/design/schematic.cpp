@@ -85,9 +85,7 @@ std::vector<std::string> PartValueLines(int16_t type, const std::array<double, k
     }
     case TwoPort: {
       const BlockSlots block = BlockOf(v);
-      std::vector<std::string> lines{block.placement == BlockPlacement::Series  ? "series"
-                                     : block.placement == BlockPlacement::Shunt ? (block.port2Shorted ? "shunt, 2 shorted" : "shunt, 2 open")
-                                                                                : "cascade"};
+      std::vector<std::string> lines{PlacementText(block)};
       if (block.swapped) lines.push_back("ports swapped");
       return lines;
     }

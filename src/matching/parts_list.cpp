@@ -3,9 +3,11 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdio>
+#include <filesystem>
 
 #include "model/cable_names.h"
 #include "model/feed_parts.h"
+#include "model/two_port_block.h"
 
 namespace kalvex {
 namespace {
@@ -52,6 +54,15 @@ std::string ValueOf(const Session& session, const NetworkPart& part) {
   return {};
 }
 
+// A two-port block is bought or measured as its file says: the file's own
+// name (not the folder it was read from) and how it sits. No series, and no
+// tolerance: the file holds the part as it is.
+std::string BlockText(const Session& session, int stage) {
+  const std::string name = std::filesystem::path(session.TwoPortBlocks[stage].file).filename().string();
+  const BlockSlots block = BlockOf(session.Value[stage]);
+  return CsvField(name + " " + PlacementText(block) + (block.swapped ? ", ports swapped" : ""));
+}
+
 std::string PartOf(const Session& session, const NetworkPart& part) {
   const int16_t type = session.ElementType[part.stage];
   const bool pair = type == ShuntSeriesLC || type == SeriesParallelLC;
@@ -75,11 +86,19 @@ std::string EngineeringValue(double value, const std::string& unit) {
 
 std::string PartsListCsv(const Session& session, const Tolerances& tolerances) {
   std::string csv = "stage,part,value,series,tolerance\n";
-  for (const NetworkPart& part : PartsOf(session)) {
-    const auto series = HasStandardValues(part.kind) ? SmallestSeriesHolding(session.Value[part.stage][part.slot])
-                                                     : std::nullopt;
-    csv += std::to_string(part.stage) + "," + PartOf(session, part) + "," + ValueOf(session, part) + "," +
-           (series ? SeriesName(*series) : "") + "," + Figures(tolerances.Of(part.kind)) + " %\n";
+  const std::vector<NetworkPart> parts = PartsOf(session);
+  for (int stage = 1; stage <= kLastStage; ++stage) {
+    if (session.ElementType[stage] == TwoPort) {
+      csv += std::to_string(stage) + ",two-port block," + BlockText(session, stage) + ",,\n";
+      continue;
+    }
+    for (const NetworkPart& part : parts) {
+      if (part.stage != stage) continue;
+      const auto series = HasStandardValues(part.kind) ? SmallestSeriesHolding(session.Value[stage][part.slot])
+                                                       : std::nullopt;
+      csv += std::to_string(stage) + "," + PartOf(session, part) + "," + ValueOf(session, part) + "," +
+             (series ? SeriesName(*series) : "") + "," + Figures(tolerances.Of(part.kind)) + " %\n";
+    }
   }
   return csv;
 }

@@ -18,7 +18,9 @@ std::string EngineeringValue(double value, const std::string& unit);
 // stub is its length in degrees at its reference frequency, with its
 // impedance; a cable the catalogue's name for its figures and its length
 // ("RG-58 30 m") as the drawings name it from the session's catalogue, or its
-// figures; a transformer its ratio ("49:1") and any winding inductance.
+// figures; a transformer its ratio ("49:1") and any winding inductance; a
+// two-port block its file's name and placement ("balun.s2p cascade"), with
+// neither series nor tolerance.
 std::string PartsListCsv(const Session& session, const Tolerances& tolerances = {});
 
 }  // namespace kalvex

@@ -31,6 +31,15 @@ BlockSlots BlockOf(const std::array<double, 11>& slot) {
   return {placement, slot[2] == 1, slot[3] == 1, slot[kHeldBackSlot]};
 }
 
+std::string PlacementText(const BlockSlots& block) {
+  switch (block.placement) {
+    case BlockPlacement::Series: return "series";
+    case BlockPlacement::Shunt: return block.port2Shorted ? "shunt, 2 shorted" : "shunt, 2 open";
+    case BlockPlacement::Cascade: break;
+  }
+  return "cascade";
+}
+
 std::optional<Abcd> BlockAbcd(const TwoPortTable& table, const BlockSlots& block, double f) {
   std::optional<SMatrix> s = table.At(f);
   if (!s) return std::nullopt;

@@ -42,6 +42,10 @@ struct BlockSlots {
 inline constexpr int kHeldBackSlot = 6;
 BlockSlots BlockOf(const std::array<double, 11>& slot);
 
+// How the block sits, as the schematic and the parts list say it: "cascade",
+// "series", "shunt, 2 open" or "shunt, 2 shorted".
+std::string PlacementText(const BlockSlots& block);
+
 // The chain matrix the block puts into the line at f, or nothing outside the
 // frequencies its file covers.
 std::optional<Abcd> BlockAbcd(const TwoPortTable& table, const BlockSlots& block, double f);

@@ -18,18 +18,21 @@ TEST(PartsList, ValuesAsEngineersWriteThem) {
 TEST(PartsList, EveryPartWithItsSeriesAndTolerance) {
   Session session;
   InitialiseSession(session);
-  session.ElementType = {0, ShuntSeriesLC, SeriesLine, SeriesResistor, ShuntCapacitor};
+  session.ElementType = {0, ShuntSeriesLC, SeriesLine, SeriesResistor, ShuntCapacitor, TwoPort};
   session.Value[1] = {0, 2.2e-6, 100, 37.34e-12, 1000};
   session.Value[2] = {0, 30, 14.2e6, 75};
   session.Value[3] = {0, 49.9};
   session.Value[4] = {0, 3.0e-9, 1000};
+  session.Value[5] = {0, 3, 1, 1};
+  session.TwoPortBlocks[5].file = "/home/me/parts/balun, 4-1.s2p";
   EXPECT_EQ(PartsListCsv(session, {.capacitor = 2}),
             "stage,part,value,series,tolerance\n"
             "1,shunt series LC L,2.2 uH,E3,5 %\n"
             "1,shunt series LC C,37.34 pF,,2 %\n"
             "2,line section,30 deg at 14.2 MHz 75 ohm,,2 %\n"
             "3,series resistor,49.9 ohm,E96,1 %\n"
-            "4,shunt capacitor,3 nF,E24,2 %\n");
+            "4,shunt capacitor,3 nF,E24,2 %\n"
+            "5,two-port block,\"balun, 4-1.s2p shunt, 2 shorted, ports swapped\",,\n");
 }
 
 // A cable goes by its catalogue name where its figures are a catalogue
