@@ -75,10 +75,10 @@ int RunOptimizeCommand(const Command& command, const std::vector<std::string>& w
   if (!ReadCommandNetwork(file, session, dialogs)) return kExitFailed;
   for (const int stage : request.freeStages) {
     const int16_t type = session.ElementType[stage];
-    const std::string free = "--free " + std::to_string(stage) + ": stage " + std::to_string(stage);
-    if (type == Empty || type == InsertPlaceholder) return line.Refuse(free + " holds no part to tune", err);
+    const std::string named = "--free " + std::to_string(stage) + ": stage " + std::to_string(stage);
+    if (type == Empty || type == InsertPlaceholder) return line.Refuse(named + " holds no part to tune", err);
     // A block's file is what it is: measured or written data, nothing to turn.
-    if (type == TwoPort) return line.Refuse(free + " is a two-port block, which has no value to tune", err);
+    if (type == TwoPort) return line.Refuse(named + " is a two-port block, which has no value to tune", err);
   }
   if (const auto stop = ApplySweepOptions(session, dialogs, sweep, line, err, true)) return *stop;
   const OptimiseResult result = Optimise(session, request);
